@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QString>
+
+namespace lokera {
+
+/// What else the program asks of the computer it runs on.
+class Desktop {
+ public:
+  virtual ~Desktop() = default;
+  /// Opens the page in the default browser. A failure is silent.
+  virtual void apri_pagina(const QString& indirizzo) = 0;
+  virtual void svuota_appunti() = 0;  ///< clears the system clipboard
+};
+
+/// The end of the program.
+class Program {
+ public:
+  virtual ~Program() = default;
+  /// Ends the program at once. In a test it returns, so the caller must return too, and nothing of the program
+  /// may run after that.
+  virtual void fine() = 0;
+};
+
+}  // namespace lokera

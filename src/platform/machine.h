@@ -1,0 +1,24 @@
+#pragma once
+
+#include "platform/clock.h"
+#include "platform/desktop.h"
+#include "platform/dialogs.h"
+#include "platform/event_loop.h"
+#include "platform/timer.h"
+#include "platform/winsock.h"
+
+namespace lokera {
+
+/// The parts of a machine, side by side, for the one place that hands them out. Everything else takes in its
+/// constructor only those that it uses.
+struct Machine {
+  Clock& orologio;
+  EventLoop& ciclo;
+  TimerFactory& timer;
+  WinsockFactory& socket;
+  MessageBox& messaggi;
+  Desktop& desktop;
+  Program& programma;
+};
+
+}  // namespace lokera

@@ -1,0 +1,23 @@
+#include "platform/polled_wait.h"
+
+namespace lokera {
+
+bool PolledWait::attendi(int secondi, const std::function<bool()>& pronto) {
+  const auto frazione = std::chrono::milliseconds(orologio_.adesso().time().msec());
+  const Monotonic scadenza = orologio_.monotono() + std::chrono::seconds(secondi + 1) - frazione;
+  while (!pronto()) {
+    if (orologio_.monotono() >= scadenza) return false;
+    ciclo_.esegui_eventi(scadenza);
+  }
+  return true;
+}
+
+void PolledWait::attendi_oltre(int secondi) {
+  attendi(secondi, [] { return false; });
+}
+
+void PolledWait::cedi() {
+  ciclo_.esegui_eventi(orologio_.monotono());
+}
+
+}  // namespace lokera
