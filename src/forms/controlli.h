@@ -73,14 +73,18 @@ Proprieta<T>& Proprieta<T>::operator=(const T& valore) {
 class Label : public Controllo {
  public:
   using Controllo::Controllo;
-  Label(Finestra& f, QString nome, const QString& caption) : Controllo(f, std::move(nome)) { Caption = caption; }
+  Label(Finestra& f, QString nome, const QString& caption) : Controllo(f, std::move(nome)) {
+    Caption = caption;
+  }
   Proprieta<QString> Caption{*this, {}};
   Proprieta<Colore> ForeColor{*this, nero};
 };
 
 class CommandButton : public Controllo {
  public:
-  CommandButton(Finestra& f, QString nome, const QString& caption) : Controllo(f, std::move(nome)) { Caption = caption; }
+  CommandButton(Finestra& f, QString nome, const QString& caption) : Controllo(f, std::move(nome)) {
+    Caption = caption;
+  }
   Proprieta<QString> Caption{*this, {}};
   std::function<void()> Click;
 };
@@ -141,7 +145,8 @@ class Shape : public Controllo {
   Proprieta<Colore> FillColor{*this, grigio};
 };
 
-/// A panel that holds other controls. `Top` is set from the drawing before Form_Load and moves the panel after.
+/// A panel that holds other controls. `Top` is set from the drawing before Form_Load and moves the panel
+/// after.
 class SSPanel : public Controllo {
  public:
   using Controllo::Controllo;

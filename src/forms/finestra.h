@@ -31,8 +31,8 @@ class VistaFinestra {
   virtual void fuoco(Controllo& controllo) = 0;  ///< the rules move the focus there
 };
 
-/// A window as state: its title and its controls under their own names. It is loaded while it lives. The class of
-/// a window's rules derives from it and has the controls as members.
+/// A window as state: its title and its controls under their own names. It is loaded while it lives. The
+/// class of a window's rules derives from it and has the controls as members.
 class Finestra {
  public:
   Finestra(ElencoFinestre& elenco, QString nome);
@@ -46,8 +46,10 @@ class Finestra {
   bool Enabled() const { return abilitata_; }
   void Enabled(bool abilitata);
 
-  const std::vector<Controllo*>& Controls() const { return controlli_; }  ///< in the order of their declaration
-  Controllo* controllo(QStringView nome) const;                           ///< null when there is none
+  const std::vector<Controllo*>& Controls() const {
+    return controlli_;
+  }                                              ///< in the order of their declaration
+  Controllo* controllo(QStringView nome) const;  ///< null when there is none
   void SetFocus(Controllo& controllo);
   Controllo* ActiveControl() const { return attivo_; }  ///< null before any had the focus
 
@@ -63,9 +65,9 @@ class Finestra {
     Finestra& f_;
   };
 
-  /// The user asks to close the window (close box). It asks `Form_Unload` first; while a wait of the window's own
-  /// runs it only notes the wish, and closes after it. `Chiusa` is called when the window may be destroyed, from
-  /// the event that closed it; the owner destroys it later, from the event loop.
+  /// The user asks to close the window (close box). It asks `Form_Unload` first; while a wait of the window's
+  /// own runs it only notes the wish, and closes after it. `Chiusa` is called when the window may be
+  /// destroyed, from the event that closed it; the owner destroys it later, from the event loop.
   void chiudi();
   bool chiusa() const { return chiusa_; }
   std::function<void()> Chiusa;

@@ -2,6 +2,9 @@
 
 #include <QString>
 
+#include <functional>
+#include <vector>
+
 #include "forms/ss_ole_db_grid.h"
 #include "forms/traduttore.h"
 #include "platform/dialogs.h"
@@ -26,33 +29,59 @@ class griglia {
   static constexpr Colore colore_di_serie = 0xE6E6E6;
   void defaults(Colore colore1 = colore_di_serie, Colore colore2 = colore_di_serie);
 
-  /// Builds the columns. Never fails: without rows in the layout table the model query decides, and when that fails
-  /// too the columns stay as they are. `larghezza_griglia` in the grid's units, for the fitting.
-  void layout(Connection& conn_layout, const QString& nome_form, const QString& nome_griglia, Connection& conn_dati,
-              const QString& sql_modello, int larghezza_griglia = 0);
+  /// Builds the columns. Never fails: without rows in the layout table the model query decides, and when that
+  /// fails too the columns stay as they are. `larghezza_griglia` in the grid's units, for the fitting.
+  void layout(Connection& conn_layout, const QString& nome_form, const QString& nome_griglia,
+              Connection& conn_dati, const QString& sql_modello, int larghezza_griglia = 0);
 
-  /// Fills the list. Runs the event loop now and then, so that input is taken during a long filling; a popola of
-  /// the same list that starts in one of those moments takes its place. On an error the description is shown and
-  /// the list is empty. Returns whether the list holds the whole result.
+  /// Fills the list. Runs the event loop now and then, so that input is taken during a long filling; a popola
+  /// of the same list that starts in one of those moments takes its place. On an error the description is
+  /// shown and the list is empty. Returns whether the list holds the whole result.
   bool popola(Connection& conn, const QString& sql, const QVariantList& valori = {});
 
   /// Copies the row into the current row of `rs`. Skips what fails.
   void salva_record(Recordset& rs, int riga);
 
-  /// Writes every row of the list as a new row of `rs`. `valori`: field names and values in turn, each ended by a
-  /// tab. On a failure shows the message, closes `rs` and stops; `errore_salvataggio` says so. The caller has begun
-  /// the transaction and ends it.
+  /// Writes every row of the list as a new row of `rs`. `valori`: field names and values in turn, each ended
+  /// by a tab. On a failure shows the message, closes `rs` and stops; `errore_salvataggio` says so. The
+  /// caller has begun the transaction and ends it. The message lets the loop run, so inside a transaction use
+  /// `scrivi_tutto`, end the transaction, then `mostra_errore`; `sostituisci_tabelle` does all of it.
   void salva_tutto(Recordset& rs, const QString& valori = {});
   bool errore_salvataggio() const { return errore_salvataggio_; }
+
+  /// Called for each row after its cells were copied and before it is stored.
+  using Completa = std::function<void(Recordset& rs, int riga)>;
+  /// salva_tutto without the message. Returns whether all rows were written; on a failure the current row is
+  /// the one that was refused.
+  bool scrivi_tutto(Recordset& rs, const QString& valori = {}, const Completa& completa = {});
+  void mostra_errore();
 
   Colore colore1 = colore_di_serie;
   Colore colore2 = colore_di_serie;
 
  private:
+  bool colonne_da_tabella(Connection& conn, const QString& nome_form, const QString& nome_griglia);
+  void colonne_da_modello(Connection& conn, const QString& sql, int larghezza_griglia);
+  void salva_cella(Recordset& rs, int riga, int colonna, const Campo& campo);
+  bool salva_riga(Recordset& rs, int riga, const QStringList& valori, const Completa& completa);
+  bool popolamento_fallito(const Errore& errore);
+
   SSOleDBGrid& grd_;
   ServiziGriglia& servizi_;
   bool errore_salvataggio_ = false;
-  quint64 riempimento_ = 0;  ///< number of the latest popola
+  Errore errore_;  ///< of the last saving
 };
+
+/// One table that takes the rows of a list in place of its own.
+struct TabellaDaLista {
+  griglia& lista;
+  QString cancella;  ///< statement that empties the table
+  QString apri;      ///< query whose rows are the table
+  griglia::Completa completa;
+};
+
+/// Replaces the tables by the lists in one transaction, all or nothing. On a failure everything is as it was
+/// and, with the transaction ended, the message is shown; returns false.
+bool sostituisci_tabelle(Connection& conn, MessageBox& messaggi, const std::vector<TabellaDaLista>& tabelle);
 
 }  // namespace lokera

@@ -6,7 +6,16 @@
 
 namespace lokera {
 
-enum class ClasseControllo { altro, mask_ed_box, ss_ole_db_combo, combo_box, label, h_scroll_bar, command_button, text_box };
+enum class ClasseControllo {
+  altro,
+  mask_ed_box,
+  ss_ole_db_combo,
+  combo_box,
+  label,
+  h_scroll_bar,
+  command_button,
+  text_box
+};
 
 /// A control's place before and after the stretching. Any unit, the same for all.
 struct Geometria {
@@ -21,10 +30,12 @@ struct GeometriaFinestra {
   double left = 0, top = 0, width = 0, height = 0;
 };
 
-/// Centres the window on the screen and, when the screen is at least one per cent taller than the window, stretches
-/// its controls by the ratio of screen to window. Returns whether the controls were stretched; the window itself then
-/// takes the whole screen.
-bool ridimensiona_form(GeometriaFinestra& finestra, std::vector<Geometria>& controlli, double larghezza_schermo,
-                       double altezza_schermo);
+/// Centres the window on the screen and, when the screen is at least one per cent taller than the window,
+/// stretches its controls by the ratio of screen to window. Returns whether the controls were stretched; the
+/// window itself then takes the whole screen. Controls at a negative `left` are parked off the window: they
+/// keep their distance from
+/// -`parcheggio`, which is 75000 twips, or 5000 where the unit is a pixel.
+bool ridimensiona_form(GeometriaFinestra& finestra, std::vector<Geometria>& controlli,
+                       double larghezza_schermo, double altezza_schermo, double parcheggio = 75000);
 
 }  // namespace lokera

@@ -3,13 +3,15 @@
 #include <QByteArray>
 #include <QString>
 
+#include <deque>
 #include <memory>
 #include <vector>
 
 namespace lokera {
 
-/// Rows of text in little room: each row is its cells in UTF-8, separated by tabs, in blocks that are never moved.
-/// A tab inside a value is kept as a blank.
+/// Rows of text in little room: each row is its cells in UTF-8, separated by tabs, in blocks that are never
+/// moved. A tab inside a value is kept as a blank. What `riga` and `cella` return holds until the next
+/// change.
 class Righe {
  public:
   int conta() const { return static_cast<int>(righe_.size()); }
@@ -25,17 +27,16 @@ class Righe {
   qsizetype byte_occupati() const;
 
  private:
-  struct Posto {
-    const char* testo;
-    quint32 lunghezza;
-  };
-  QByteArrayView deposita(QByteArrayView testo);
+  char* deposita(QByteArrayView testo);
+  char* nuovo_posto(quint32 lunghezza);
+  void ricompatta();
 
-  std::vector<Posto> righe_;
+  std::deque<char*> righe_;  ///< each at the length of its text, which follows
   std::vector<std::unique_ptr<char[]>> blocchi_;
-  qsizetype byte_blocchi_ = 0;
   char* libero_ = nullptr;
   qsizetype resto_ = 0;
+  qsizetype byte_blocchi_ = 0;
+  qsizetype byte_persi_ = 0;  ///< in the blocks, of rows that were removed or replaced
 };
 
 }  // namespace lokera

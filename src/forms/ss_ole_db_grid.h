@@ -3,6 +3,7 @@
 #include <QStringList>
 
 #include <functional>
+#include <optional>
 #include <vector>
 
 #include "forms/controlli.h"
@@ -15,6 +16,10 @@ enum class StileCella { testo, spunta };
 
 class SSOleDBDropDown;
 
+/// What a check box column holds in a row that is checked and in one that is not.
+inline const QString testo_spuntato = QStringLiteral("-1");
+inline const QString testo_non_spuntato = QStringLiteral("0");
+
 /// One column of a list. Widths are the grid's own units (1/15 of a pixel).
 struct Colonna {
   QString Caption;
@@ -23,8 +28,8 @@ struct Colonna {
   bool Visible = true;
   Allineamento allineamento = Allineamento::sinistra;
   StileCella stile = StileCella::testo;
-  QString formato;     ///< number format; empty for none
-  int caratteri = 0;   ///< largest number of characters; 0 for no limit
+  QString formato;    ///< number format; empty for none
+  int caratteri = 0;  ///< largest number of characters; 0 for no limit
   bool bloccata = false;
   SSOleDBDropDown* elenco = nullptr;  ///< takes its values from this list; not owned
 };
@@ -34,11 +39,20 @@ class VistaGriglia {
  public:
   virtual ~VistaGriglia() = default;
   virtual void colonne_cambiate() = 0;
-  virtual void righe_cambiate() = 0;                      ///< any number of rows, all of them perhaps
+  virtual void righe_cambiate() = 0;  ///< any number of rows, all of them perhaps
   virtual void riga_cambiata(int riga) = 0;
-  virtual void righe_aggiunte(int prima, int quante) = 0;  ///< at the end, during a filling
+  /// At the end, during a filling. A long filling calls it every 100 rows, so it should cost little.
+  virtual void righe_aggiunte(int prima, int quante) = 0;
   virtual void riga_corrente(int riga) = 0;
-  virtual void modifica_da_confermare() = 0;  ///< the cell in edit, if any, must be handed over now
+  virtual void
+  modifica_da_confermare() = 0;  ///< the cell in edit, if any, must be handed over now (utente_modifica)
+};
+
+/// A place in a list, counted from 0.
+struct Cella {
+  int riga = 0;
+  int colonna = 0;
+  bool operator==(const Cella&) const = default;
 };
 
 /// A list: columns, rows of text, a current row. Rows and columns are counted from 0; no current row is -1.
@@ -74,8 +88,39 @@ class SSOleDBGrid : public Controllo {
   int Col() const { return col_; }
   void Col(int col);
 
-  void Update();  ///< commits the pending edit of the view
+  bool spuntata(int riga, int colonna) const;  ///< of a check box column
+  void Update();              ///< commits the pending edit of the view and the row that was edited
   void ReDraw(int righe_da);  ///< tells the view of the rows added since row `righe_da`
+
+  /// What the user does; the view calls these. The handlers below run inside the call and may change the
+  /// rows, so nothing read before it holds after it.
+  bool modificabile(int riga, int colonna) const;  ///< whether a cell can be edited in place
+  /// A cell was edited. A text longer than the column takes is cut. False when the cell can't be edited.
+  bool utente_modifica(int riga, int colonna, const QString& testo);
+  bool utente_inverte_spunta(int riga, int colonna);
+  /// An entry of the column's list was chosen for the current row's cell.
+  bool utente_sceglie_voce(int riga, int colonna, int voce);
+  void utente_sceglie(int riga, int colonna);  ///< moves the current cell: out of a row only after its Update
+  void utente_clicca(int riga, int colonna);   ///< the same by the mouse, followed by Click
+  /// An empty row at the end becomes the current one. It goes away again when it is left without an edit.
+  /// Returns its number; -1 when no row can be added.
+  int utente_aggiunge_riga();
+  bool utente_elimina(int riga);  ///< asks BeforeDelete; whether the row is gone
+  /// Return or Tab, Shift+Tab: to the next or previous cell that can be reached; past the last cell of the
+  /// last row to a new row. False when there is nowhere to go, so that a Tab may leave the list.
+  bool utente_avanti();
+  bool utente_indietro();
+  void utente_seleziona(std::vector<int> righe);
+
+  /// The cell after or before a given one; hidden columns are passed over and, where the list is edited in
+  /// place, locked ones too. None past the ends.
+  std::optional<Cella> cella_dopo(Cella da) const;
+  std::optional<Cella> cella_prima(Cella da) const;
+
+  const std::vector<int>& selezionate() const {
+    return selezionate_;
+  }                                                     ///< rows marked by the user, ascending
+  quint64 svuotamenti() const { return svuotamenti_; }  ///< how often the rows were all removed
 
   /// While false the view isn't told of added rows (see ReDraw).
   void Redraw(bool acceso) { ridisegna_ = acceso; }
@@ -86,15 +131,26 @@ class SSOleDBGrid : public Controllo {
   std::function<void()> Click;
   std::function<void()> RowColChange;
   std::function<void(int riga, int colonna)> Change;  ///< the user changed a cell
-  std::function<void(int riga)> AfterUpdate;          ///< the user leaves a row that was edited
+  std::function<void(int riga)> AfterUpdate;          ///< a row that the user edited was left or committed
   std::function<bool(int riga)> BeforeDelete;         ///< false keeps the row
   std::function<void(int riga)> AfterDelete;
 
  private:
+  bool valida(int riga, int colonna) const;
+  bool raggiungibile(int colonna) const;
+  void togli(int riga);
+  void riga_aggiunta();
+  void scarta_riga_nuova();
+  bool vai(std::optional<Cella> dove);
+
   std::vector<Colonna> colonne_;
   Righe righe_;
+  std::vector<int> selezionate_;
   int riga_ = -1;
   int col_ = 0;
+  int modificata_ = -1;  ///< row with edits that AfterUpdate hasn't been told of
+  int nuova_ = -1;       ///< row added by the user and not edited yet
+  quint64 svuotamenti_ = 0;
   bool ridisegna_ = true;
   VistaGriglia* vista_ = nullptr;
 };

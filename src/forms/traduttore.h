@@ -19,11 +19,12 @@ class Traduttore {
   Traduttore(const Traduttore&) = delete;
   Traduttore& operator=(const Traduttore&) = delete;
 
-  /// The text in the language of the interface, its surrounding blanks kept. A text that the table lacks is added
-  /// to it with a blank translation and stays Italian, as it does when the table can't be read.
+  /// The text in the language of the interface, its surrounding blanks kept. A text that the table lacks is
+  /// added to it with a blank translation and stays Italian, as it does when the table can't be read.
   QString traduci(const QString& testo);
 
-  /// Captions of command buttons, labels, menu entries, of lists and their columns. Other controls keep their text.
+  /// Captions of command buttons, labels, menu entries, of lists and their columns. Other controls keep their
+  /// text.
   void traduci_form(Finestra& finestra);
 
  private:

@@ -10,12 +10,12 @@
 
 namespace lokera {
 
-/// Cleans the row that is being saved: no Null and no empty text in a text column (one blank instead), no Null in a
-/// numeric column (0 instead).
+/// Cleans the row that is being saved: no Null and no empty text in a text column (one blank instead), no
+/// Null in a numeric column (0 instead).
 void pulisci_valori(Recordset& rs);
 
-/// Binds the controls of one window to the columns of one record, by their `Tag`: a column's name, then perhaps a
-/// group word in parentheses; for an option button the column, "=" and a value.
+/// Binds the controls of one window to the columns of one record, by their `Tag`: a column's name, then
+/// perhaps a group word in parentheses; for an option button the column, "=" and a value.
 class ZanForm {
  public:
   ZanForm(Database& db, MessageBox& messaggi, const Clock& orologio);
