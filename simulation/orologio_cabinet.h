@@ -1,0 +1,30 @@
+#pragma once
+
+#include "platform/clock.h"
+
+namespace lokera::simulazione {
+
+/// The cabinet's own clock: plain date and time of day, without zones or summer time. It starts with the
+/// computer's time and then runs by itself, so a change of the computer's clock does not move it; only a
+/// setting does.
+class OrologioCabinet {
+ public:
+  explicit OrologioCabinet(const Clock& clock) : clock_(clock) { regola(clock.adesso()); }
+
+  void regola(const QDateTime& momento) {
+    base_ = QDateTime(momento.date(), momento.time(), Qt::UTC);
+    da_ = clock_.monotono();
+  }
+
+  QDateTime adesso() const {
+    const auto passati = std::chrono::duration_cast<std::chrono::milliseconds>(clock_.monotono() - da_);
+    return base_.addMSecs(passati.count());
+  }
+
+ private:
+  const Clock& clock_;
+  QDateTime base_;
+  Monotonic da_{};
+};
+
+}  // namespace lokera::simulazione
