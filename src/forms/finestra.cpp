@@ -8,7 +8,9 @@
 namespace lokera {
 
 namespace {
-bool stesso_nome(QStringView a, QStringView b) { return a.compare(b, Qt::CaseInsensitive) == 0; }
+bool stesso_nome(QStringView a, QStringView b) {
+  return a.compare(b, Qt::CaseInsensitive) == 0;
+}
 }  // namespace
 
 Finestra* ElencoFinestre::trova(QStringView nome) const {
@@ -20,7 +22,9 @@ Finestra::Finestra(ElencoFinestre& elenco, QString nome) : elenco_(elenco), nome
   elenco_.finestre_.push_back(this);
 }
 
-Finestra::~Finestra() { std::erase(elenco_.finestre_, this); }
+Finestra::~Finestra() {
+  std::erase(elenco_.finestre_, this);
+}
 
 Finestra::Attesa::~Attesa() {
   if (--f_.attese_ == 0 && f_.chiusura_chiesta_) f_.chiudi();
@@ -37,7 +41,8 @@ void Finestra::Enabled(bool abilitata) {
 }
 
 Controllo* Finestra::controllo(QStringView nome) const {
-  const auto it = std::ranges::find_if(controlli_, [&](Controllo* c) { return stesso_nome(c->nome(), nome); });
+  const auto it =
+      std::ranges::find_if(controlli_, [&](Controllo* c) { return stesso_nome(c->nome(), nome); });
   return it == controlli_.end() ? nullptr : *it;
 }
 

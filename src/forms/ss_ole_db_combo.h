@@ -24,8 +24,9 @@ class SSOleDBCombo : public Controllo {
   void AddItem(const QStringList& voce);
   const std::vector<QStringList>& voci() const { return voci_; }
 
-  /// The first column of the entry whose text is shown; the text itself when there is no such entry.
-  QString Value() const;
+  const QString& Value() const {
+    return Text();
+  }                           ///< the first column of the entry that was chosen, or what was typed
   int voce_corrente() const;  ///< -1 when the text is none of the entries
 
   void utente_sceglie_voce(int voce);  ///< from the view: the text becomes the entry's first column

@@ -17,8 +17,8 @@ enum class StileCella { testo, spunta };
 class SSOleDBDropDown;
 
 /// What a check box column holds in a row that is checked and in one that is not.
-inline const QString testo_spuntato = QStringLiteral("-1");
-inline const QString testo_non_spuntato = QStringLiteral("0");
+constexpr QStringView testo_spuntato = u"-1";
+constexpr QStringView testo_non_spuntato = u"0";
 
 /// One column of a list. Widths are the grid's own units (1/15 of a pixel).
 struct Colonna {
@@ -141,6 +141,8 @@ class SSOleDBGrid : public Controllo {
   void togli(int riga);
   void riga_aggiunta();
   void scarta_riga_nuova();
+  void sposta(int riga, int col);
+  int lascia_riga(int verso);
   bool vai(std::optional<Cella> dove);
 
   std::vector<Colonna> colonne_;

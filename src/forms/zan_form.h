@@ -3,6 +3,7 @@
 #include <QString>
 
 #include "forms/finestra.h"
+#include "forms/traduttore.h"
 #include "platform/clock.h"
 #include "platform/dialogs.h"
 #include "store/database.h"
@@ -35,7 +36,11 @@ class ZanForm {
   void salva_campi(Recordset& rs, const QString& gruppo = {});
 
  private:
+  void scrivi_blocco(Recordset& rs, const QString& tabella, const QString& chiave, const QString& operatore);
+  void mostra_blocco(const QString& chiave, const QString& operatore);
+
   Database& db_;
+  Traduttore traduttore_;
   MessageBox& messaggi_;
   const Clock& orologio_;
   Finestra* finestra_ = nullptr;

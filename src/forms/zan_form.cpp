@@ -1,0 +1,101 @@
+#include "forms/zan_form.h"
+
+#include "forms/legame.h"
+#include "forms/ss_ole_db_combo.h"
+
+namespace lokera {
+
+namespace {
+
+/// Text of a mask that nothing was typed into.
+const QString& maschera_vuota() {
+  static const QString maschera = QStringLiteral("__/__/____");
+  return maschera;
+}
+
+void svuota(Controllo& controllo) {
+  if (auto* t = dynamic_cast<TextBox*>(&controllo)) t->Text = QString();
+  if (auto* c = dynamic_cast<SSOleDBCombo*>(&controllo)) c->Text = QString();
+  if (auto* c = dynamic_cast<CheckBox*>(&controllo)) c->Value = 0;
+  if (auto* l = dynamic_cast<Label*>(&controllo)) l->Caption = QString();
+  if (auto* m = dynamic_cast<MaskEdBox*>(&controllo)) m->Text = maschera_vuota();
+  if (auto* o = dynamic_cast<OptionButton*>(&controllo)) o->Value = false;
+}
+
+}  // namespace
+
+void pulisci_valori(Recordset& rs) {
+  for (int i = 0; i < rs.conta_campi(); ++i) {
+    const Campo& campo = rs.campo(i);
+    const bool testo = e_testo(campo.tipo);
+    if (!testo && !e_numero(campo.tipo)) continue;
+    const QVariant valore = rs.valore(i);
+    const bool manca = !valore.isValid() || valore.isNull() || (testo && valore.toString().isEmpty());
+    if (!manca) continue;
+    // What can't be set is left for Update to refuse.
+    (void)rs.imposta(campo.nome, testo ? QVariant(QStringLiteral(" ")) : QVariant(0));
+  }
+}
+
+ZanForm::ZanForm(Database& db, MessageBox& messaggi, const Clock& orologio)
+    : db_(db), traduttore_(db), messaggi_(messaggi), orologio_(orologio) {}
+
+void ZanForm::update_record(Recordset& rs) {
+  pulisci_valori(rs);
+  errore_ = rs.Update().descrizione;
+}
+
+void ZanForm::blocca_record(const QString& tabella, const QString& chiave, const QString& operatore,
+                            bool& bloccato) {
+  bloccato = false;
+  const QString chi = chiave.trimmed();
+  Recordset rs;
+  if (rs.Open(QStringLiteral("select * from securety_locks where tabella = ? and chiave = ?"),
+              db_.connessione_db, {tabella, chi}, Cursore::aggiornabile))
+    return;
+  const QDateTime preso = rs.valore(u"data").toDateTime();
+  // Only the days of the month are compared: a lock of the 30th still stands on the 1st.
+  const bool scaduto = preso.isValid() && preso.date().day() < orologio_.adesso().date().day();
+  const bool libero = rs.eof() || (scaduto && !rs.Delete());
+  const QString altro = libero ? QString() : rs.testo(u"operatore");
+  if (!libero && altro.compare(operatore, Qt::CaseInsensitive) != 0) {
+    rs.Close();
+    mostra_blocco(chiave, altro);
+    return;
+  }
+  if (libero) (void)rs.AddNew();
+  scrivi_blocco(rs, tabella, chi, operatore);
+  bloccato = true;
+}
+
+void ZanForm::scrivi_blocco(Recordset& rs, const QString& tabella, const QString& chiave,
+                            const QString& operatore) {
+  (void)rs.imposta(u"tabella", tabella);
+  (void)rs.imposta(u"chiave", chiave);
+  (void)rs.imposta(u"operatore", operatore);
+  (void)rs.imposta(u"data", QDateTime(orologio_.adesso().date(), QTime(0, 0)));
+  if (rs.Update()) rs.CancelUpdate();
+}
+
+void ZanForm::mostra_blocco(const QString& chiave, const QString& operatore) {
+  const QString testo = traduttore_.traduci(QStringLiteral("Record ")) + chiave +
+                        traduttore_.traduci(QStringLiteral(" già bloccato dall'utente ")) + operatore +
+                        u'\r' + traduttore_.traduci(QStringLiteral("Accesso negato!"));
+  messaggi_.mostra(testo);
+}
+
+void ZanForm::sblocca_record(const QString& tabella, const QString& chiave, const QString& operatore) {
+  Recordset rs;
+  const QString sql =
+      QStringLiteral("select * from securety_locks where tabella = ? and chiave = ? and operatore = ?");
+  if (rs.Open(sql, db_.connessione_db, {tabella, chiave.trimmed(), operatore}, Cursore::aggiornabile)) return;
+  if (!rs.eof()) (void)rs.Delete();
+}
+
+void ZanForm::pulisci() {
+  if (!finestra_) return;
+  for (Controllo* controllo : finestra_->Controls())
+    if (!controllo->Tag().trimmed().isEmpty()) svuota(*controllo);
+}
+
+}  // namespace lokera
