@@ -54,9 +54,13 @@ QByteArrayView campo_frame(QByteArrayView frame, qsizetype da, qsizetype larghez
   return frame.sliced(da - 1, std::min(larghezza, frame.size() - da + 1));
 }
 
-QByteArrayView codice_comando(QByteArrayView frame) { return campo_frame(frame, 1, 5); }
+QByteArrayView codice_comando(QByteArrayView frame) {
+  return campo_frame(frame, 1, 5);
+}
 
-bool risposta_buona(QByteArrayView frame) { return campo_frame(frame, 6, 2) == "00"; }
+bool risposta_buona(QByteArrayView frame) {
+  return campo_frame(frame, 6, 2) == "00";
+}
 
 bool solo_ascii(QByteArrayView frame) {
   return std::ranges::all_of(frame, [](char c) { return static_cast<unsigned char>(c) < 0x80; });

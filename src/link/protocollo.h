@@ -19,7 +19,8 @@ inline constexpr char frame_leggi_transazione[] = "0003635\r";
 inline constexpr char frame_conferma_transazione[] = "0003734\r";
 inline constexpr char frame_conta_transazioni[] = "000393A\r";
 
-/// The `larghezza` characters from position `da`; fewer when the frame ends before, none when it is too short.
+/// The `larghezza` characters from position `da`; fewer when the frame ends before, none when it is too
+/// short.
 QByteArrayView campo_frame(QByteArrayView frame, qsizetype da, qsizetype larghezza);
 
 /// Positions 1 to 5.

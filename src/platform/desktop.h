@@ -17,8 +17,8 @@ class Desktop {
 class Program {
  public:
   virtual ~Program() = default;
-  /// Ends the program at once. In a test it returns, so the caller must return too, and nothing of the program
-  /// may run after that.
+  /// Ends the program at once. In a test it returns, so the caller must return too, and nothing of the
+  /// program may run after that.
   virtual void fine() = 0;
 };
 

@@ -14,12 +14,12 @@ class PolledWait {
 
   /// Runs the event loop until `pronto` holds or more than `secondi` whole clock seconds have passed, counted
   /// as a clock face shows them: a limit of 2 ends between 2 and 3 seconds after the call, with the tick of
-  /// the second. The deadline is worked out once, on the monotonic clock, so a changed clock or midnight can't
-  /// move it. Returns whether `pronto` held. `pronto` is tested before the first event is delivered.
+  /// the second. The deadline is worked out once, on the monotonic clock, so a changed clock or midnight
+  /// can't move it. Returns whether `pronto` held. `pronto` is tested before the first event is delivered.
   bool attendi(int secondi, const std::function<bool()>& pronto);
 
-  /// Serves the whole time: until more than `secondi` whole clock seconds have passed. With 0: until the clock
-  /// shows another second.
+  /// Serves the whole time: until more than `secondi` whole clock seconds have passed. With 0: until the
+  /// clock shows another second.
   void attendi_oltre(int secondi);
 
   /// Delivers what is due and returns without waiting.

@@ -5,9 +5,9 @@
 
 namespace lokera {
 
-/// A repeating timer. It fires every `Interval` ms for as long as it is enabled; enabling it, or a new interval
-/// while it is enabled, starts the period anew. A period that passed while the loop was busy fires once.
-/// Destroying a timer stops it, also from inside its own handler.
+/// A repeating timer. It fires every `Interval` ms for as long as it is enabled; enabling it, or a new
+/// interval while it is enabled, starts the period anew. A period that passed while the loop was busy fires
+/// once. Destroying a timer stops it, also from inside its own handler.
 class Timer {
  public:
   virtual ~Timer() = default;

@@ -26,8 +26,8 @@ class Winsock {
   /// Starts a connection to the address and port and returns at once. UDP sockets need no Connect.
   virtual void Connect(const QString& indirizzo, quint16 porta) = 0;
 
-  /// Hands the bytes over. On a TCP socket that is not connected they are dropped; on a UDP socket they go out
-  /// as one datagram to RemoteHost and RemotePort.
+  /// Hands the bytes over. On a TCP socket that is not connected they are dropped; on a UDP socket they go
+  /// out as one datagram to RemoteHost and RemotePort.
   virtual void SendData(QByteArrayView dati) = 0;
 
   /// Everything that has arrived and has not been fetched yet; empty when there is nothing.
@@ -43,8 +43,8 @@ class Winsock {
   virtual QString LocalHostName() const = 0;
 
   /// Data is there to fetch. Delivered from the event loop, never from inside SendData or GetData, and also
-  /// while an earlier delivery is still on the stack (a handler that waits for more of the same socket gets it).
-  /// The socket must not be destroyed inside.
+  /// while an earlier delivery is still on the stack (a handler that waits for more of the same socket gets
+  /// it). The socket must not be destroyed inside.
   std::function<void(qsizetype bytesTotal)> DataArrival;
 };
 

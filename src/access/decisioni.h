@@ -1,0 +1,57 @@
+#pragma once
+
+#include <functional>
+
+#include "access/giorno.h"
+#include "access/pannello_live.h"
+#include "link/sessione_slave.h"
+#include "store/database.h"
+#include "store/recordset.h"
+
+namespace lokera {
+
+/// Live answers to the managed cabinet. Each request is decided from the database and answered inside the
+/// socket's event, at once: nothing here runs the event loop. A request whose query fails is refused.
+class Decisioni {
+ public:
+  Decisioni(Database& db, const Clock& orologio, Giorno& giorno, PannelloLive& pannello,
+            SessioneSlave& sessione, const Label& lblID);
+
+  /// Looks at what came and calls one of the three handlers, or leaves it in the buffer.
+  void smista(QByteArray& buffer_ricezione);
+
+  void richiesta_operatore(QByteArray& testo);  ///< "00090", operator card at the reader
+  void richiesta_chiave(QByteArray& testo);     ///< "00091", key movement wanted
+  void esito_operazione(QByteArray& testo);     ///< "00092", end of the operation
+
+  /// The operation in progress: ' ' none, 'P' a withdrawal, 'R' a return was authorised and its end is
+  /// awaited.
+  char stato_operazione = ' ';
+
+  /// Books the movement, 'P' or 'R', of the operator and the key on the panel. The end of the operation is
+  /// confirmed to the cabinet only when it returns without a failure.
+  std::function<Errore(char tipo)> registra_movimento;
+  /// A query failed and the request was refused: tells the person at the desk.
+  std::function<void(const Errore&)> segnala;
+
+ private:
+  bool operatore_ammesso(const QString& codice);
+  bool entro_validita(const QDateTime& dal, const QDateTime& al) const;
+  bool entro_limite(const QString& codice, qlonglong massimo);
+  bool prelievo_ammesso(const QString& codice, QString& gruppo);
+  bool gruppo_abilitato(const QString& gruppo);
+  bool entro_fascia(const QString& gruppo);
+  bool esiste(const QString& sql, const QVariantList& valori);
+  bool apri(Recordset& rs, const QString& sql, const QVariantList& valori);
+  void esito_lato(PannelloLive::Lato lato, bool prelievo, const QByteArray& codice, QByteArray& risposta);
+  void rispondi(QByteArray& buffer, QByteArrayView risposta);
+
+  Database& db_;
+  const Clock& orologio_;
+  Giorno& giorno_;
+  PannelloLive& pannello_;
+  SessioneSlave& sessione_;
+  const Label& lblID_;
+};
+
+}  // namespace lokera

@@ -1,0 +1,182 @@
+#include "access/fasce.h"
+
+#include <optional>
+#include <vector>
+
+#include "store/date_jet.h"
+#include "store/recordset.h"
+
+namespace lokera {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto tratto_massimo = 15ms;
+
+struct Fascia {
+  qlonglong gruppo_oper;
+  qlonglong gruppo_chiavi;
+  QDateTime dalle_ore;
+  QDateTime alle_ore;
+  QDateTime data_esecuzione;
+};
+
+qint64 minuti_tra_momenti(const QDateTime& a, const QDateTime& b) {
+  return a.date().daysTo(b.date()) * 24 * 60 + minuti_tra(a.time(), b.time());
+}
+
+// The last time that the band was handled lies more than ten minutes before this moment of today.
+bool da_rifare(const Fascia& fascia, const QDateTime& riferimento) {
+  const QDateTime ultima =
+      fascia.data_esecuzione.isValid() ? fascia.data_esecuzione : riferimento.addDays(-1);
+  return minuti_tra_momenti(riferimento, ultima) + 10 < 0;
+}
+
+bool da_applicare(const Fascia& fascia, const QDateTime& adesso) {
+  const QTime dalle = fascia.dalle_ore.time();
+  const QTime alle = fascia.alle_ore.time();
+  const bool si_apre = minuti_tra(dalle, adesso.time()) + 5 > 0 && minuti_tra(adesso.time(), alle) > 0;
+  const bool chiusa = minuti_tra(alle, adesso.time()) > 0;
+  return (si_apre && da_rifare(fascia, QDateTime(adesso.date(), dalle))) ||
+         (chiusa && da_rifare(fascia, QDateTime(adesso.date(), alle)));
+}
+
+Errore leggi_fasce(Connection& c, const QString& giorno, std::vector<Fascia>& fasce) {
+  Recordset rs;
+  Errore e = rs.Open(
+      QStringLiteral("select * from fascie_orarie where giorno = ? order by gruppo_oper, gruppo_chiavi,"
+                     " dalle_ore, alle_ore"),
+      c, {giorno});
+  while (!e && !rs.eof()) {
+    fasce.push_back({rs.numero(u"gruppo_oper"), rs.numero(u"gruppo_chiavi"),
+                     rs.valore(u"dalle_ore").toDateTime(), rs.valore(u"alle_ore").toDateTime(),
+                     rs.valore(u"data_esecuzione").toDateTime()});
+    e = rs.MoveNext();
+  }
+  return e;
+}
+
+Errore leggi_colonna(Connection& c, const QString& sql, const QVariantList& valori, QVariantList& colonna) {
+  Recordset rs;
+  Errore e = rs.Open(sql, c, valori);
+  while (!e && !rs.eof()) {
+    colonna << rs.valore(0);
+    e = rs.MoveNext();
+  }
+  return e;
+}
+
+/// The run: as many cards in one transaction as fit into a short stretch, then the loop, then the next
+/// stretch.
+class Applicazione {
+ public:
+  Applicazione(Connection& c, PolledWait& attesa, const QString& giorno)
+      : c_(c), attesa_(attesa), giorno_(giorno) {}
+
+  Errore accoda(const Fascia& fascia) {
+    QVariantList tessere;
+    QVariantList lokere;
+    if (Errore e = cerca(fascia, tessere, lokere)) return e;
+    for (const QVariant& tessera : tessere) {
+      for (const QVariant& lokera : lokere) {
+        if (Errore e = accoda_coppia(tessera, lokera)) return e;
+      }
+      if (Errore e = respira()) return e;
+    }
+    return segna_eseguita(fascia);
+  }
+
+  Errore finisci() {
+    if (!transazione_) return {};
+    const Errore e = transazione_->conferma();
+    transazione_.reset();
+    return e;
+  }
+
+  Errore respira() {
+    if (!transazione_ || attesa_.orologio().monotono() - inizio_ < tratto_massimo) return {};
+    if (Errore e = finisci()) return e;
+    attesa_.cedi();
+    return {};
+  }
+
+ private:
+  // Every card of the operator group that may use the key group, and every cabinet that holds a key of it.
+  Errore cerca(const Fascia& fascia, QVariantList& tessere, QVariantList& lokere) {
+    if (Errore e = leggi_colonna(
+            c_,
+            QStringLiteral(
+                "select distinct lokera from tessere_chiavi where gruppo = ? and lokera is not null"),
+            {fascia.gruppo_chiavi}, lokere))
+      return e;
+    if (lokere.isEmpty()) return {};
+    return leggi_colonna(
+        c_,
+        QStringLiteral(
+            "select distinct tessere_operatori.codice from (tessere_operatori inner join gruppi_tessera on"
+            " tessere_operatori.codice = gruppi_tessera.tessera) where tessere_operatori.gruppo = ? and"
+            " gruppi_tessera.codice = ?"),
+        {fascia.gruppo_oper, fascia.gruppo_chiavi}, tessere);
+  }
+
+  // A pair that is queued already stays as it is, also a deletion.
+  Errore accoda_coppia(const QVariant& tessera, const QVariant& lokera) {
+    if (Errore e = inizia()) return e;
+    return c_.Execute(
+        QStringLiteral(
+            "insert into aggiorn_tessere_oper (id_tessera, id_lokera, operazione) select ?, ?, 'I' where"
+            " not exists (select 1 from aggiorn_tessere_oper where ID_tessera = ? and ID_lokera = ?)"),
+        {tessera, lokera, tessera, lokera});
+  }
+
+  Errore segna_eseguita(const Fascia& fascia) {
+    if (Errore e = inizia()) return e;
+    return c_.Execute(QStringLiteral("update fascie_orarie set data_esecuzione = ? where gruppo_oper = ? and"
+                                     " gruppo_chiavi = ? and giorno = ? and dalle_ore = ? and alle_ore = ?"),
+                      {attesa_.orologio().adesso(), fascia.gruppo_oper, fascia.gruppo_chiavi, giorno_,
+                       fascia.dalle_ore, fascia.alle_ore});
+  }
+
+  Errore inizia() {
+    if (transazione_) return {};
+    inizio_ = attesa_.orologio().monotono();
+    transazione_.emplace(c_);
+    return transazione_->inizio();
+  }
+
+  Connection& c_;
+  PolledWait& attesa_;
+  const QString giorno_;
+  std::optional<Transazione> transazione_;
+  Monotonic inizio_{};
+};
+
+Errore applica(Connection& c, PolledWait& attesa, const QString& giorno) {
+  std::vector<Fascia> fasce;
+  if (Errore e = leggi_fasce(c, giorno, fasce)) return e;
+  const QDateTime adesso = attesa.orologio().adesso();
+  Applicazione applicazione(c, attesa, giorno);
+  for (const Fascia& fascia : fasce) {
+    if (!da_applicare(fascia, adesso)) continue;
+    if (Errore e = applicazione.accoda(fascia)) return e;
+    if (Errore e = applicazione.respira()) return e;
+  }
+  return applicazione.finisci();
+}
+
+}  // namespace
+
+FasceOrarie::FasceOrarie(Database& db, PolledWait& attesa, Giorno& giorno)
+    : db_(db), attesa_(attesa), giorno_(giorno) {}
+
+void FasceOrarie::applica_fasce_orarie() {
+  if (in_corso_) return;
+  in_corso_ = true;
+  (void)giorno_.tipo_giorno();
+  const Errore errore = applica(db_.connessione_db, attesa_, giorno_.giorno_corrente());
+  in_corso_ = false;
+  if (errore && segnala) segnala(errore);
+}
+
+}  // namespace lokera

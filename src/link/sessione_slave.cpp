@@ -1,0 +1,38 @@
+#include "link/sessione_slave.h"
+
+#include "link/protocollo.h"
+
+namespace lokera {
+
+namespace {
+constexpr quint16 porta_slave = 10002;
+}
+
+SessioneSlave::SessioneSlave(WinsockFactory& fabbrica, PolledWait& attesa, Scambio& scambio,
+                             const Label& lblIndirizzoIP, Label& lblStatus)
+    : wsk(fabbrica.crea_winsock()),
+      attesa_(attesa),
+      scambio_(scambio),
+      lblIndirizzoIP_(lblIndirizzoIP),
+      lblStatus_(lblStatus) {
+  wsk->DataArrival = [this](qsizetype n) { wsk_DataArrival(n); };
+}
+
+void SessioneSlave::connessione_socket() {
+  const QString indirizzo = normalizza_ip(lblIndirizzoIP_.Caption);
+  wsk->Close();
+  wsk->Protocol(Protocol::tcp);
+  wsk->RemoteHost(indirizzo);
+  wsk->RemotePort(porta_slave);
+  wsk->Connect(indirizzo, porta_slave);
+  const bool connessa = attesa_.attendi(5, [this] { return wsk->State() == socket_connesso; });
+  lblStatus_.Caption = connessa ? QStringLiteral("ON Line") : QStringLiteral("OFF Line");
+}
+
+void SessioneSlave::wsk_DataArrival(qsizetype /*bytesTotal*/) {
+  scambio_.buffer_ricezione = wsk->GetData();
+  if (!solo_ascii(scambio_.buffer_ricezione)) return;
+  if (richiesta) richiesta(scambio_.buffer_ricezione);
+}
+
+}  // namespace lokera

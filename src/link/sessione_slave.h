@@ -1,0 +1,37 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+
+#include "forms/controlli.h"
+#include "link/scambio.h"
+#include "platform/polled_wait.h"
+#include "platform/winsock.h"
+
+namespace lokera {
+
+/// The live session of a managed cabinet, cabinet port 10002. Once lost it stays lost until the program is
+/// started again; `lblStatus` keeps what the connection gave.
+class SessioneSlave {
+ public:
+  SessioneSlave(WinsockFactory& fabbrica, PolledWait& attesa, Scambio& scambio, const Label& lblIndirizzoIP,
+                Label& lblStatus);
+
+  /// Returns when connected or given up after more than five seconds; the result stands in `lblStatus`.
+  void connessione_socket();
+
+  /// Fetches what came into `buffer_ricezione` and hands it to `richiesta`.
+  void wsk_DataArrival(qsizetype bytesTotal);
+
+  std::unique_ptr<Winsock> wsk;
+  /// Decides and answers at once; must not run the loop.
+  std::function<void(QByteArray& buffer_ricezione)> richiesta;
+
+ private:
+  PolledWait& attesa_;
+  Scambio& scambio_;
+  const Label& lblIndirizzoIP_;
+  Label& lblStatus_;
+};
+
+}  // namespace lokera

@@ -1,0 +1,117 @@
+#include "supervisor/accesso.h"
+
+#include "store/recordset.h"
+
+namespace lokera {
+
+namespace {
+const QString& servizio() {
+  static const QString nome = QStringLiteral("ZandorTool");
+  return nome;
+}
+}  // namespace
+
+Accesso::Accesso(Finestra& f, Database& db, const Clock& orologio, Traduttore& traduttore,
+                 MessageBox& messaggi, const Winsock& wsk)
+    : mnuAbile(f, QStringLiteral("mnuAbile"), QStringLiteral("   abilita")),
+      pctLogin(f, QStringLiteral("pctLogin")),
+      lblUtente(f, QStringLiteral("lblUtente"), QStringLiteral("utente")),
+      lblPassword(f, QStringLiteral("lblPassword"), QStringLiteral("password")),
+      txtUtente(f, QStringLiteral("txtUtente")),
+      txtPassword(f, QStringLiteral("txtPassword")),
+      cmdLogin(f, QStringLiteral("cmdLogin"), QStringLiteral("login")),
+      Command6(f, QStringLiteral("Command6"), QStringLiteral("annulla")),
+      db_(db),
+      orologio_(orologio),
+      traduttore_(traduttore),
+      messaggi_(messaggi),
+      wsk_(wsk) {
+  pctLogin.Visible = false;
+  txtPassword.nascosto = true;
+  mnuAbile.Click = [this] { mnuAbile_Click(); };
+  cmdLogin.Click = [this] { cmdLogin_Click(); };
+  Command6.Click = [this] { Command6_Click(); };
+}
+
+// The last user of this computer.
+QString Accesso::ultimo_utente() const {
+  Recordset rs;
+  if (rs.Open(QStringLiteral(
+                  "SELECT user, ultima_entrata FROM operatori WHERE pc = ? ORDER BY ultima_entrata DESC"),
+              db_.connessione_db, {wsk_.LocalHostName()}))
+    return {};
+  return rs.testo(u"user");
+}
+
+void Accesso::mnuAbile_Click() {
+  if (const QString utente = ultimo_utente(); !utente.isEmpty()) txtUtente.Text = utente;
+  if (txtUtente.Text() == servizio()) txtUtente.Text = QString();
+  if (accesso_abilitato) {
+    esci();
+    return;
+  }
+  pctLogin.Visible = true;
+  txtPassword.Text = QString();
+  (txtUtente.Text().isEmpty() ? txtUtente : txtPassword).SetFocus();
+}
+
+bool Accesso::utente_di_servizio() const {
+  return txtUtente.Text() == servizio() && txtPassword.Text() == servizio();
+}
+
+Accesso::Verifica Accesso::verifica_utente(Errore& errore) {
+  Recordset rs;
+  errore = rs.Open(QStringLiteral("SELECT * FROM operatori where user = ?"), db_.connessione_db,
+                   {txtUtente.Text()}, Cursore::aggiornabile);
+  if (errore) return Verifica::errore;
+  if (rs.eof()) return Verifica::sconosciuto;
+  if (rs.testo(u"pwd") != txtPassword.Text()) return Verifica::password_errata;
+  // Who may enter isn't kept out because the moment of the entry can't be written.
+  (void)rs.imposta(u"ultima_entrata", orologio_.adesso());
+  (void)rs.imposta(u"pc", wsk_.LocalHostName());
+  (void)rs.Update();
+  return Verifica::buona;
+}
+
+void Accesso::cmdLogin_Click() {
+  Errore errore;
+  const Verifica verifica = utente_di_servizio() ? Verifica::buona : verifica_utente(errore);
+  switch (verifica) {
+    case Verifica::buona:
+      entra();
+      break;
+    case Verifica::errore:
+      messaggi_.mostra(errore.descrizione);
+      break;
+    case Verifica::sconosciuto:
+      messaggi_.mostra(traduttore_.traduci(QStringLiteral("utente non registrato")));
+      txtUtente.Text = QString();
+      txtPassword.Text = QString();
+      txtUtente.SetFocus();
+      break;
+    case Verifica::password_errata:
+      messaggi_.mostra(traduttore_.traduci(QStringLiteral("password errata")));
+      txtPassword.Text = QString();
+      txtPassword.SetFocus();
+      break;
+  }
+}
+
+void Accesso::entra() {
+  mnuAbile.Caption = traduttore_.traduci(QStringLiteral("disabilita"));
+  pctLogin.Visible = false;
+  if (abilita_menu) abilita_menu(true);
+  accesso_abilitato = true;
+}
+
+void Accesso::esci() {
+  accesso_abilitato = false;
+  mnuAbile.Caption = traduttore_.traduci(QStringLiteral("   abilita  "));
+  if (abilita_menu) abilita_menu(false);
+}
+
+void Accesso::Command6_Click() {
+  pctLogin.Visible = false;
+}
+
+}  // namespace lokera

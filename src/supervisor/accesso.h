@@ -1,0 +1,49 @@
+#pragma once
+
+#include <functional>
+
+#include "forms/controlli.h"
+#include "forms/traduttore.h"
+#include "platform/clock.h"
+#include "platform/dialogs.h"
+#include "platform/winsock.h"
+#include "store/database.h"
+
+namespace lokera {
+
+/// The login panel of the main window. It guards the menus only.
+class Accesso {
+ public:
+  Accesso(Finestra& finestra, Database& db, const Clock& orologio, Traduttore& traduttore,
+          MessageBox& messaggi, const Winsock& wsk);
+
+  void mnuAbile_Click();
+  void cmdLogin_Click();
+  void Command6_Click();  ///< "annulla"
+
+  bool accesso_abilitato = false;
+  /// Makes the locked menus available or not.
+  std::function<void(bool)> abilita_menu;
+
+  Menu mnuAbile;
+  SSPanel pctLogin;
+  Label lblUtente, lblPassword;
+  TextBox txtUtente, txtPassword;
+  CommandButton cmdLogin, Command6;
+
+ private:
+  QString ultimo_utente() const;
+  bool utente_di_servizio() const;
+  enum class Verifica { buona, sconosciuto, password_errata, errore };
+  Verifica verifica_utente(Errore& errore);
+  void entra();
+  void esci();
+
+  Database& db_;
+  const Clock& orologio_;
+  Traduttore& traduttore_;
+  MessageBox& messaggi_;
+  const Winsock& wsk_;
+};
+
+}  // namespace lokera

@@ -1,0 +1,151 @@
+#include "supervisor/acquisizione.h"
+
+#include <utility>
+
+#include "link/protocollo.h"
+#include "store/recordset.h"
+
+namespace lokera {
+
+namespace {
+
+constexpr int attesa_transazione_s = 10;
+
+QString testo_ascii(QByteArrayView v) {
+  return QString::fromLatin1(v.data(), v.size());
+}
+
+bool codice_valido(QByteArrayView codice) {
+  return codice.size() == 10 && !codice.contains('.');
+}
+
+// Day/month/year, a blank, hours.minutes.seconds, from the twelve characters of the record.
+QString data_ora_record(QByteArrayView frame) {
+  static constexpr std::pair<int, const char*> parti[] = {{0, ""},  {2, "/"}, {4, "/"},
+                                                          {6, " "}, {8, "."}, {10, "."}};
+  QString testo;
+  for (const auto& [n, separatore] : parti) {
+    testo += QLatin1String(separatore) + testo_ascii(campo_frame(frame, 30 + n, 2));
+  }
+  return testo;
+}
+
+}  // namespace
+
+Acquisizione::Acquisizione(Finestra& finestra, Database& db, SessioneDownload& sessione,
+                           PannelloLive& pannello, Tabellone& tabellone, const Label& lblID,
+                           Label& lblLetturaTrans)
+    : lblNumTrans(finestra, QStringLiteral("lblNumTrans")),
+      lblUltimaTrans(finestra, QStringLiteral("lblUltimaTrans")),
+      shpTrans(finestra, QStringLiteral("shpTrans")),
+      finestra_(finestra),
+      db_(db),
+      registro_(db),
+      sessione_(sessione),
+      pannello_(pannello),
+      tabellone_(tabellone),
+      lblID_(lblID),
+      lblLetturaTrans_(lblLetturaTrans) {
+  shpTrans.Visible = false;
+  sessione_.leggi_transazioni = [this](qint16 n) { leggi_transazioni(n); };
+  sessione_.acquisisci_transazione = [this] { acquisisci_transazione(); };
+}
+
+void Acquisizione::leggi_transazioni(qint16 numero) {
+  if (lettura_in_corso_) return;
+  if (numero == 0) {
+    lblLetturaTrans_.Caption = QStringLiteral("no data");
+    return;
+  }
+  lettura_in_corso_ = true;
+  ultimo_frame_.clear();
+  shpTrans.Visible = true;
+  finestra_.Enabled(false);
+  lblLetturaTrans_.Caption = QStringLiteral("record read: ") + QString::number(numero);
+  leggi_uno_alla_volta(numero);
+  finestra_.Enabled(true);
+  if (const Errore errore = tabellone_.situazione_chiavi(); errore && segnala) segnala(errore);
+  shpTrans.Visible = false;
+  lettura_in_corso_ = false;
+}
+
+void Acquisizione::leggi_uno_alla_volta(qint16 numero) {
+  Scambio& scambio = sessione_.scambio();
+  const int connessione = sessione_.numero_connessione();
+  // When the cycle has moved on to another cabinet, what is left waits in this one for the next visit.
+  const auto finito = [&] {
+    return scambio.conferma_transazione == 'S' || sessione_.numero_connessione() != connessione;
+  };
+  for (int i = 1; i <= numero; ++i) {
+    scambio.conferma_transazione = 'N';
+    sessione_.wskDownload->SendData(frame_leggi_transazione);
+    sessione_.attesa().attendi(attesa_transazione_s, finito);
+    if (scambio.conferma_transazione != 'S' || sessione_.numero_connessione() != connessione) return;
+  }
+}
+
+void Acquisizione::acquisisci_transazione() {
+  const QByteArray frame = sessione_.scambio().buffer_download;
+  // The network may deliver a reply twice within one read; the cabinet never does, since it sends a record
+  // again only on the next read.
+  if (frame == ultimo_frame_) return;
+  const QByteArrayView operatore = campo_frame(frame, 8, 10);
+  const QByteArrayView chiave = campo_frame(frame, 18, 10);
+  if (!codice_valido(operatore) || !codice_valido(chiave)) return;
+  const QString data_ora = data_ora_record(frame);
+  Movimento movimento;
+  movimento.operatore = testo_ascii(operatore);
+  movimento.chiave = testo_ascii(chiave);
+  movimento.operazione = campo_frame(frame, 28, 2) == "00" ? 'P' : 'R';
+  movimento.data = data_transazione(data_ora);
+  Errore errore;
+  movimento.intestazione = intestazione_tessera(movimento.operatore, errore);
+  QString descrizione;
+  qlonglong posizione = -1;
+  if (!errore) errore = registro_.registra(movimento, descrizione, posizione);
+  if (errore) {
+    if (segnala) segnala(errore);
+    return;
+  }
+  ultimo_frame_ = frame;
+  mostra_ultima(movimento, data_ora, descrizione);
+  sessione_.wskDownload->SendData(frame_conferma_transazione);
+}
+
+QString Acquisizione::intestazione_tessera(const QString& codice, Errore& errore) {
+  Recordset rs;
+  errore = rs.Open(QStringLiteral("SELECT * FROM tessere_operatori WHERE codice = ?"), db_.connessione_db,
+                   {codice});
+  if (errore || rs.eof()) return QStringLiteral("Tessera non registrata");
+  return rs.testo(u"intestazione");
+}
+
+void Acquisizione::mostra_ultima(const Movimento& m, const QString& data_ora, const QString& descrizione) {
+  const QString verso = m.operazione == 'P' ? QStringLiteral(" OUT ") : QStringLiteral(" IN ");
+  lblUltimaTrans.Caption = verso + QLatin1Char(' ') + data_ora + QStringLiteral(" - chiave: ") + descrizione +
+                           QStringLiteral(" lok. ") + lblID_.Caption() + QStringLiteral(" - oper. ") +
+                           m.intestazione;
+  lblNumTrans.Caption = QString::number(lblNumTrans.Caption().toLongLong() + 1);
+}
+
+Errore Acquisizione::registra_movimento(char tipo) {
+  const bool prelievo = tipo == 'P';
+  Movimento movimento;
+  movimento.operatore = pannello_.lblP.Caption().left(10);
+  movimento.intestazione = pannello_.lblIntestazione.Caption;
+  movimento.chiave = (prelievo ? pannello_.lblSX : pannello_.lblDX).Caption().left(10);
+  movimento.operazione = tipo;
+  movimento.data = sessione_.attesa().orologio().adesso();
+  QString descrizione;
+  qlonglong posizione = -1;
+  const Errore errore = registro_.registra(movimento, descrizione, posizione);
+  if (errore && segnala) segnala(errore);
+  if (errore) return errore;
+  if (prelievo)
+    tabellone_.chiave_uscita(posizione);
+  else
+    tabellone_.chiave_presente(posizione);
+  return {};
+}
+
+}  // namespace lokera

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <functional>
+
+#include "access/pannello_live.h"
+#include "forms/controlli.h"
+#include "link/sessione_download.h"
+#include "store/database.h"
+#include "supervisor/registro.h"
+#include "supervisor/tabellone.h"
+
+namespace lokera {
+
+/// The two roads by which movements come in: the stored transactions of a cabinet, and the end of a live
+/// operation.
+class Acquisizione {
+ public:
+  Acquisizione(Finestra& finestra, Database& db, SessioneDownload& sessione, PannelloLive& pannello,
+               Tabellone& tabellone, const Label& lblID, Label& lblLetturaTrans);
+
+  /// Reads that many stored records, each booked and acknowledged before the next is asked for. Runs the
+  /// loop; input to the window is off meanwhile. Ends at the first record that isn't confirmed in time. A
+  /// call that comes while a read is under way does nothing.
+  void leggi_transazioni(qint16 numero);
+
+  /// Books the record in `buffer_download` and acknowledges it after the commit.
+  void acquisisci_transazione();
+
+  /// Books the live movement that the panel shows.
+  Errore registra_movimento(char tipo);
+
+  Label lblNumTrans, lblUltimaTrans;
+  Shape shpTrans;
+
+  /// A movement could not be booked: tells the person at the desk.
+  std::function<void(const Errore&)> segnala;
+
+ private:
+  void leggi_uno_alla_volta(qint16 numero);
+  QString intestazione_tessera(const QString& codice, Errore& errore);
+  void mostra_ultima(const Movimento& movimento, const QString& data_ora, const QString& descrizione);
+
+  Finestra& finestra_;
+  Database& db_;
+  Registro registro_;
+  SessioneDownload& sessione_;
+  PannelloLive& pannello_;
+  Tabellone& tabellone_;
+  const Label& lblID_;
+  Label& lblLetturaTrans_;
+  bool lettura_in_corso_ = false;
+  QByteArray ultimo_frame_;  ///< of this read, once booked
+};
+
+}  // namespace lokera

@@ -1,0 +1,72 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+
+#include "access/giorno.h"
+#include "cards/invio_tessere.h"
+#include "forms/ss_ole_db_grid.h"
+#include "link/sessione_download.h"
+#include "platform/timer.h"
+#include "supervisor/tabellone.h"
+
+namespace lokera {
+
+/// Labels of the main window that the cycle reads and writes.
+struct EtichetteCiclo {
+  Label& lblID;
+  Label& lblNome;
+  Label& lblIndirizzoIP;
+  const Label& lblStatus;
+  Label& lblStatusD;
+  Label& lblLetturaTrans;
+};
+
+/// The timer-driven walk over the cabinets: at each tick perhaps a visit to the next one. It ends with the
+/// question for the number of stored transactions; the answer goes on in the socket's handler.
+class CicloDownload {
+ public:
+  CicloDownload(Finestra& finestra, const ElencoFinestre& finestre, Database& db, TimerFactory& timer,
+                WinsockFactory& socket, SessioneDownload& sessione, Giorno& giorno, InvioTessere& invio,
+                Tabellone& tabellone, EtichetteCiclo etichette);
+
+  /// One tick. A tick that falls inside a visit only counts.
+  void TimerDownload_Timer();
+
+  /// The time-band run, on every tenth tick. May run the loop.
+  std::function<void()> applica_fasce_orarie;
+  std::function<void(const Errore&)> segnala;
+
+  SSOleDBGrid grdLokere;   ///< the cabinets of this computer; its current row is the current cabinet
+  SSOleDBGrid grdAggOper;  ///< operator changes queued for the current cabinet
+  std::unique_ptr<Timer> TimerDownload;
+  std::unique_ptr<Winsock> wsk_udp;
+
+  static constexpr qint16 tick_tra_visite = 10;
+  qint16 conta_tick = 0;    ///< ticks since the last successful visit
+  qint16 conta_fascie = 0;  ///< ticks since the last time-band run
+
+ private:
+  void conta();
+  void visita();
+  void prossima_lokera();
+  void riempi_coda();
+  bool collega();
+  void leggi_seriale();
+  void invia_coda();
+  void visita_fallita();
+  void azzera_lokera();
+  qlonglong valore(QStringView colonna) const;
+  void scrivi(QStringView colonna, const QString& testo);
+
+  const ElencoFinestre& finestre_;
+  Database& db_;
+  SessioneDownload& sessione_;
+  Giorno& giorno_;
+  InvioTessere& invio_;
+  Tabellone& tabellone_;
+  EtichetteCiclo e_;
+  bool visita_in_corso_ = false;
+};
+
+}  // namespace lokera

@@ -1,0 +1,36 @@
+#include "supervisor/console.h"
+
+#include <utility>
+
+namespace lokera {
+
+Console::Console(const Machine& macchina, std::function<bool()> istanza_precedente)
+    : macchina_(macchina),
+      istanza_precedente_(std::move(istanza_precedente)),
+      attesa_(macchina.orologio, macchina.ciclo),
+      traduttore_(db_),
+      griglie_{traduttore_, macchina.messaggi, attesa_},
+      finestre_(elenco_, macchina.timer) {
+  finestre_.crea = [this](const QString& nome) { return crea_finestra(nome); };
+}
+
+Console::~Console() = default;
+
+bool Console::apri(const QString& cartella) {
+  if (apri_database(db_, cartella)) {
+    macchina_.messaggi.mostra(
+        traduttore_.traduci(QStringLiteral("Errore in apertura database di sistema !")));
+    macchina_.programma.fine();
+    return false;
+  }
+  principale_ = std::make_unique<frm_Main>(
+      AmbientePrincipale{macchina_, db_, elenco_, traduttore_, griglie_, istanza_precedente_});
+  principale_->menu.apri_finestra = [this](const QString& nome) { finestre_.apri(nome); };
+  return true;
+}
+
+std::unique_ptr<Finestra> Console::crea_finestra(const QString& /*nome*/) {
+  return nullptr;
+}
+
+}  // namespace lokera

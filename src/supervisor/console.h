@@ -1,0 +1,47 @@
+#pragma once
+
+#include <QString>
+
+#include <functional>
+#include <memory>
+
+#include "platform/machine.h"
+#include "supervisor/frm_main.h"
+#include "supervisor/gestore_finestre.h"
+
+namespace lokera {
+
+/// A whole console on a machine: the database, what all windows share, the main window and the others.
+class Console {
+ public:
+  /// `istanza_precedente` tells whether another console runs on this computer with this database already.
+  explicit Console(const Machine& macchina, std::function<bool()> istanza_precedente = {});
+  ~Console();
+
+  /// Opens `lokera.mdb` in the folder and makes the main window, not yet loaded. On a failure shows the
+  /// message, ends the program and returns false.
+  bool apri(const QString& cartella);
+
+  frm_Main& principale() { return *principale_; }
+  Database& db() { return db_; }
+  ElencoFinestre& elenco() { return elenco_; }
+  Traduttore& traduttore() { return traduttore_; }
+  ServiziGriglia& griglie() { return griglie_; }
+  GestoreFinestre& finestre() { return finestre_; }
+  const Machine& macchina() const { return macchina_; }
+
+ private:
+  std::unique_ptr<Finestra> crea_finestra(const QString& nome);
+
+  Machine macchina_;
+  std::function<bool()> istanza_precedente_;
+  Database db_;
+  ElencoFinestre elenco_;
+  PolledWait attesa_;
+  Traduttore traduttore_;
+  ServiziGriglia griglie_;
+  std::unique_ptr<frm_Main> principale_;
+  GestoreFinestre finestre_;
+};
+
+}  // namespace lokera

@@ -1,0 +1,198 @@
+#include "supervisor/frm_main.h"
+
+#include "store/recordset.h"
+
+namespace lokera {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int intervallo_orologio_ms = 30000;
+constexpr int larghezza_tabella = 9000;
+
+const QString& titolo() {
+  static const QString testo = u"Lokera elettronica  -   release 30/11/2008"_s;
+  return testo;
+}
+
+}  // namespace
+
+frm_Main::frm_Main(const AmbientePrincipale& a)
+    : Finestra(a.finestre, u"frm_Main"_s),
+      a_(a),
+      attesa_(a.griglie.attesa),
+      lblID(*this, u"lblID"_s),
+      lblNome(*this, u"lblNome"_s),
+      lblIndirizzoIP(*this, u"lblIndirizzoIP"_s, u"192.168.15.200"_s),
+      lblModalità(*this, u"lblModalità"_s, u"autonomo - STAND-ALONE"_s),
+      lblStatus(*this, u"lblStatus"_s, u"OFF Line"_s),
+      lblStatusD(*this, u"lblStatusD"_s, u"OFF Line"_s),
+      lblPorta(*this, u"lblPorta"_s, u"10002"_s),
+      lblPortaD(*this, u"lblPortaD"_s, u"10001"_s),
+      lblSocket(*this, u"lblSocket"_s, u"socket comun. slave"_s),
+      lblSocketD(*this, u"lblSocketD"_s, u"socket transazioni"_s),
+      lblLetturaTrans(*this, u"lblLetturaTrans"_s, u"waiting"_s),
+      lblOrarioAgg(*this, u"lblOrarioAgg"_s, u"00.00"_s),
+      lblOrario(*this, u"lblOrario"_s),
+      lblErrore(*this, u"lblErrore"_s),
+      lblTitLokera(*this, u"lblTitLokera"_s, u"lokera"_s),
+      lblTitIndirizzo(*this, u"lblTitIndirizzo"_s, u"indirizzo IP"_s),
+      lblTitModalita(*this, u"lblTitModalita"_s, u"modalità"_s),
+      lblTitTrans(*this, u"lblTitTrans"_s, u"transazioni lette"_s),
+      lblTitUltima(*this, u"lblTitUltima"_s, u"ultima transazione"_s),
+      lblTitOrarioAgg(*this, u"lblTitOrarioAgg"_s, u"orario aggiornamento tessere"_s),
+      lblTitOperatore(*this, u"lblTitOperatore"_s, u"operatore"_s),
+      lblTitPrelievo(*this, u"lblTitPrelievo"_s, u"prelievo"_s),
+      lblTitRestituzione(*this, u"lblTitRestituzione"_s, u"restituzione"_s),
+      slave(a.macchina.socket, attesa_, scambio_, lblIndirizzoIP, lblStatus),
+      download(a.macchina.socket, attesa_, scambio_, lblIndirizzoIP, lblLetturaTrans),
+      giorno(a.db, a.macchina.orologio, a.traduttore),
+      pannello(*this, a.macchina.timer, a.traduttore),
+      tabellone(*this, a.db, lblID),
+      invio(a.db, download, giorno, lblID),
+      ciclo(*this, a.finestre, a.db, a.macchina.timer, a.macchina.socket, download, giorno, invio, tabellone,
+            {lblID, lblNome, lblIndirizzoIP, lblStatus, lblStatusD, lblLetturaTrans}),
+      acquisizione(*this, a.db, download, pannello, tabellone, lblID, lblLetturaTrans),
+      decisioni(a.db, a.macchina.orologio, giorno, pannello, slave, lblID),
+      fasce(a.db, attesa_, giorno),
+      menu(*this, a.db, a.finestre, a.traduttore, a.macchina.messaggi, a.macchina.desktop,
+           a.macchina.programma),
+      accesso(*this, a.db, a.macchina.orologio, a.traduttore, a.macchina.messaggi, *slave.wsk),
+      griglia_lokere(ciclo.grdLokere, a.griglie),
+      griglia_agg_oper(ciclo.grdAggOper, a.griglie),
+      timerOrario(a.macchina.timer.crea_timer()) {
+  Caption(titolo());
+  collega_parti();
+}
+
+// Where a lower floor makes something happen on a higher one, the function is handed down here.
+void frm_Main::collega_parti() {
+  const auto segnala_errore = [this](const Errore& e) { segnala(e); };
+  acquisizione.segnala = decisioni.segnala = ciclo.segnala = fasce.segnala = segnala_errore;
+  slave.richiesta = [this](QByteArray& buffer) { decisioni.smista(buffer); };
+  decisioni.registra_movimento = [this](char tipo) { return acquisizione.registra_movimento(tipo); };
+  ciclo.applica_fasce_orarie = [this] { fasce.applica_fasce_orarie(); };
+  accesso.abilita_menu = [this](bool abilitati) { menu.abilita(abilitati); };
+  menu.chiudi_download = [this] { download.wskDownload->Close(); };
+  menu.mnuScarTrans.Click = [this] { mnuScarTrans_Click(); };
+  timerOrario->Interval(intervallo_orologio_ms);
+  timerOrario->Evento = [this] { timerOrario_Timer(); };
+  timerOrario->Enabled(true);
+}
+
+void frm_Main::Form_Load() {
+  if (a_.istanza_precedente && a_.istanza_precedente()) {
+    a_.macchina.messaggi.mostra(a_.traduttore.traduci(u"Programma già in esecuzione!"_s));
+    a_.macchina.programma.fine();
+    return;
+  }
+  menu.abilita(false);
+  ciclo.TimerDownload->Enabled(false);
+  cabinet_controllate = false;
+  Connection& c = a_.db.connessione_db;
+  griglia_lokere.layout(c, nome(), u"grdLokere"_s, c, QString(), larghezza_tabella);
+  griglia_agg_oper.layout(c, nome(), u"grdAggOper"_s, c, QString(), larghezza_tabella);
+  pannello.lblP.Caption = QString();
+  decisioni.stato_operazione = ' ';
+  tabellone.prepara();
+  trova_lokere_sistema();
+  if (schema_vecchio_) return;
+  timerOrario_Timer();
+  aggiorna_database(a_.db);
+  registra_release();
+  Caption(a_.traduttore.traduci(u"Lokera elettronica - release"_s) + u' ' + titolo().right(10));
+  registra_computer();
+  if (Show) Show();
+  if (cabinet_controllate && gestito_) slave.connessione_socket();
+  ciclo.conta_fascie = CicloDownload::tick_tra_visite - 1;
+  ciclo.grdLokere.Row(ciclo.grdLokere.Rows() - 1);
+  ciclo.TimerDownload->Enabled(true);
+  ciclo.TimerDownload_Timer();
+}
+
+void frm_Main::trova_lokere_sistema() {
+  pannello.modo_slave = false;
+  gestito_ = false;
+  lblModalità.Caption = a_.traduttore.traduci(u"autonomo - STAND-ALONE"_s);
+  Recordset rs;
+  if (rs.Open(u"SELECT * FROM parametri where computer_ctrl = ? order by ID"_s, a_.db.connessione_db,
+              {nome_computer()})) {
+    // The file is older than the program: the next start finds it brought up to date.
+    aggiorna_database(a_.db);
+    schema_vecchio_ = true;
+    a_.macchina.programma.fine();
+    return;
+  }
+  if (!rs.eof()) imposta_prima_lokera(rs);
+  elenca_lokere(rs);
+}
+
+void frm_Main::imposta_prima_lokera(const Recordset& rs) {
+  cabinet_controllate = true;
+  lblID.Caption = rs.testo(u"id");
+  lblNome.Caption = rs.testo(u"descrizione");
+  pannello.modo_slave = rs.numero(u"slot") == 1;
+  const int attesa_inizio_ms = static_cast<int>(rs.numero(u"tempo_attesa_inizio") * 100);
+  pannello.TimerSX->Interval(attesa_inizio_ms);
+  pannello.TimerDX->Interval(attesa_inizio_ms);
+  pannello.TimerSlot->Interval(static_cast<int>(rs.numero(u"tempo_di_comunicazione") * 2));
+  a_.db.lingua_interfaccia = static_cast<qint16>(rs.numero(u"lingua"));
+  if (a_.db.lingua_interfaccia == 1 && !tradotta_) {
+    a_.traduttore.traduci_form(*this);
+    tradotta_ = true;
+  }
+  lblIndirizzoIP.Caption = rs.testo(u"ip_lokera");
+  const QDateTime aggiornamento = rs.valore(u"orario_aggiornamento_tessere").toDateTime();
+  lblOrarioAgg.Caption = aggiornamento.isValid() ? aggiornamento.toString(u"HH:mm"_s) : QString();
+  gestito_ = rs.numero(u"funzionamento") == 1;
+  if (gestito_) lblModalità.Caption = a_.traduttore.traduci(u"gestito - SLAVE"_s);
+}
+
+void frm_Main::elenca_lokere(Recordset& rs) {
+  SSOleDBGrid& lista = ciclo.grdLokere;
+  lista.RemoveAll();
+  while (!rs.eof()) {
+    lista.AddItem(QStringList{rs.testo(u"id"), rs.testo(u"descrizione"), u"0"_s, u"0"_s,
+                              rs.testo(u"ip_lokera"), QString()});
+    if (rs.MoveNext()) break;
+  }
+  lista.Visible = lista.Rows() > 1;
+}
+
+void frm_Main::registra_release() {
+  const QDateTime release(QDate::fromString(titolo().right(11).trimmed(), u"dd/MM/yyyy"_s), QTime(0, 0));
+  (void)a_.db.connessione_db.Execute(
+      u"update parametri set release_aggiornamento_programma = ? where computer_ctrl = ?"_s,
+      {release, nome_computer()});
+}
+
+void frm_Main::registra_computer() {
+  Recordset rs;
+  if (rs.Open(u"SELECT * FROM computers WHERE nome_computer = ?"_s, a_.db.connessione_db, {nome_computer()},
+              Cursore::aggiornabile) ||
+      !rs.eof() || rs.AddNew())
+    return;
+  (void)rs.imposta(u"nome_computer", nome_computer());
+  (void)rs.imposta(u"nr_seriale_vidimatore", 1);
+  (void)rs.imposta(u"controller_sistema", 0);
+  (void)rs.Update();
+}
+
+void frm_Main::timerOrario_Timer() {
+  const QDateTime adesso = a_.macchina.orologio.adesso();
+  lblOrario.Caption = a_.traduttore.traduci(nome_giorno(adesso.date().dayOfWeek())) + u"   "_s +
+                      adesso.toString(u"dd/MM/yyyy  HH:mm"_s);
+}
+
+void frm_Main::mnuScarTrans_Click() {
+  ciclo.conta_tick = CicloDownload::tick_tra_visite;
+  ciclo.TimerDownload_Timer();
+}
+
+void frm_Main::segnala(const Errore& errore) {
+  lblErrore.Caption = a_.macchina.orologio.adesso().toString(u"HH:mm:ss  "_s) +
+                      a_.traduttore.traduci(u"errore di archivio"_s) + u": "_s + errore.descrizione;
+}
+
+}  // namespace lokera

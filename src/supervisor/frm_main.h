@@ -1,0 +1,99 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+
+#include "access/decisioni.h"
+#include "access/fasce.h"
+#include "access/giorno.h"
+#include "access/pannello_live.h"
+#include "cards/invio_tessere.h"
+#include "forms/griglia.h"
+#include "link/sessione_download.h"
+#include "link/sessione_slave.h"
+#include "platform/machine.h"
+#include "supervisor/accesso.h"
+#include "supervisor/acquisizione.h"
+#include "supervisor/ciclo_download.h"
+#include "supervisor/menu_principale.h"
+#include "supervisor/tabellone.h"
+
+namespace lokera {
+
+/// What the main window stands on; all of it outlives the window.
+struct AmbientePrincipale {
+  Machine macchina;
+  Database& db;
+  ElencoFinestre& finestre;
+  Traduttore& traduttore;
+  ServiziGriglia& griglie;
+  /// Whether another console runs on this computer with this database already.
+  std::function<bool()> istanza_precedente;
+};
+
+/// The main window: the whole running system. It stays open from start to exit.
+class frm_Main : public Finestra {
+ public:
+  explicit frm_Main(const AmbientePrincipale& ambiente);
+
+  /// The start, in its order. Runs the loop: the live session is connected and the first visit is made
+  /// inside. When it ends the program (a second instance, a file older than the program) it returns early.
+  void Form_Load() override;
+  /// The close box does nothing.
+  bool Form_Unload() override { return false; }
+
+  void trova_lokere_sistema();
+  void timerOrario_Timer();
+  void mnuScarTrans_Click();
+
+  /// Draws the window on the screen; called in the middle of the start, before the first connection.
+  std::function<void()> Show;
+
+  bool modo_slave() const { return pannello.modo_slave; }
+  bool cabinet_controllate = false;
+
+ private:
+  AmbientePrincipale a_;
+  PolledWait& attesa_;
+  Scambio scambio_;
+
+ public:
+  // The current cabinet, for the whole program.
+  Label lblID, lblNome, lblIndirizzoIP;
+  Label lblModalità;
+  Label lblStatus, lblStatusD, lblPorta, lblPortaD, lblSocket, lblSocketD;
+  Label lblLetturaTrans, lblOrarioAgg, lblOrario;
+  Label lblErrore;  ///< the last failure of the store, for the person at the desk
+  // What stands beside the values.
+  Label lblTitLokera, lblTitIndirizzo, lblTitModalita, lblTitTrans, lblTitUltima, lblTitOrarioAgg;
+  Label lblTitOperatore, lblTitPrelievo, lblTitRestituzione;
+
+  SessioneSlave slave;
+  SessioneDownload download;
+  Giorno giorno;
+  PannelloLive pannello;
+  Tabellone tabellone;
+  InvioTessere invio;
+  CicloDownload ciclo;
+  Acquisizione acquisizione;
+  Decisioni decisioni;
+  FasceOrarie fasce;
+  MenuPrincipale menu;
+  Accesso accesso;
+  griglia griglia_lokere, griglia_agg_oper;
+  std::unique_ptr<Timer> timerOrario;
+
+ private:
+  void collega_parti();
+  void segnala(const Errore& errore);
+  void imposta_prima_lokera(const Recordset& rs);
+  void elenca_lokere(Recordset& rs);
+  void registra_release();
+  void registra_computer();
+  QString nome_computer() const { return slave.wsk->LocalHostName(); }
+  bool gestito_ = false;         ///< the first cabinet asks this console for its decisions
+  bool schema_vecchio_ = false;  ///< the file was too old to read the cabinets
+  bool tradotta_ = false;        ///< once: a second time would take the translations for Italian
+};
+
+}  // namespace lokera

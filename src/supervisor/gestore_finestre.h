@@ -1,0 +1,37 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include "forms/finestra.h"
+#include "platform/timer.h"
+
+namespace lokera {
+
+/// Owns the windows that the menus open. A window lives from its opening to the turn of the event loop after
+/// its closing; while it lives it is counted among the loaded ones.
+class GestoreFinestre {
+ public:
+  GestoreFinestre(const ElencoFinestre& elenco, TimerFactory& timer);
+
+  /// Makes the window of that name; null for a name that is none. Set by the owner.
+  std::function<std::unique_ptr<Finestra>(const QString& nome)> crea;
+  /// Binds a new window to what draws it, before its Form_Load; brings an open one to the front. May be
+  /// empty.
+  std::function<void(Finestra& finestra)> collega;
+  std::function<void(Finestra& finestra)> in_primo_piano;
+
+  /// Opens the window non-modal; when it is open already it only comes to the front. Null when there is none
+  /// of that name. Form_Load may run the loop.
+  Finestra* apri(const QString& nome);
+
+ private:
+  void togli_chiuse();
+
+  const ElencoFinestre& elenco_;
+  std::unique_ptr<Timer> pulizia_;
+  std::vector<std::unique_ptr<Finestra>> finestre_;
+};
+
+}  // namespace lokera

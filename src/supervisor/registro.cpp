@@ -1,0 +1,78 @@
+#include "supervisor/registro.h"
+
+#include <QRegularExpression>
+
+#include "store/recordset.h"
+
+namespace lokera {
+
+Errore Registro::registra(const Movimento& movimento, QString& descrizione, qlonglong& posizione) {
+  Transazione transazione(db_.connessione_db);
+  if (transazione.inizio()) return transazione.inizio();
+  if (Errore e = aggiorna_chiave(movimento, descrizione, posizione)) return e;
+  if (Errore e = aggiungi_movimento(movimento)) return e;
+  return transazione.conferma();
+}
+
+Errore Registro::aggiorna_chiave(const Movimento& movimento, QString& descrizione, qlonglong& posizione) {
+  descrizione.clear();
+  posizione = -1;
+  Recordset rs;
+  if (Errore e = rs.Open(QStringLiteral("SELECT * FROM tessere_chiavi WHERE codice = ?"), db_.connessione_db,
+                         {movimento.chiave}, Cursore::aggiornabile))
+    return e;
+  if (rs.eof()) return {};
+  descrizione = rs.testo(u"descrizione");
+  if (const QVariant p = rs.valore(u"posizione"); p.isValid()) posizione = p.toLongLong();
+  const bool prelievo = movimento.operazione == 'P';
+  if (Errore e = rs.imposta(u"operatore", prelievo ? movimento.operatore : QStringLiteral(" "))) return e;
+  const bool con_data = prelievo && movimento.data.isValid();
+  if (Errore e = rs.imposta(u"uscita", con_data ? QVariant(movimento.data) : QVariant())) return e;
+  return rs.Update();
+}
+
+Errore Registro::nuovo_id(qlonglong& id) {
+  Recordset rs;
+  if (Errore e = rs.Open(QStringLiteral("SELECT MAX(id) AS ultimo FROM movimenti"), db_.connessione_db))
+    return e;
+  id = rs.numero(u"ultimo") + 1;
+  return {};
+}
+
+Errore Registro::aggiungi_movimento(const Movimento& movimento) {
+  qlonglong id = 1;
+  if (Errore e = nuovo_id(id)) return e;
+  Recordset rs;
+  if (Errore e = rs.Open(QStringLiteral("SELECT * FROM movimenti WHERE id = ?"), db_.connessione_db, {id},
+                         Cursore::aggiornabile))
+    return e;
+  if (rs.eof()) {
+    if (Errore e = rs.AddNew()) return e;
+  }
+  const std::pair<QStringView, QVariant> valori[] = {
+      {u"id", id},
+      {u"operatore", movimento.operatore},
+      {u"intestazione", movimento.intestazione},
+      {u"chiave", movimento.chiave},
+      {u"operazione", QString(QLatin1Char(movimento.operazione))},
+      {u"data", movimento.data.isValid() ? QVariant(movimento.data) : QVariant()},
+  };
+  for (const auto& [nome, valore] : valori) {
+    if (Errore e = rs.imposta(nome, valore)) return e;
+  }
+  return rs.Update();
+}
+
+QDateTime data_transazione(const QString& data_ora) {
+  static const QRegularExpression forma(
+      QStringLiteral("^(\\d\\d)/(\\d\\d)/(\\d\\d) (\\d\\d)\\.(\\d\\d)\\.(\\d\\d)$"));
+  const auto m = forma.match(data_ora);
+  if (!m.hasMatch()) return {};
+  const int anno = m.captured(3).toInt();
+  const QDate giorno(anno < 30 ? 2000 + anno : 1900 + anno, m.captured(2).toInt(), m.captured(1).toInt());
+  const QTime ora(m.captured(4).toInt(), m.captured(5).toInt(), m.captured(6).toInt());
+  if (!giorno.isValid() || !ora.isValid()) return {};
+  return {giorno, ora};
+}
+
+}  // namespace lokera

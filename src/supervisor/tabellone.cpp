@@ -1,0 +1,87 @@
+#include "supervisor/tabellone.h"
+
+#include <algorithm>
+
+#include "store/recordset.h"
+
+namespace lokera {
+
+namespace {
+
+constexpr Colore colore_non_gestita = 0xC0C0C0;
+constexpr Colore colore_presente = 0x7FD67F;
+constexpr Colore colore_uscita = 0xB00020;
+
+template <class T>
+void crea(std::vector<std::unique_ptr<T>>& controlli, Finestra& f, const QString& nome, int da, int a) {
+  for (int i = da; i <= a; ++i) controlli.push_back(std::make_unique<T>(f, nome.arg(i)));
+}
+
+}  // namespace
+
+Tabellone::Tabellone(Finestra& f, Database& db, const Label& lblID)
+    : keyN(f, QStringLiteral("keyN")),
+      keyP(f, QStringLiteral("keyP")),
+      keyU(f, QStringLiteral("keyU")),
+      lblKeyN(f, QStringLiteral("lblKeyN"), QStringLiteral("chiave non gestita")),
+      lblKeyP(f, QStringLiteral("lblKeyP"), QStringLiteral("chiave all'interno della lokera")),
+      lblKeyU(f, QStringLiteral("lblKeyU"), QStringLiteral("chiave uscita")),
+      db_(db),
+      lblID_(lblID) {
+  keyN.FillColor = colore_non_gestita;
+  keyP.FillColor = colore_presente;
+  keyU.FillColor = colore_uscita;
+  crea(pannelli_, f, QStringLiteral("pnlK_%1"), 0, pannelli - 1);
+  crea(numeri_, f, QStringLiteral("Num_%1"), 1, posizioni);
+  crea(lampade_, f, QStringLiteral("lampade_chiave_%1"), 1, posizioni);
+}
+
+void Tabellone::prepara() {
+  for (int i = 1; i <= posizioni; ++i) Num(i).Caption = QString::number(i);
+  for (int p = 0; p < pannelli; ++p) pos_pannelli[static_cast<size_t>(p)] = pnlK(p).Top;
+}
+
+void Tabellone::spegni() {
+  for (int p = 0; p < pannelli; ++p) pnlK(p).Visible = false;
+  for (int i = 0; i < posizioni; ++i) mostra(i, keyN, nero);
+}
+
+void Tabellone::mostra(qlonglong posizione, const Shape& legenda, Colore numero) {
+  if (posizione < 0 || posizione >= posizioni) return;
+  const int mostrata = static_cast<int>(posizione) + 1;
+  lampade_chiave(mostrata).FillColor = legenda.FillColor;
+  Num(mostrata).ForeColor = numero;
+}
+
+Errore Tabellone::situazione_chiavi() {
+  spegni();
+  if (lblID_.Caption().isEmpty()) return {};
+  qlonglong ultima = 0;
+  Recordset rs;
+  Errore errore = rs.Open(QStringLiteral("select * from tessere_chiavi where lokera = ? order by posizione"),
+                          db_.connessione_db, {lblID_.Caption().toLongLong()});
+  while (!errore && !rs.eof()) {
+    const QVariant posto = rs.valore(u"posizione");
+    const qlonglong posizione = posto.isValid() ? posto.toLongLong() : -1;
+    if (rs.testo(u"operatore").trimmed().isEmpty())
+      chiave_presente(posizione);
+    else
+      chiave_uscita(posizione);
+    if (posizione < posizioni) ultima = posizione + 1;
+    errore = rs.MoveNext();
+  }
+  mostra_pannelli(ultima);
+  return errore;
+}
+
+// The panels in use close up, and the last of them always stands at the place of the last panel of all.
+void Tabellone::mostra_pannelli(qlonglong ultima) {
+  const int visibili =
+      static_cast<int>((std::max(ultima, 0LL) + posizioni_pannello - 1) / posizioni_pannello);
+  for (int i = 0; i < visibili; ++i) {
+    pnlK(i).Top = pos_pannelli[static_cast<size_t>(pannelli - visibili + i)];
+    pnlK(i).Visible = true;
+  }
+}
+
+}  // namespace lokera

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <array>
+#include <memory>
+#include <vector>
+
+#include "forms/controlli.h"
+#include "store/database.h"
+
+namespace lokera {
+
+/// A position's number on the board.
+class NumeroPosizione : public Controllo {
+ public:
+  using Controllo::Controllo;
+  Proprieta<QString> Caption{*this, {}};
+  Proprieta<Colore> ForeColor{*this, nero};
+};
+
+/// The board: 144 numbered lamps in 8 panels of 18, for the key positions of the current cabinet. Displayed
+/// positions count from 1; `posizione` of a key counts from 0.
+class Tabellone {
+ public:
+  Tabellone(Finestra& finestra, Database& db, const Label& lblID);
+
+  static constexpr int posizioni = 144;
+  static constexpr int pannelli = 8;
+  static constexpr int posizioni_pannello = 18;
+
+  /// Numbers the positions and remembers where the panels stand.
+  void prepara();
+
+  /// Draws the cabinet of `lblID`. A failed query leaves the board without keys, and is returned.
+  Errore situazione_chiavi();
+
+  /// One lamp after a live movement; a position that has no lamp is ignored.
+  void chiave_uscita(qlonglong posizione) { mostra(posizione, keyU, bianco); }
+  void chiave_presente(qlonglong posizione) { mostra(posizione, keyP, nero); }
+
+  NumeroPosizione& Num(int posizione) { return *numeri_.at(static_cast<size_t>(posizione - 1)); }
+  Shape& lampade_chiave(int posizione) { return *lampade_.at(static_cast<size_t>(posizione - 1)); }
+  SSPanel& pnlK(int p) { return *pannelli_.at(static_cast<size_t>(p)); }
+
+  /// The legend; its colours are those of the board.
+  Shape keyN, keyP, keyU;
+  Label lblKeyN, lblKeyP, lblKeyU;
+
+  std::array<qint32, pannelli> pos_pannelli{};
+
+ private:
+  void mostra(qlonglong posizione, const Shape& legenda, Colore numero);
+  void spegni();
+  void mostra_pannelli(qlonglong ultima);
+
+  Database& db_;
+  const Label& lblID_;
+  std::vector<std::unique_ptr<SSPanel>> pannelli_;
+  std::vector<std::unique_ptr<NumeroPosizione>> numeri_;
+  std::vector<std::unique_ptr<Shape>> lampade_;
+};
+
+}  // namespace lokera
