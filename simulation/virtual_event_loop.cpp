@@ -35,7 +35,7 @@ void VirtualEventLoop::conta_passo() {
     fermo_a_ = adesso();
     fermi_ = 0;
   }
-  if (++fermi_ < passi_fermi) return;
+  if (!inondato_ && ++fermi_ < passi_fermi) return;
   if (!inondato_) qWarning("virtual time: %llu steps without any time passing", fermi_);
   inondato_ = true;
   orologio_.avanza_a(adesso() + std::chrono::milliseconds(1));

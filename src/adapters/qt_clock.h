@@ -1,0 +1,13 @@
+#pragma once
+
+#include "platform/clock.h"
+
+namespace lokera {
+
+class QtClock : public Clock {
+ public:
+  QDateTime adesso() const override { return QDateTime::currentDateTime(); }
+  Monotonic monotono() const override { return std::chrono::steady_clock::now().time_since_epoch(); }
+};
+
+}  // namespace lokera

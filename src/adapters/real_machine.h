@@ -1,0 +1,29 @@
+#pragma once
+
+#include "adapters/qt_clock.h"
+#include "adapters/qt_desktop.h"
+#include "adapters/qt_dialogs.h"
+#include "adapters/qt_event_loop.h"
+#include "adapters/qt_timer.h"
+#include "adapters/qt_winsock.h"
+#include "platform/machine.h"
+
+namespace lokera {
+
+/// The computer that the program runs on. The application object must exist before it and outlive it.
+class RealMachine {
+ public:
+  RealMachine() : ciclo_(orologio_) {}
+  Machine macchina() { return {orologio_, ciclo_, timer_, socket_, messaggi_, desktop_, programma_}; }
+
+ private:
+  QtClock orologio_;
+  QtEventLoop ciclo_;
+  QtTimers timer_;
+  QtWinsocks socket_;
+  QtMessageBox messaggi_;
+  QtDesktop desktop_;
+  QtProgram programma_;
+};
+
+}  // namespace lokera
