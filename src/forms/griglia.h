@@ -13,6 +13,8 @@
 
 namespace lokera {
 
+struct TabellaDaLista;
+
 /// What the lists of the windows need of the console; lives as long as it.
 struct ServiziGriglia {
   Traduttore& traduttore;
@@ -59,17 +61,26 @@ class griglia {
   Colore colore1 = colore_di_serie;
   Colore colore2 = colore_di_serie;
 
+  SSOleDBGrid& grd() const { return grd_; }
+
  private:
+  friend bool sostituisci_tabelle(Connection& conn, const std::vector<TabellaDaLista>& tabelle);
+
   bool colonne_da_tabella(Connection& conn, const QString& nome_form, const QString& nome_griglia);
-  void colonne_da_modello(Connection& conn, const QString& sql, int larghezza_griglia);
+  void colonne_da_modello(Connection& conn, const QString& sql);
+  void adatta(int larghezza_griglia);
+  bool riempi(Recordset& rs);
+  bool popolamento_fallito(const Errore& errore);
+  void annota(const Errore& errore);
   void salva_cella(Recordset& rs, int riga, int colonna, const Campo& campo);
   bool salva_riga(Recordset& rs, int riga, const QStringList& valori, const Completa& completa);
-  bool popolamento_fallito(const Errore& errore);
+  Errore riscrivi(Connection& conn, const TabellaDaLista& tabella);
 
   SSOleDBGrid& grd_;
   ServiziGriglia& servizi_;
   bool errore_salvataggio_ = false;
-  Errore errore_;  ///< of the last saving
+  int riga_rifiutata_ = -1;
+  Errore errore_;  ///< the first of the last saving
 };
 
 /// One table that takes the rows of a list in place of its own.
@@ -77,11 +88,11 @@ struct TabellaDaLista {
   griglia& lista;
   QString cancella;  ///< statement that empties the table
   QString apri;      ///< query whose rows are the table
-  griglia::Completa completa;
+  griglia::Completa completa = {};
 };
 
 /// Replaces the tables by the lists in one transaction, all or nothing. On a failure everything is as it was
 /// and, with the transaction ended, the message is shown; returns false.
-bool sostituisci_tabelle(Connection& conn, MessageBox& messaggi, const std::vector<TabellaDaLista>& tabelle);
+bool sostituisci_tabelle(Connection& conn, const std::vector<TabellaDaLista>& tabelle);
 
 }  // namespace lokera

@@ -65,6 +65,9 @@ class SSOleDBGrid : public Controllo {
   Proprieta<bool> AllowDelete{*this, false};
   Proprieta<bool> AllowUpdate{*this, false};  ///< cells can be edited in place
 
+  Proprieta<Colore> BackColorEven{*this, bianco};  ///< of every other row, from the first
+  Proprieta<Colore> BackColorOdd{*this, bianco};
+
   int Cols() const { return static_cast<int>(colonne_.size()); }
   const Colonna& Columns(int i) const { return colonne_[static_cast<size_t>(i)]; }
   int colonna(QStringView campo) const;               ///< by the field's name; -1 when there is none

@@ -1,0 +1,215 @@
+// Columns and filling of a list.
+#include "forms/griglia.h"
+
+#include "forms/formato.h"
+
+namespace lokera {
+
+namespace {
+
+constexpr int righe_per_ridisegno = 100;
+constexpr Monotonic tempo_senza_cedere = std::chrono::milliseconds(20);
+
+void tipo_dato(Colonna& c, const QString& tipo) {
+  if (tipo == QStringLiteral("numero")) c.allineamento = Allineamento::destra;
+  if (tipo == QStringLiteral("data")) c.allineamento = Allineamento::centro;
+  if (tipo == QStringLiteral("check")) {
+    c.allineamento = Allineamento::centro;
+    c.stile = StileCella::spunta;
+  }
+}
+
+Colonna colonna_da_riga(const Recordset& rs) {
+  Colonna c;
+  c.Caption = rs.testo(u"titolo_colonna").trimmed();
+  c.campo = rs.testo(u"campo").trimmed();
+  c.Width = static_cast<int>(rs.numero(u"larghezza"));
+  c.Visible = rs.valore(u"visibile").toDouble() != 0;
+  c.formato = rs.testo(u"formato_numerico").trimmed();
+  c.caratteri = static_cast<int>(rs.numero(u"caratteri"));
+  tipo_dato(c, rs.testo(u"tipo_dato").trimmed().toLower());
+  return c;
+}
+
+void colonna_da_campo(Colonna& c, const Campo& campo) {
+  const auto numero = [&](int larghezza) {
+    c.Width = larghezza;
+    c.allineamento = Allineamento::destra;
+  };
+  c.Caption = c.campo = campo.nome;
+  switch (campo.tipo) {
+    case TipoCampo::intero_breve:
+      return numero(700);
+    case TipoCampo::intero:
+      return numero(800);
+    case TipoCampo::doppio:
+    case TipoCampo::numerico:
+      return numero(1700);
+    case TipoCampo::data:
+      c.Width = 1100;
+      c.allineamento = Allineamento::centro;
+      return;
+    case TipoCampo::booleano:
+      c.Width = 800;
+      c.allineamento = Allineamento::centro;
+      c.stile = StileCella::spunta;
+      return;
+    case TipoCampo::testo_stretto:
+    case TipoCampo::testo:
+      c.Width = campo.dimensione * 100 + 200;
+      c.allineamento = Allineamento::sinistra;
+      c.caratteri = campo.dimensione;
+      return;
+    case TipoCampo::memo:
+      return;
+  }
+}
+
+/// Where a column's cells come from, worked out once for all rows.
+struct Fonte {
+  int indice = -1;
+  TipoCampo tipo = TipoCampo::testo;
+  bool spunta = false;
+  QByteArray formato;
+};
+
+std::vector<Fonte> fonti(const SSOleDBGrid& grd, const Recordset& rs) {
+  std::vector<Fonte> tutte;
+  for (int i = 0; i < grd.Cols(); ++i) {
+    const Colonna& c = grd.Columns(i);
+    const int indice = c.campo.isEmpty() ? -1 : rs.indice(c.campo);
+    const TipoCampo tipo = indice < 0 ? TipoCampo::testo : rs.campo(indice).tipo;
+    tutte.push_back({indice, tipo, c.stile == StileCella::spunta, c.formato.toUtf8()});
+  }
+  return tutte;
+}
+
+void aggiungi_cella(QByteArray& a, const Recordset& rs, const Fonte& f) {
+  if (f.indice < 0) return;
+  const QByteArrayView grezzo = rs.testo_grezzo(f.indice);
+  if (f.spunta)
+    a += (grezzo.toDouble() != 0 ? testo_spuntato : testo_non_spuntato).toUtf8();
+  else
+    formatta(a, grezzo, f.tipo, f.formato);
+}
+
+void scrivi_riga(QByteArray& a, const Recordset& rs, const std::vector<Fonte>& fonti) {
+  a.resize(0);
+  for (const Fonte& f : fonti) {
+    aggiungi_cella(a, rs, f);
+    a += '\t';
+  }
+  a.chop(1);
+}
+
+}  // namespace
+
+griglia::griglia(SSOleDBGrid& grd, ServiziGriglia& servizi) : grd_(grd), servizi_(servizi) {}
+
+void griglia::defaults(Colore colore1, Colore colore2) {
+  this->colore1 = colore1;
+  this->colore2 = colore2;
+  grd_.BackColorEven = colore1;
+  grd_.BackColorOdd = colore2;
+}
+
+void griglia::layout(Connection& conn_layout, const QString& nome_form, const QString& nome_griglia,
+                     Connection& conn_dati, const QString& sql_modello, int larghezza_griglia) {
+  defaults();
+  if (!nome_form.isEmpty() && colonne_da_tabella(conn_layout, nome_form, nome_griglia)) return;
+  colonne_da_modello(conn_dati, sql_modello);
+  adatta(larghezza_griglia);
+}
+
+bool griglia::colonne_da_tabella(Connection& conn, const QString& nome_form, const QString& nome_griglia) {
+  const QString sql = QStringLiteral(
+      "select * from layout_griglie where programma = 'Zandor' and nome_form = ? and nome_griglia = ? "
+      "order by nr_colonna");
+  Recordset rs;
+  if (rs.Open(sql, conn, {nome_form, nome_griglia})) return false;
+  std::vector<Colonna> colonne;
+  while (!rs.eof()) {
+    colonne.push_back(colonna_da_riga(rs));
+    if (rs.MoveNext()) return false;
+  }
+  if (colonne.empty()) return false;
+  grd_.imposta_colonne(std::move(colonne));
+  return true;
+}
+
+void griglia::colonne_da_modello(Connection& conn, const QString& sql) {
+  Recordset rs;
+  if (rs.Open(sql, conn)) return;
+  std::vector<Colonna> colonne;
+  for (int i = 0; i < std::max(grd_.Cols(), rs.conta_campi()); ++i) {
+    Colonna& c = colonne.emplace_back(i < grd_.Cols() ? grd_.Columns(i) : Colonna());
+    if (i < rs.conta_campi()) colonna_da_campo(c, rs.campo(i));
+  }
+  grd_.imposta_colonne(std::move(colonne));
+}
+
+/// Widens the visible columns in proportion until they fill the list beside its scroll bar, to the unit.
+void griglia::adatta(int larghezza_griglia) {
+  const int spazio = larghezza_griglia - 400 * servizi_.larghezza_schermo / 640;
+  std::vector<Colonna> colonne;
+  qint64 totale = 0;
+  for (int i = 0; i < grd_.Cols(); ++i) {
+    colonne.push_back(grd_.Columns(i));
+    if (colonne.back().Visible) totale += colonne.back().Width;
+  }
+  if (totale == 0 || totale >= spazio) return;
+  qint64 prima = 0;
+  for (Colonna& c : colonne) {
+    if (!c.Visible) continue;
+    const qint64 dopo = prima + c.Width;
+    c.Width = static_cast<int>(dopo * spazio / totale - prima * spazio / totale);
+    prima = dopo;
+  }
+  grd_.imposta_colonne(std::move(colonne));
+}
+
+bool griglia::popola(Connection& conn, const QString& sql, const QVariantList& valori) {
+  const Finestra::Attesa attesa(grd_.finestra());
+  grd_.RemoveAll();
+  const quint64 mio = grd_.svuotamenti();
+  Recordset rs;
+  if (const Errore e = rs.Open(sql, conn, valori)) return popolamento_fallito(e);
+  if (!riempi(rs)) return false;
+  if (grd_.Row() < 0) grd_.Row(0);
+  return grd_.svuotamenti() == mio;
+}
+
+/// False when an error ended it or another filling of the list took its place.
+bool griglia::riempi(Recordset& rs) {
+  const quint64 mio = grd_.svuotamenti();
+  const std::vector<Fonte> colonne = fonti(grd_, rs);
+  const Clock& orologio = servizi_.attesa.orologio();
+  Monotonic ceduto = orologio.monotono();
+  QByteArray riga;
+  while (!rs.eof()) {
+    const int prima = grd_.Rows();
+    Errore errore;
+    grd_.Redraw(false);
+    for (int i = 0; i < righe_per_ridisegno && !rs.eof() && !errore; ++i) {
+      scrivi_riga(riga, rs, colonne);
+      grd_.AddItem(QByteArrayView(riga));
+      errore = rs.MoveNext();
+    }
+    grd_.Redraw(true);
+    if (errore) return popolamento_fallito(errore);
+    grd_.ReDraw(prima);
+    if (orologio.monotono() - ceduto <= tempo_senza_cedere) continue;
+    servizi_.attesa.cedi();
+    if (grd_.svuotamenti() != mio) return false;
+    ceduto = orologio.monotono();
+  }
+  return true;
+}
+
+bool griglia::popolamento_fallito(const Errore& errore) {
+  grd_.RemoveAll();
+  servizi_.messaggi.mostra(errore.descrizione);
+  return false;
+}
+
+}  // namespace lokera

@@ -1,0 +1,130 @@
+// Saving a list back.
+#include <cmath>
+
+#include "forms/formato.h"
+#include "forms/griglia.h"
+#include "forms/zan_form.h"
+
+namespace lokera {
+
+namespace {
+
+const QString& vero() {
+  static const QString testo = QStringLiteral("Vero");
+  return testo;
+}
+
+QVariant numero(double n) {
+  const bool intero = n == std::floor(n) && std::abs(n) < 1e15;
+  return intero ? QVariant(static_cast<qlonglong>(n)) : QVariant(n);
+}
+
+/// A text that is no date goes to the store as it is, to be refused there.
+QVariant data(const QString& testo) {
+  if (testo.trimmed().isEmpty()) return {};
+  const QDateTime letta = leggi_data_digitata(testo);
+  return letta.isValid() ? QVariant(letta) : QVariant(testo);
+}
+
+QVariant valore(const QString& testo, TipoCampo tipo) {
+  if (tipo == TipoCampo::data) return data(testo);
+  if (tipo == TipoCampo::booleano) return testo == testo_spuntato || testo == vero();
+  if (e_numero(tipo)) return numero(leggi_numero(testo).value_or(0));
+  return testo.isEmpty() ? QStringLiteral(" ") : testo;
+}
+
+}  // namespace
+
+void griglia::annota(const Errore& errore) {
+  if (!errore_) errore_ = errore;
+}
+
+void griglia::salva_cella(Recordset& rs, int riga, int colonna, const Campo& campo) {
+  const QString testo = grd_.cella(riga, colonna);
+  if (grd_.Columns(colonna).stile == StileCella::spunta)
+    return annota(rs.imposta(campo.nome, testo == testo_spuntato));
+  if (e_numero(campo.tipo) && !leggi_numero(testo)) grd_.imposta_cella(riga, colonna, QStringLiteral("0"));
+  annota(rs.imposta(campo.nome, valore(testo, campo.tipo)));
+}
+
+void griglia::salva_record(Recordset& rs, int riga) {
+  for (int i = 0; i < grd_.Cols(); ++i) {
+    const QString& nome = grd_.Columns(i).campo;
+    const int campo = nome.isEmpty() ? -1 : rs.indice(nome);
+    if (campo >= 0) salva_cella(rs, riga, i, rs.campo(campo));
+  }
+  pulisci_valori(rs);
+}
+
+bool griglia::salva_riga(Recordset& rs, int riga, const QStringList& valori, const Completa& completa) {
+  if (rs.AddNew()) return true;  // the row is dropped
+  for (qsizetype i = 0; i + 1 < valori.size(); i += 2) {
+    const int campo = rs.indice(valori[i]);
+    if (campo >= 0) annota(rs.imposta(valori[i], valore(valori[i + 1], rs.campo(campo).tipo)));
+  }
+  salva_record(rs, riga);
+  if (completa) completa(rs, riga);
+  // A cell that the record didn't take must not be stored as something else.
+  if (!errore_) errore_ = rs.Update();
+  if (!errore_) return true;
+  rs.CancelUpdate();
+  return false;
+}
+
+bool griglia::scrivi_tutto(Recordset& rs, const QString& valori, const Completa& completa) {
+  errore_ = {};
+  riga_rifiutata_ = -1;
+  grd_.Update();
+  grd_.Row(0);
+  const QStringList coppie = valori.isEmpty() ? QStringList() : valori.split(u'\t');
+  for (int riga = 0; riga < grd_.Rows() && riga_rifiutata_ < 0; ++riga)
+    if (!salva_riga(rs, riga, coppie, completa)) riga_rifiutata_ = riga;
+  rs.Close();
+  errore_salvataggio_ = riga_rifiutata_ >= 0;
+  return !errore_salvataggio_;
+}
+
+void griglia::mostra_errore() {
+  if (!errore_) return;
+  grd_.Row(riga_rifiutata_);
+  Traduttore& t = servizi_.traduttore;
+  const QString testo = t.traduci(QStringLiteral("Errore ")) + QString::number(errore_.numero) +
+                        t.traduci(QStringLiteral(" durante la registrazione.")) + u'\r' + errore_.descrizione;
+  servizi_.messaggi.mostra(testo, t.traduci(QStringLiteral("Errore")));
+}
+
+void griglia::salva_tutto(Recordset& rs, const QString& valori) {
+  if (!scrivi_tutto(rs, valori)) mostra_errore();
+}
+
+Errore griglia::riscrivi(Connection& conn, const TabellaDaLista& tabella) {
+  if (Errore e = conn.Execute(tabella.cancella)) return e;
+  Recordset rs;
+  if (Errore e = rs.Open(tabella.apri, conn, {}, Cursore::aggiornabile)) return e;
+  scrivi_tutto(rs, {}, tabella.completa);
+  return errore_;
+}
+
+bool sostituisci_tabelle(Connection& conn, const std::vector<TabellaDaLista>& tabelle) {
+  // Handlers of an edit may take their time, so it is over before the transaction begins.
+  for (const TabellaDaLista& t : tabelle) t.lista.grd().Update();
+  griglia* lista = tabelle.empty() ? nullptr : &tabelle.front().lista;
+  Errore errore;
+  {
+    Transazione transazione(conn);
+    errore = transazione.inizio();
+    for (const TabellaDaLista& t : tabelle) {
+      if (errore) break;
+      lista = &t.lista;
+      errore = lista->riscrivi(conn, t);
+    }
+    if (!errore) errore = transazione.conferma();
+  }
+  if (!errore) return true;
+  lista->errore_ = errore;
+  lista->errore_salvataggio_ = true;
+  lista->mostra_errore();
+  return false;
+}
+
+}  // namespace lokera

@@ -1,0 +1,94 @@
+#include "forms/formato.h"
+
+#include <gtest/gtest.h>
+
+#include "store/date_jet.h"
+
+namespace lokera {
+namespace {
+
+TEST(Formato, StoredValuesAsAUserReadsThem) {
+  struct Caso {
+    TipoCampo tipo;
+    const char *grezzo, *formato, *atteso;
+  };
+  const auto data = TipoCampo::data;
+  const auto numero = TipoCampo::doppio;
+  const Caso casi[] = {
+      {data, "2008-11-30 00:00:00", "", "30/11/2008"},
+      {data, "2008-11-30 15:45:01", "", "30/11/2008 15.45.01"},
+      {data, "2008-01-02 00:00:09", "", "02/01/2008 00.00.09"},
+      {data, "1899-12-30 08:30:00", "", "08.30"},
+      {data, "1899-12-30 08:30:15", "", "08.30.15"},
+      {data, "1899-12-30 00:00:00", "", "00.00"},
+      {data, "2008-11-30 15:45:01", "dd/mm/yyyy", "30/11/2008"},
+      {data, "2008-01-02 05:04:01", "d/m/yy hh:mm", "2/1/08 05:04"},
+      {data, "1899-12-30 08:30:00", "hh:nn", "08:30"},
+      {data, "1899-12-30 08:30:00", "hh.nn.ss", "08.30.00"},
+      {data, "guasta", "", "guasta"},
+      {data, "", "hh:nn", ""},
+      {TipoCampo::intero, "7", "0000", "0007"},
+      {TipoCampo::intero, "1234567", "#,##0", "1.234.567"},
+      {TipoCampo::intero, "0", "#,##0", "0"},
+      {TipoCampo::intero, "-45", "0000", "-0045"},
+      {numero, "3.5", "", "3,5"},
+      {numero, "1234.5", "#,##0.00", "1.234,50"},
+      {numero, "0.25", "0.###", "0,25"},
+      {numero, "12", "0.##", "12"},
+      {TipoCampo::booleano, "0", "", "Falso"},
+      {TipoCampo::booleano, "1", "", "Vero"},
+      {TipoCampo::testo, "a\tb 3.5", "0000", "a b 3.5"},
+  };
+  for (const Caso& c : casi) {
+    QByteArray a;
+    formatta(a, c.grezzo, c.tipo, c.formato);
+    EXPECT_EQ(a, c.atteso) << c.grezzo << " as " << c.formato;
+  }
+}
+
+TEST(Formato, ValuesReadTheSameAsStoredTexts) {
+  EXPECT_EQ(formatta(QDateTime(QDate(2008, 11, 30), QTime(15, 45, 1))),
+            QStringLiteral("30/11/2008 15.45.01"));
+  EXPECT_EQ(formatta(ora(QTime(8, 5))), QStringLiteral("08.05"));
+  EXPECT_EQ(formatta(2.5), QStringLiteral("2,5"));
+  EXPECT_EQ(formatta(QVariant(qlonglong(12)), u"0000"), QStringLiteral("0012"));
+  EXPECT_EQ(formatta(QVariant()), QString());
+}
+
+TEST(Formato, DatesAndTimesAsUsersWriteThem) {
+  const auto giorno = [](int g, int m, int a, QTime t = QTime(0, 0)) { return QDateTime(QDate(a, m, g), t); };
+  const std::pair<QString, QDateTime> casi[] = {
+      {QStringLiteral("8"), ora(QTime(8, 0))},
+      {QStringLiteral("8.30"), ora(QTime(8, 30))},
+      {QStringLiteral(" 08:30 "), ora(QTime(8, 30))},
+      {QStringLiteral("8.30.15"), ora(QTime(8, 30, 15))},
+      {QStringLiteral("30/11/2008"), giorno(30, 11, 2008)},
+      {QStringLiteral("1/2/08"), giorno(1, 2, 2008)},
+      {QStringLiteral("01-02-2008 8.05"), giorno(1, 2, 2008, QTime(8, 5))},
+      {QStringLiteral("24"), {}},
+      {QStringLiteral("8.60"), {}},
+      {QStringLiteral("30/2/2008"), {}},
+      {QStringLiteral("otto"), {}},
+      {QStringLiteral(""), {}},
+  };
+  for (const auto& [testo, attesa] : casi)
+    EXPECT_EQ(leggi_data_digitata(testo), attesa) << testo.toStdString();
+}
+
+TEST(Formato, NumbersAsUsersWriteThem) {
+  const std::pair<QString, std::optional<double>> casi[] = {{QStringLiteral("12"), 12},
+                                                            {QStringLiteral("-3,5"), -3.5},
+                                                            {QStringLiteral("3.5"), 3.5},
+                                                            {QStringLiteral("1.250"), 1250},
+                                                            {QStringLiteral("1.250,5"), 1250.5},
+                                                            {QStringLiteral(" 7 "), 7},
+                                                            {QStringLiteral(",5"), 0.5},
+                                                            {QStringLiteral("12a"), {}},
+                                                            {QStringLiteral(""), {}},
+                                                            {QStringLiteral("1.25.000"), {}},
+                                                            {QStringLiteral("99999999999"), 99999999999.0}};
+  for (const auto& [testo, atteso] : casi) EXPECT_EQ(leggi_numero(testo), atteso) << testo.toStdString();
+}
+
+}  // namespace
+}  // namespace lokera

@@ -1,0 +1,180 @@
+#include "forms/ss_ole_db_grid.h"
+
+#include <gtest/gtest.h>
+
+namespace lokera {
+namespace {
+
+/// A list of three columns, the second hidden, that writes down what happens to it.
+struct Lista : VistaGriglia {
+  Lista() {
+    std::vector<Colonna> colonne(3);
+    colonne[0].campo = QStringLiteral("codice");
+    colonne[1].Visible = false;
+    colonne[2].caratteri = 5;
+    grd.imposta_colonne(colonne);
+    grd.AllowUpdate = grd.AllowAddNew = grd.AllowDelete = true;
+    grd.vista(this);
+    grd.RowColChange = [this] { eventi += QStringLiteral("mosso %1").arg(grd.Row()); };
+    grd.Change = [this](int r, int c) { eventi += QStringLiteral("cambiata %1,%2").arg(r).arg(c); };
+    grd.AfterUpdate = [this](int r) { eventi += QStringLiteral("lasciata %1").arg(r); };
+    grd.BeforeDelete = [this](int r) {
+      eventi += QStringLiteral("elimina? %1").arg(r);
+      return cancellabile;
+    };
+    grd.AfterDelete = [this](int r) { eventi += QStringLiteral("eliminata %1").arg(r); };
+  }
+  void riempi(int righe) {
+    for (int i = 0; i < righe; ++i)
+      grd.AddItem(QStringList{QString::number(i), QString(), QStringLiteral("testo")});
+  }
+  Cella corrente() const { return {grd.Row(), grd.Col()}; }
+
+  void colonne_cambiate() override {}
+  void righe_cambiate() override {}
+  void riga_cambiata(int) override {}
+  void righe_aggiunte(int, int) override {}
+  void riga_corrente(int) override {}
+  void modifica_da_confermare() override {
+    if (const auto conferma = std::exchange(in_cella, {})) conferma();
+  }
+
+  ElencoFinestre elenco;
+  Finestra finestra{elenco, QStringLiteral("frm_prova")};
+  SSOleDBGrid grd{finestra, QStringLiteral("grd")};
+  QStringList eventi;
+  bool cancellabile = true;
+  std::function<void()> in_cella;  ///< the edit that a cell's editor still holds
+};
+
+TEST(SSOleDBGrid, AnEditIsToldOnceWhenItsRowIsLeft) {
+  Lista l;
+  l.riempi(3);
+  l.grd.Row(0);
+  l.grd.utente_modifica(0, 2, QStringLiteral("uno"));
+  l.grd.utente_modifica(0, 0, QStringLiteral("9"));
+  l.grd.utente_modifica(0, 0, QStringLiteral("9"));
+  l.grd.utente_sceglie(2, 2);
+  l.grd.Update();
+  EXPECT_EQ(l.eventi.join(u'/'), QStringLiteral("mosso 0/cambiata 0,2/cambiata 0,0/lasciata 0/mosso 2"));
+}
+
+TEST(SSOleDBGrid, AnEditStillInItsCellSurvivesTheMove) {
+  Lista l;
+  l.riempi(2);
+  l.grd.Row(0);
+  l.in_cella = [&] { l.grd.utente_modifica(0, 2, QStringLiteral("lungo testo")); };
+  l.grd.Row(1);
+  EXPECT_EQ(l.grd.cella(0, 2), QStringLiteral("lungo"));
+  EXPECT_EQ(l.eventi.join(u'/'), QStringLiteral("mosso 0/cambiata 0,2/lasciata 0/mosso 1"));
+}
+
+TEST(SSOleDBGrid, OnlyOpenCellsTakeAnEdit) {
+  Lista l;
+  l.riempi(1);
+  Colonna bloccata = l.grd.Columns(0);
+  bloccata.bloccata = true;
+  l.grd.imposta_colonna(0, bloccata);
+  EXPECT_FALSE(l.grd.utente_modifica(0, 0, QStringLiteral("x")));
+  EXPECT_FALSE(l.grd.utente_modifica(1, 2, QStringLiteral("x")));
+  l.grd.AllowUpdate = false;
+  EXPECT_FALSE(l.grd.utente_modifica(0, 2, QStringLiteral("x")));
+  EXPECT_EQ(l.grd.cella(0, u"CODICE"), QStringLiteral("0"));
+}
+
+TEST(SSOleDBGrid, ReturnWalksTheCellsAndOpensOneRowAtTheEnd) {
+  Lista l;
+  l.riempi(2);
+  std::vector<Cella> cammino;
+  for (int i = 0; i < 8 && l.grd.utente_avanti(); ++i) cammino.push_back(l.corrente());
+  EXPECT_EQ(cammino, (std::vector<Cella>{{0, 0}, {0, 2}, {1, 0}, {1, 2}, {2, 0}, {2, 2}}));
+  EXPECT_EQ(l.grd.Rows(), 3);
+  EXPECT_TRUE(l.grd.utente_indietro());
+  EXPECT_TRUE(l.grd.utente_indietro());
+  EXPECT_EQ(l.corrente(), (Cella{1, 2}));
+  EXPECT_EQ(l.grd.Rows(), 2) << "the new row was left without an edit";
+}
+
+TEST(SSOleDBGrid, LockedCellsArePassedOverOnlyWhereCellsAreEdited) {
+  Lista l;
+  l.riempi(1);
+  Colonna bloccata = l.grd.Columns(2);
+  bloccata.bloccata = true;
+  l.grd.imposta_colonna(2, bloccata);
+  EXPECT_EQ(l.grd.cella_dopo({0, 0}), std::nullopt);
+  l.grd.AllowUpdate = false;
+  EXPECT_EQ(l.grd.cella_dopo({0, 0}), (Cella{0, 2}));
+}
+
+TEST(SSOleDBGrid, ANewRowStaysOnlyOnceItIsEdited) {
+  Lista l;
+  l.riempi(1);
+  EXPECT_EQ(l.grd.utente_aggiunge_riga(), 1);
+  l.grd.Update();
+  EXPECT_EQ(l.grd.Rows(), 1);
+  l.in_cella = [&] { l.grd.utente_modifica(1, 0, QStringLiteral("7")); };
+  EXPECT_EQ(l.grd.utente_aggiunge_riga(), 1) << "an edit of no row is dropped";
+  l.in_cella = [&] { l.grd.utente_modifica(1, 0, QStringLiteral("7")); };
+  l.grd.Update();
+  EXPECT_EQ(l.grd.Rows(), 2);
+  EXPECT_EQ(l.grd.cella(1, 0), QStringLiteral("7"));
+  l.grd.AllowAddNew = false;
+  EXPECT_EQ(l.grd.utente_aggiunge_riga(), -1);
+}
+
+TEST(SSOleDBGrid, ADeletionAsksFirstAndDropsThePendingEdit) {
+  Lista l;
+  l.riempi(3);
+  l.grd.Row(1);
+  l.grd.utente_modifica(1, 0, QStringLiteral("9"));
+  l.eventi.clear();
+  l.cancellabile = false;
+  EXPECT_FALSE(l.grd.utente_elimina(1));
+  l.cancellabile = true;
+  EXPECT_TRUE(l.grd.utente_elimina(1));
+  l.grd.Row(0);
+  EXPECT_EQ(l.eventi.join(u'/'), QStringLiteral("elimina? 1/elimina? 1/eliminata 1/mosso 0"));
+  EXPECT_EQ(l.grd.cella(1, 0), QStringLiteral("2"));
+}
+
+TEST(SSOleDBGrid, ARowOfAListThatWasFilledAnewMeanwhileIsNotDeleted) {
+  Lista l;
+  l.riempi(2);
+  l.grd.BeforeDelete = [&](int) {
+    l.grd.RemoveAll();
+    l.riempi(2);
+    return true;
+  };
+  EXPECT_FALSE(l.grd.utente_elimina(0));
+  EXPECT_EQ(l.grd.Rows(), 2);
+}
+
+TEST(SSOleDBGrid, RemovedRowsTakeTheirMarksAlong) {
+  Lista l;
+  l.riempi(5);
+  l.grd.Row(4);
+  l.grd.utente_seleziona({3, 1, 4});
+  l.grd.RemoveItem(1);
+  EXPECT_EQ(l.grd.selezionate(), (std::vector<int>{2, 3}));
+  EXPECT_EQ(l.grd.Row(), 3);
+  l.grd.RemoveItem(3);
+  EXPECT_EQ(l.grd.Row(), 2);
+}
+
+TEST(SSOleDBGrid, AChosenEntryGoesIntoTheCellBeforeItIsTold) {
+  Lista l;
+  l.riempi(1);
+  SSOleDBDropDown drp(l.finestra, QStringLiteral("drpGiorni"));
+  drp.AddItem({QStringLiteral("1"), QStringLiteral("Uffici")});
+  QString visto;
+  drp.CloseUp = [&](int voce) { visto = l.grd.cella(0, 0) + drp.voci()[static_cast<size_t>(voce)].value(1); };
+  Colonna c = l.grd.Columns(0);
+  c.elenco = &drp;
+  l.grd.imposta_colonna(0, c);
+  EXPECT_TRUE(l.grd.utente_sceglie_voce(0, 0, 0));
+  EXPECT_FALSE(l.grd.utente_sceglie_voce(0, 0, 1));
+  EXPECT_EQ(visto, QStringLiteral("1Uffici"));
+}
+
+}  // namespace
+}  // namespace lokera
