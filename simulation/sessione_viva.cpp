@@ -136,9 +136,8 @@ void SessioneViva::esito_fine(QByteArrayView risposta) {
   const QByteArray cifra = campo_frame(risposta, 16, 1).toByteArray();
   annota(cifra);
   if (n_ != 0) {
-    const QByteArray us = attesa_us();
     cabinet_.stato().registro.passo(n_, Passo::Risposto, cabinet_.stato().orologio.adesso(),
-                                    {cifra.isEmpty() ? "-" : cifra, us});
+                                    {cifra.isEmpty() ? "-" : cifra, attesa_us_});
     if (cifra != "0") trattieni();
     n_ = 0;
   }
@@ -210,15 +209,12 @@ void SessioneViva::caduta() {
   chiudi(fine_);
 }
 
-QByteArray SessioneViva::attesa_us() const {
-  const auto us = std::chrono::duration_cast<std::chrono::microseconds>(clock_.monotono() - inviato_a_);
-  return QByteArray::number(static_cast<qint64>(us.count()));
-}
-
 void SessioneViva::annota(const QByteArray& risposta) {
+  const auto us = std::chrono::duration_cast<std::chrono::microseconds>(clock_.monotono() - inviato_a_);
+  attesa_us_ = QByteArray::number(static_cast<qint64>(us.count()));
   cabinet_.stato().registro.richiesta(
       cabinet_.nome(), cabinet_.stato().orologio.adesso(),
-      {codice_, inviato_.mid(5), risposta.isEmpty() ? "-" : risposta, attesa_us(), richiesta_.etichetta});
+      {codice_, inviato_.mid(5), risposta.isEmpty() ? "-" : risposta, attesa_us_, richiesta_.etichetta});
 }
 
 void SessioneViva::chiudi(Fine fine) {

@@ -76,7 +76,6 @@ class SessioneViva {
   void senza_risposta();
   void trattieni();
   void annota(const QByteArray& risposta);
-  QByteArray attesa_us() const;
   void chiudi(Fine fine);
   void lascia_canali();
 
@@ -93,7 +92,8 @@ class SessioneViva {
   QByteArray codice_;  // of the frame that waits for its answer
   QByteArray inviato_;
   Monotonic inviato_a_{};
-  quint64 n_ = 0;  // the movement being reported, 0 for none
+  QByteArray attesa_us_;  // from that moment to the answer noted last
+  quint64 n_ = 0;         // the movement being reported, 0 for none
   Movimento movimento_;
 };
 
