@@ -12,8 +12,8 @@ namespace lokera {
 
 class Statement;
 
-/// One open database. Statements are written in the system's own dialect (Jet's: brackets, #mm/dd/yyyy#, `top n`,
-/// its column types), each value a `?` that is bound in order. Values are QVariant: invalid is Null, then
+/// One open database. Statements are written in the system's own dialect (Jet's: brackets, #mm/dd/yyyy#, `top
+/// n`, its column types), each value a `?` that is bound in order. Values are QVariant: invalid is Null, then
 /// qlonglong, double, bool, QString, QDateTime. A time of day alone is a QDateTime on 30/12/1899 (see `ora`).
 ///
 /// Not safe to use from two threads. Recordsets must be closed before their connection is destroyed.
@@ -40,11 +40,12 @@ class Connection {
   void RollbackTrans();
   bool in_transazione() const;
 
-  /// A number that differs after any change to the table made through this connection, and after any change to
-  /// the file made by another console. Costs less than a query.
+  /// A number that differs after any change to the table made through this connection, and after any change
+  /// to the file made by another console. Costs less than a query.
   quint64 versione_tabella(const QString& tabella) const;
 
-  /// How long (ms) a statement waits for another console's lock before it fails. Short, since it holds the loop.
+  /// How long (ms) a statement waits for another console's lock before it fails. Short, since it holds the
+  /// loop.
   static constexpr int attesa_blocco_ms = 250;
 
  private:

@@ -1,0 +1,98 @@
+#include <QFileInfo>
+
+#include "store/errori_motore.h"
+#include "store/funzioni_sql.h"
+#include "store/motore.h"
+
+namespace lokera {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+Errore file_apribile(const QString& file, bool nuovo) {
+  const QFileInfo info(file);
+  if (nuovo) {
+    if (info.exists()) return {SQLITE_CANTOPEN, u"Il file esiste già: "_s + file};
+    return {};
+  }
+  if (!info.isFile()) return {SQLITE_CANTOPEN, u"File non trovato: "_s + file};
+  if (info.size() == 0) return {SQLITE_NOTADB, u"Il file è vuoto: "_s + file};
+  return {};
+}
+
+struct Impostazione {
+  const char* nome;
+  const char* valore;
+  const char* riletto;
+};
+
+/// A commit must outlive a power failure, and temporary data must not lie in clear on the disk.
+constexpr Impostazione impostazioni[] = {
+    {"journal_mode", "delete", "delete"},
+    {"synchronous", "extra", "3"},
+    {"cache_size", "-65536", "-65536"},
+    {"temp_store", "memory", "2"},
+};
+
+}  // namespace
+
+Errore Connection::Motore::apri(const QString& file, const QString& password, bool nuovo) {
+  chiudi();
+  Errore errore = file_apribile(file, nuovo);
+  if (errore) return errore;
+  const int modo = SQLITE_OPEN_READWRITE | (nuovo ? SQLITE_OPEN_CREATE : 0);
+  const int rc = sqlite3_open_v2(file.toUtf8().constData(), &db, modo, nullptr);
+  errore = rc == SQLITE_OK ? imposta_file(password) : errore_motore(db, rc);
+  if (!errore) {
+    sorveglia();
+    return {};
+  }
+  chiudi();
+  errore.descrizione += u" ("_s + file + u')';
+  return errore;
+}
+
+Errore Connection::Motore::imposta_file(const QString& password) {
+  sqlite3_extended_result_codes(db, 1);
+  sqlite3_busy_timeout(db, attesa_blocco_ms);
+  const QByteArray chiave = password.toUtf8();
+  int rc = sqlite3_key(db, chiave.constData(), static_cast<int>(chiave.size()));
+  if (rc == SQLITE_OK) rc = registra_funzioni(db);
+  // A later release of the engine reads this form of file only when told; the present one passes over it.
+  if (rc == SQLITE_OK) rc = sqlite3_exec(db, "pragma cipher_compatibility = 3", nullptr, nullptr, nullptr);
+  // The first reading: here a wrong password and a damaged file show.
+  if (rc == SQLITE_OK) rc = sqlite3_exec(db, "select count(*) from sqlite_master", nullptr, nullptr, nullptr);
+  if (rc != SQLITE_OK) return errore_motore(db, rc);
+  for (const Impostazione& i : impostazioni) {
+    const QByteArray pragma = QByteArray("pragma ") + i.nome + " = " + i.valore;
+    rc = sqlite3_exec(db, pragma.constData(), nullptr, nullptr, nullptr);
+    if (rc != SQLITE_OK) return errore_motore(db, rc);
+    if (Errore e = leggi_impostazione(i.nome, QString::fromLatin1(i.riletto))) return e;
+  }
+  return {};
+}
+
+Errore Connection::Motore::leggi_impostazione(const char* nome, const QString& atteso) {
+  Errore errore;
+  const auto s = prendi(u"pragma "_s + QString::fromLatin1(nome), errore);
+  if (!s) return errore;
+  const bool riga = sqlite3_step(s->grezzo()) == SQLITE_ROW;
+  const QString letto = riga ? leggi_valore(s->grezzo(), 0, TipoCampo::testo).toString() : QString();
+  s->azzera();
+  if (letto == atteso) return {};
+  return {SQLITE_ERROR,
+          u"Impostazione %1 non accettata dal database: %2"_s.arg(QString::fromLatin1(nome), letto)};
+}
+
+void Connection::Motore::sorveglia() {
+  const auto riga = [](void* m, int, const char*, const char* tabella, sqlite3_int64) {
+    static_cast<Motore*>(m)->modifiche.riga(tabella);
+  };
+  // What was read inside the transaction is no longer so.
+  const auto annullata = [](void* m) { static_cast<Motore*>(m)->modifiche.tutte(); };
+  sqlite3_update_hook(db, riga, this);
+  sqlite3_rollback_hook(db, annullata, this);
+}
+
+}  // namespace lokera

@@ -1,0 +1,79 @@
+#include "store/connection.h"
+
+#include "store/errori_motore.h"
+#include "store/motore.h"
+
+namespace lokera {
+
+using namespace Qt::StringLiterals;
+
+Connection::Connection() : motore_(std::make_unique<Motore>()) {}
+Connection::~Connection() = default;
+
+Errore Connection::Open(const QString& file, const QString& password) {
+  return motore_->apri(file, password, false);
+}
+
+Errore Connection::crea(const QString& file, const QString& password) {
+  if (Errore e = motore_->apri(file, password, true)) return e;
+  // An empty file has no encrypted page yet, and could not be told from one that lost its data.
+  return Execute(u"pragma user_version = 1"_s);
+}
+
+void Connection::Close() {
+  RollbackTrans();
+  motore_->chiudi();
+}
+
+bool Connection::aperta() const {
+  return motore_->db != nullptr;
+}
+
+Errore Connection::Execute(const QString& sql, const QVariantList& valori, qint64* righe) {
+  return motore_->esegui(sql, valori, righe);
+}
+
+Errore Connection::BeginTrans() {
+  if (motore_->transazione) return {SQLITE_ERROR, u"Una transazione è già aperta"_s};
+  // The right to write is taken at once: a transaction that has read must not fail for it half way.
+  Errore errore = Execute(u"begin immediate"_s);
+  motore_->transazione = !errore;
+  return errore;
+}
+
+Errore Connection::CommitTrans() {
+  if (!motore_->transazione) return {SQLITE_ERROR, u"Nessuna transazione aperta"_s};
+  Errore errore = Execute(u"commit"_s);
+  if (errore) RollbackTrans();
+  motore_->transazione = false;
+  return errore;
+}
+
+void Connection::RollbackTrans() {
+  if (!motore_->transazione) return;
+  motore_->transazione = false;
+  if (sqlite3_get_autocommit(motore_->db) == 0) static_cast<void>(Execute(u"rollback"_s));
+}
+
+bool Connection::in_transazione() const {
+  return motore_->transazione;
+}
+
+quint64 Connection::versione_tabella(const QString& tabella) const {
+  return motore_->versione(tabella);
+}
+
+Transazione::Transazione(Connection& connessione)
+    : connessione_(connessione), inizio_(connessione.BeginTrans()), aperta_(!inizio_) {}
+
+Transazione::~Transazione() {
+  if (aperta_) connessione_.RollbackTrans();
+}
+
+Errore Transazione::conferma() {
+  if (!aperta_) return inizio_ ? inizio_ : Errore{SQLITE_ERROR, u"La transazione è già chiusa"_s};
+  aperta_ = false;
+  return connessione_.CommitTrans();
+}
+
+}  // namespace lokera
