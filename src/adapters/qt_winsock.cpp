@@ -79,7 +79,7 @@ QString QtWinsock::LocalHostName() const {
 }
 
 void QtWinsock::leggi_tcp() {
-  arrivato_ += tcp_.readAll();
+  if (tcp_.isOpen()) arrivato_ += tcp_.readAll();
   if (!arrivato_.isEmpty()) annuncia();
 }
 

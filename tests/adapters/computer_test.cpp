@@ -1,0 +1,129 @@
+#include <QAbstractButton>
+#include <QApplication>
+#include <QClipboard>
+#include <QDir>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+#include "adapters/istanza_unica.h"
+#include "adapters/qt_desktop.h"
+#include "adapters/qt_dialogs.h"
+
+namespace lokera {
+namespace {
+
+TEST(IstanzaUnica, refuses_a_second_one_names_the_first_and_frees_at_the_end) {
+  const QTemporaryDir cartella;
+  const QString database = cartella.filePath(QStringLiteral("lokera.mdb"));
+  {
+    const IstanzaUnica prima(database);
+    EXPECT_TRUE(prima.presa());
+    const IstanzaUnica seconda(database);
+    EXPECT_FALSE(seconda.presa());
+    EXPECT_TRUE(seconda.chi().contains(QString::number(QCoreApplication::applicationPid())));
+  }
+  EXPECT_TRUE(IstanzaUnica(database).presa());
+}
+
+TEST(IstanzaUnica, a_crash_leaves_no_mark_and_a_folder_that_cant_be_written_is_no_instance) {
+  const QTemporaryDir cartella;
+  const QString database = cartella.filePath(QStringLiteral("lokera.mdb"));
+  EXPECT_EXIT(
+      {
+        const IstanzaUnica caduta(database);
+        std::_Exit(caduta.presa() ? 7 : 1);
+      },
+      ::testing::ExitedWithCode(7), "");
+  EXPECT_FALSE(QDir(cartella.path()).isEmpty());  // the mark of the dead process is still there
+  EXPECT_TRUE(IstanzaUnica(database).presa());
+  const IstanzaUnica altrove(cartella.filePath(QStringLiteral("missing/lokera.mdb")));
+  EXPECT_FALSE(altrove.presa());
+  EXPECT_TRUE(altrove.chi().isEmpty());
+}
+
+TEST(QtProgram, ends_the_process_from_inside_any_number_of_loops) {
+  EXPECT_EXIT(
+      {
+        QEventLoop esterno;
+        QTimer::singleShot(0, [&] {
+          QEventLoop interno;
+          QTimer::singleShot(0, [] { QtProgram().fine(); });
+          interno.exec();
+          std::_Exit(1);
+        });
+        esterno.exec();
+        std::_Exit(2);
+      },
+      ::testing::ExitedWithCode(0), "");
+}
+
+/// What the person sees of the open box; presses the button of that text, or Escape when it is empty.
+struct Visto {
+  QString testo, titolo, predefinito;
+  QStringList bottoni;
+};
+
+Visto rispondi_con(const QString& bottone, const std::function<void()>& apri) {
+  Visto visto;
+  QTimer::singleShot(0, qApp, [&] {
+    auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+    if (!box) return;
+    visto.testo = box->text();
+    visto.titolo = box->windowTitle();
+    EXPECT_EQ(box->textFormat(), Qt::PlainText);
+    for (QAbstractButton* uno : box->buttons()) visto.bottoni.append(uno->text());
+    if (box->defaultButton()) visto.predefinito = box->defaultButton()->text();
+    for (QAbstractButton* uno : box->buttons()) {
+      if (uno->text() == bottone) return uno->click();
+    }
+    box->reject();
+  });
+  apri();
+  return visto;
+}
+
+TEST(QtMessageBox, asks_in_italian_with_No_as_default_and_shows_text_as_it_stands) {
+  QtMessageBox box;
+  const QString testo = QStringLiteral("Cancellare <b>%1</b>?").arg(QStringLiteral("dell'acqua"));
+  bool risposta = false;
+  const auto chiedi = [&] { risposta = box.chiedi(testo, QStringLiteral("Errore")); };
+  const Visto visto = rispondi_con(QStringLiteral("Sì"), chiedi);
+  EXPECT_TRUE(risposta);
+  EXPECT_EQ(visto.testo, testo);
+  EXPECT_EQ(visto.titolo, QStringLiteral("Errore"));
+  EXPECT_EQ(visto.predefinito, QStringLiteral("No"));
+  EXPECT_EQ(visto.bottoni.size(), 2);
+  rispondi_con(QStringLiteral("No"), chiedi);
+  EXPECT_FALSE(risposta);
+  rispondi_con(QString(), chiedi);
+  EXPECT_FALSE(risposta);
+  EXPECT_EQ(rispondi_con(QStringLiteral("OK"), [&] { box.mostra(testo, {}); }).bottoni,
+            QStringList{u"OK"_qs});
+}
+
+TEST(QtMessageBox, survives_the_window_below_it) {
+  auto* finestra = new QWidget;
+  finestra->show();
+  finestra->activateWindow();
+  QApplication::setActiveWindow(finestra);
+  bool risposta = true;
+  QTimer::singleShot(0, qApp, [&] { delete finestra; });
+  QTimer::singleShot(50, qApp, [] {
+    if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) box->reject();
+  });
+  risposta = QtMessageBox().chiedi(QStringLiteral("?"), {});
+  EXPECT_FALSE(risposta);
+}
+
+TEST(QtDesktop, clears_the_clipboard) {
+  QApplication::clipboard()->setText(QStringLiteral("x"));
+  QtDesktop().svuota_appunti();
+  EXPECT_TRUE(QApplication::clipboard()->text().isEmpty());
+}
+
+}  // namespace
+}  // namespace lokera

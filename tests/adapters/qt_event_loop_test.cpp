@@ -1,0 +1,92 @@
+#include <QEventLoop>
+#include <QPointer>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+#include "adapters/banco_reale.h"
+
+namespace lokera {
+namespace {
+
+using namespace std::chrono_literals;
+
+struct Tempo {
+  RealMachine computer;
+  Machine pc = computer.macchina();
+  PolledWait attesa{pc.orologio, pc.ciclo};
+  Monotonic inizio = pc.orologio.monotono();
+  Monotonic passato() const { return pc.orologio.monotono() - inizio; }
+};
+
+TEST(QtEventLoop, sees_what_a_posted_event_did_and_does_not_block_after_it) {
+  Tempo t;
+  bool pieno = false;
+  QObject altro;
+  QMetaObject::invokeMethod(
+      &altro, [&] { pieno = true; }, Qt::QueuedConnection);
+  EXPECT_TRUE(t.attesa.attendi(30, [&] { return pieno; }));
+  EXPECT_LT(t.passato(), 5s);
+}
+
+TEST(QtEventLoop, blocks_to_the_deadline_without_turning_round) {
+  Tempo t;
+  int giri = 0;
+  const Monotonic scadenza = t.inizio + 300ms;
+  for (; t.pc.orologio.monotono() < scadenza; ++giri) t.pc.ciclo.esegui_eventi(scadenza);
+  EXPECT_GE(t.passato(), 300ms);
+  EXPECT_LT(t.passato(), 2s);
+  EXPECT_LT(giri, 20);
+}
+
+TEST(QtEventLoop, a_wait_inside_a_wait_moves_no_deadline) {
+  Tempo t;
+  auto timer = t.pc.timer.crea_timer();
+  timer->Evento = [&] {
+    timer->Enabled(false);
+    t.attesa.attendi_oltre(0);
+  };
+  timer->Interval(1);
+  timer->Enabled(true);
+  EXPECT_FALSE(t.attesa.attendi(1, [] { return false; }));
+  EXPECT_GT(t.passato(), 990ms);
+  EXPECT_LT(t.passato(), 4s);
+}
+
+TEST(QtEventLoop, what_an_outer_frame_gave_up_lives_until_its_wait_is_over) {
+  Tempo t;
+  QPointer<QObject> ceduto = new QObject;
+  int giri = 0;
+  bool vivo_dopo = false;
+  QEventLoop esterno;
+  QTimer::singleShot(0, &esterno, [&] {
+    ceduto->deleteLater();
+    t.attesa.attendi(0, [&] { return ++giri < 0; });
+    vivo_dopo = !ceduto.isNull();
+    QTimer::singleShot(0, &esterno, [&] { esterno.quit(); });
+  });
+  esterno.exec();
+  EXPECT_TRUE(vivo_dopo);
+  EXPECT_TRUE(ceduto.isNull());
+  EXPECT_LT(giri, 20);  // and what can't be deleted yet doesn't keep the loop turning
+}
+
+TEST(QtTimer, fires_inside_a_wait_of_its_own_handler_and_may_be_destroyed_there) {
+  Tempo t;
+  auto timer = t.pc.timer.crea_timer();
+  int scatti = 0;
+  timer->Evento = [&, segno = QStringLiteral("alive until the handler returns")] {
+    if (++scatti == 1) t.attesa.attendi(5, [&] { return scatti > 1; });
+    if (scatti == 3) timer.reset();
+    EXPECT_FALSE(segno.isEmpty());
+  };
+  timer->Enabled(true);  // with interval 0 it never fires
+  t.pc.ciclo.esegui_eventi(t.inizio + 30ms);
+  EXPECT_EQ(scatti, 0);
+  timer->Interval(5);
+  EXPECT_TRUE(t.attesa.attendi(5, [&] { return !timer; }));
+  EXPECT_EQ(scatti, 3);
+}
+
+}  // namespace
+}  // namespace lokera
