@@ -67,12 +67,14 @@ void SessioneViva::arrivo(QByteArrayView pezzo) {
   pezzi_.arriva(pezzo, [this](const QByteArray& f) { frame(f); });
 }
 
-// Only the answer that is waited for counts; one that comes after its limit finds another state.
+// Only the answer that is waited for counts, and only whole: one that comes after its limit finds another state,
+// and a grant never comes out of a garbled one.
 void SessioneViva::frame(const QByteArray& frame) {
   if (Parla) Parla('<', frame);
-  if (codice_.isEmpty() || codice_comando(frame) != codice_) return;
+  if (codice_.isEmpty() || frame.size() < 8 || codice_comando(frame) != codice_) return;
+  const QByteArrayView risposta = QByteArrayView(frame).chopped(3);
+  if (calcola_bcc(risposta) != campo_frame(frame, frame.size() - 2, 2)) return;
   timer_->Enabled(false);
-  const QByteArrayView risposta = QByteArrayView(frame).chopped(std::min<qsizetype>(3, frame.size()));
   switch (stato_) {
     case Stato::AttesaTessera:
       return esito_tessera(risposta);

@@ -1,0 +1,169 @@
+#include "simulation/cabinet_server.h"
+
+#include <gtest/gtest.h>
+
+#include "link/protocollo.h"
+#include "simulation/finta_rete.h"
+#include "simulation/virtual_machine.h"
+
+namespace lokera::simulazione {
+namespace {
+
+using namespace Qt::StringLiterals;
+using prova::FintaRete;
+using prova::FintoCanale;
+
+class CabinetServerTest : public testing::Test {
+ protected:
+  CabinetServer& apri(const Comportamento& comportamento = {}) {
+    server = std::make_unique<CabinetServer>(cabinet, rete, macchina.orologio(), macchina.primo().timer,
+                                             comportamento);
+    EXPECT_TRUE(server->apri());
+    return *server;
+  }
+  void passa(int ms) { macchina.esegui_per(std::chrono::milliseconds(ms)); }
+  void imposta_rete(const QByteArray& indirizzo, const QByteArray& porta) {
+    rete.datagramma(casa, componi_frame("000A1" + indirizzo + porta +
+                                        "255255255000"
+                                        "127000000001"));
+    rete.datagramma(casa, componi_frame("00073"));
+    passa(5);
+  }
+
+  const QString casa = u"127.0.0.2"_s;
+  const QByteArray prova = componi_frame("00010");
+  const QByteArray bene = componi_frame("00010001");
+  VirtualMachine macchina;
+  FintaRete rete;
+  Registro registro;
+  Cabinet cabinet{{casa}, macchina.orologio(), registro};
+  std::unique_ptr<CabinetServer> server;
+};
+
+TEST_F(CabinetServerTest, PutsPiecesTogetherAndAnswersJoinedFramesInTurn) {
+  apri();
+  const auto canale = rete.chiama(casa, 10001);
+  canale->ricevi("000");
+  canale->ricevi("1031");
+  EXPECT_TRUE(canale->mandati.isEmpty());
+  canale->ricevi("\r0003");
+  EXPECT_EQ(canale->presi(), QByteArrayList{bene});
+  canale->ricevi("93A\r" + prova + "00");
+  EXPECT_EQ(canale->presi(), (QByteArrayList{componi_frame("00039000000"), bene}));
+  canale->ricevi(QByteArray(2000, 'x'));
+  canale->ricevi(prova);
+  EXPECT_EQ(canale->presi(), QByteArrayList{bene});
+}
+
+TEST_F(CabinetServerTest, ConnectionsStandSideBySide) {
+  apri();
+  cabinet.memorizza(1, {prelievo, "A", "B", QDateTime()});
+  const auto una = rete.chiama(casa, 10001);
+  const auto altra = rete.chiama(casa, 10001);
+  una->ricevi("0003635\r");
+  altra->ricevi("0003734\r");
+  EXPECT_EQ(altra->presi(), QByteArrayList{componi_frame("0003705")});
+  altra->cade();
+  una->ricevi("0003734\r");
+  EXPECT_EQ(una->presi().last(), componi_frame("0003700"));
+}
+
+TEST_F(CabinetServerTest, SlowRepliesKeepTheirOrder) {
+  Comportamento lento;
+  lento.lento_ms = 200;
+  apri(lento);
+  const auto canale = rete.chiama(casa, 10001);
+  canale->ricevi(prova);
+  passa(150);
+  canale->ricevi("000393A\r");
+  EXPECT_TRUE(canale->mandati.isEmpty());
+  passa(50);
+  EXPECT_EQ(canale->presi(), QByteArrayList{bene});
+  passa(150);
+  EXPECT_EQ(canale->presi(), QByteArrayList{componi_frame("00039000000")});
+}
+
+TEST_F(CabinetServerTest, MisbehavesAsTold) {
+  const struct {
+    const char* nome;
+    Comportamento comportamento;
+    QByteArrayList subito;
+    QByteArrayList dopo;
+    bool aperto;
+  } tabella[] = {
+      {"refused", {.rifiuta = 1000}, {}, {}, false},
+      {"dropped", {.cade = 1000}, {bene.first(5)}, {bene.first(5)}, false},
+      {"late", {.ritarda = 1000, .ritardo_ms = 4000}, {}, {bene}, true},
+      {"split", {.spezza = 1000}, {bene.first(5)}, {bene.first(5), bene.sliced(5)}, true},
+  };
+  for (const auto& caso : tabella) {
+    server.reset();
+    apri(caso.comportamento);
+    const auto canale = rete.chiama(casa, 10001);
+    if (canale->aperto()) canale->ricevi(prova);
+    EXPECT_EQ(canale->mandati, caso.subito) << caso.nome;
+    passa(4000);
+    EXPECT_EQ(canale->mandati, caso.dopo) << caso.nome;
+    EXPECT_EQ(canale->aperto(), caso.aperto) << caso.nome;
+  }
+}
+
+TEST_F(CabinetServerTest, AResetDropsConnectionsAndTakesAWhile) {
+  Comportamento piano;
+  piano.riavvio_ms = 300;
+  apri(piano);
+  const auto comandi = rete.chiama(casa, 10001);
+  const auto viva = rete.chiama(casa, 10002);
+  EXPECT_TRUE(rete.datagramma(casa, componi_frame("00073")).isEmpty());
+  EXPECT_FALSE(comandi->aperto());
+  EXPECT_FALSE(viva->aperto());
+  EXPECT_FALSE(rete.chiama(casa, 10001)->aperto());
+  EXPECT_TRUE(rete.datagramma(casa, componi_frame("000A0")).isEmpty());
+  passa(300);
+  EXPECT_TRUE(rete.chiama(casa, 10001)->aperto());
+}
+
+TEST_F(CabinetServerTest, MovesToItsNewAddressUnlessThatCantBeHad) {
+  apri();
+  imposta_rete("127000000009", "10007");
+  EXPECT_TRUE(rete.tcp.contains({u"127.0.0.9"_s, 10007}));
+  EXPECT_EQ(rete.tcp.size(), 2U);
+
+  server.reset();
+  cabinet.stato().rete_in_uso.indirizzo = casa;
+  rete.ascolta_tcp(u"127.0.0.3"_s, 10001, [](const auto&) {});
+  apri().Ammesso = [](const QString& indirizzo) { return indirizzo.startsWith(u"127."); };
+  for (const char* altrove : {"127000000003", "192168000001"}) {
+    imposta_rete(altrove, "10001");
+    EXPECT_EQ(cabinet.stato().rete_in_uso.indirizzo, casa) << altrove;
+    EXPECT_TRUE(rete.chiama(casa, cabinet.stato().rete_in_uso.porta)->aperto()) << altrove;
+    EXPECT_TRUE(rete.tcp.contains({u"127.0.0.3"_s, 10001}));
+  }
+}
+
+TEST_F(CabinetServerTest, AsksTheConsoleOnlyWhenManagedAndConnected) {
+  apri();
+  cabinet.appendi(0, "CHIAVE0000");
+  std::vector<Fine> fini;
+  const auto chiedi = [&] {
+    return server->richiedi({"TESSERA001", "CHIAVE0000", prelievo, true, 0, {}},
+                            [&](Fine fine) { fini.push_back(fine); });
+  };
+  auto viva = rete.chiama(casa, 10002);
+  EXPECT_TRUE(chiedi());  // not managed: refused by its own records
+  EXPECT_TRUE(viva->mandati.isEmpty());
+  cabinet.imposta_gestito(true);
+  EXPECT_TRUE(chiedi());
+  EXPECT_EQ(viva->presi().size(), 1);
+  EXPECT_FALSE(chiedi());
+  const auto nuova = rete.chiama(casa, 10002);  // the newest connection counts
+  EXPECT_FALSE(viva->aperto());
+  EXPECT_TRUE(chiedi());
+  EXPECT_EQ(nuova->presi().size(), 1);
+  nuova->cade();
+  EXPECT_TRUE(chiedi());
+  EXPECT_EQ(fini, (std::vector{Fine::ChiaveRifiutata, Fine::Caduta, Fine::Caduta, Fine::ChiaveRifiutata}));
+}
+
+}  // namespace
+}  // namespace lokera::simulazione

@@ -1,0 +1,75 @@
+#include "simulation/sito.h"
+
+#include <gtest/gtest.h>
+
+#include "simulation/finta_rete.h"
+#include "simulation/richieste.h"
+#include "simulation/virtual_machine.h"
+
+namespace lokera::simulazione {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+TEST(SitoTest, HangsTheKeysOfEachCabinet) {
+  Sito sito;
+  EXPECT_EQ(leggi_sito("# keys\r\n\nchiave\t1\t0\tCHIAVE0000\r\nchiave\t127.000.000.002\t4\tCHIAVE0004\n"
+                       "chiave\t2\t5\tCHIAVE0005\nchiave\t127.0.0.3\t6\tCHIAVE0006\n"
+                       "tessera\tTESSERA001\t3\ntessera\tTESSERA002\n",
+                       sito),
+            QString());
+  EXPECT_EQ(sito.tessere, (std::vector<QByteArray>{"TESSERA001", "TESSERA002"}));
+  VirtualMachine macchina;
+  Registro registro;
+  Cabinet primo({u"127.0.0.2"_s}, macchina.orologio(), registro);
+  Cabinet secondo({u"127.0.0.3"_s}, macchina.orologio(), registro);
+  sito.appendi(primo, 1, true);
+  sito.appendi(secondo, 2, false);
+  EXPECT_EQ(primo.stato().chiavi.leggi(4), "CHIAVE0004");
+  EXPECT_EQ(primo.chiavi().size(), 2U);
+  EXPECT_EQ(secondo.stato().chiavi.numero(), 0);
+  EXPECT_EQ(secondo.chiavi().at("CHIAVE0006").posizione, 6);
+}
+
+TEST(SitoTest, NamesTheLineThatIsWrong) {
+  for (const char* riga :
+       {"chiave\t1\tx\tCHIAVE0000", "chiave\t1\t0\tCORTA", "chiave\t1\t0", "tessera\t", "porta\t1"}) {
+    Sito sito;
+    EXPECT_TRUE(leggi_sito(QByteArray("tessera\tTESSERA001\n") + riga, sito).startsWith(u"line 2: ")) << riga;
+  }
+  for (const char* riga :
+       {"x\t1\tTESSERA001\tCHIAVE0000\tP\tcompleta", "1\t1\tTESSERA001\tCHIAVE0000\tX\tcompleta",
+        "1\t1\tTESSERA001\t-\tP\tforse", "1\t1\tT\t-\tP\tcompleta", "1\t1"}) {
+    std::vector<RigaRichiesta> righe;
+    EXPECT_TRUE(leggi_richieste(riga, righe).startsWith(u"line 1: ")) << riga;
+  }
+}
+
+TEST(CopioneTest, PlaysItsLinesInOrderOnceTheConsoleIsThere) {
+  VirtualMachine macchina;
+  prova::FintaRete rete;
+  Registro registro;
+  QByteArrayList etichette;
+  registro.Riga = [&](const QByteArray& riga) { etichette << riga.split('\t').last(); };
+  Cabinet cabinet({u"127.0.0.2"_s}, macchina.orologio(), registro);
+  cabinet.imposta_gestito(true);
+  CabinetServer server(cabinet, rete, macchina.orologio(), macchina.primo().timer);
+  server.apri();
+  std::vector<RigaRichiesta> righe;
+  ASSERT_EQ(leggi_richieste("500\t1\tTESSERA001\tCHIAVE0001\tP\tcompleta\tdopo\n"
+                            "100\t1\tTESSERA002\t-\tP\tcompleta\n",
+                            righe),
+            QString());
+  Copione copione(server, macchina.orologio(), macchina.primo().timer, righe);
+  copione.inizia();
+  macchina.esegui_per(std::chrono::seconds(2));
+  EXPECT_FALSE(copione.finito());
+  const auto console = rete.chiama(u"127.0.0.2"_s, porta_viva);
+  macchina.esegui_per(std::chrono::seconds(20));  // no answer at all
+  EXPECT_TRUE(copione.finito());
+  EXPECT_EQ(etichette, (QByteArrayList{"2", "2", "dopo", "dopo"}));
+  EXPECT_EQ(console->presi().first().mid(17, 11), "1TESSERA002");
+}
+
+}  // namespace
+}  // namespace lokera::simulazione
