@@ -1,0 +1,142 @@
+#include "comandi.h"
+
+#include <array>
+
+#include "demo.h"
+#include "store/recordset.h"
+#include "store/schema_base.h"
+
+namespace lokera {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct Contesto {
+  QStringList argomenti;  ///< those behind the command's name
+  QTextStream& uscita;
+};
+
+Errore comando_crea(Contesto& c) {
+  return crea_database(c.argomenti[0]);
+}
+
+Errore comando_demo(Contesto& c) {
+  return crea_database(c.argomenti[0], password_database(), riempi_demo);
+}
+
+/// A cell on one line: what would part cells or lines is escaped.
+QByteArray cella(const Recordset& rs, int indice) {
+  if (rs.nullo(indice)) return "\\N";
+  QByteArray testo = rs.testo_grezzo(indice).toByteArray();
+  return testo.replace('\\', "\\\\").replace('\t', "\\t").replace('\n', "\\n").replace('\r', "\\r");
+}
+
+Errore scrivi_righe(Recordset& rs, QTextStream& uscita) {
+  while (!rs.eof()) {
+    QByteArray riga;
+    for (int i = 0; i < rs.conta_campi(); ++i) riga += (i == 0 ? "" : "\t") + cella(rs, i);
+    uscita << QString::fromUtf8(riga) << '\n';
+    if (Errore e = rs.MoveNext()) return e;
+  }
+  return {};
+}
+
+bool restituisce_righe(const QString& istruzione) {
+  for (const QStringView parola : {u"select", u"pragma", u"explain"}) {
+    if (istruzione.startsWith(parola, Qt::CaseInsensitive)) return true;
+  }
+  return false;
+}
+
+Errore comando_sql(Contesto& c) {
+  Connection connessione;
+  if (Errore e = connessione.Open(c.argomenti[0], password_database())) return e;
+  const QString istruzione = c.argomenti[1].trimmed();
+  if (!restituisce_righe(istruzione)) return connessione.Execute(istruzione);
+  Recordset rs;
+  if (Errore e = rs.Open(istruzione, connessione)) return e;
+  return scrivi_righe(rs, c.uscita);
+}
+
+Errore comando_controlla(Contesto& c) {
+  Connection connessione;
+  if (Errore e = connessione.Open(c.argomenti[0], password_database())) return e;
+  if (Errore e = controlla_database(connessione)) return e;
+  const QStringList mancanti = tabelle_mancanti(connessione);
+  if (!mancanti.isEmpty()) return {1, u"Tabelle mancanti: "_s + mancanti.join(u", "_s)};
+  c.uscita << "ok\n";
+  return {};
+}
+
+Errore comando_copia(Contesto& c) {
+  Connection connessione;
+  if (Errore e = connessione.Open(c.argomenti[0], password_database())) return e;
+  return copia_database(connessione, c.argomenti[0], c.argomenti[1]);
+}
+
+struct Comando {
+  QLatin1StringView nome;
+  QStringView argomenti;
+  QStringView spiegazione;
+  Errore (*esegui)(Contesto&);
+};
+
+constexpr std::array comandi{
+    Comando{"crea"_L1, u"FILE", u"crea il file come viene consegnato: tabelle, indici, righe di base",
+            comando_crea},
+    Comando{"demo"_L1, u"FILE", u"crea un file con un impianto dimostrativo per questo computer",
+            comando_demo},
+    Comando{"sql"_L1, u"FILE ISTRUZIONE", u"esegue un'istruzione nel dialetto della console", comando_sql},
+    Comando{"controlla"_L1, u"FILE", u"controlla che il file sia integro e completo", comando_controlla},
+    Comando{"copia"_L1, u"FILE COPIA", u"copia un file, anche in uso; la copia è cifrata e controllata",
+            comando_copia},
+};
+
+void aiuto(QTextStream& uscita) {
+  uscita << u"Uso: lokera_db COMANDO ARGOMENTI\n\nComandi:\n"_s;
+  for (const Comando& c : comandi) {
+    uscita << u"  "_s << QString(c.nome + u' ' + c.argomenti.toString()).leftJustified(24) << c.spiegazione
+           << '\n';
+  }
+  uscita
+      << u"\nNessun comando sovrascrive un file. \"sql\" scrive una riga per record, i valori separati da\n"
+         u"tabulazioni: \\N è Null; tabulazioni, a capo e barre inverse diventano \\t, \\n, \\r e \\\\.\n"
+         u"Stato di uscita: 0 riuscito, 1 fallito (il motivo sullo standard error), 2 uso errato.\n"_s;
+}
+
+const Comando* trova(const QString& nome) {
+  for (const Comando& c : comandi) {
+    if (nome == c.nome) return &c;
+  }
+  return nullptr;
+}
+
+}  // namespace
+
+Esito esegui_comando(const QStringList& argomenti, QTextStream& uscita, QTextStream& errori) {
+  const QString nome = argomenti.value(0);
+  if (nome == "--help"_L1 || nome == "-h"_L1 || nome == "aiuto"_L1) {
+    aiuto(uscita);
+    return Esito::riuscito;
+  }
+  const Comando* comando = trova(nome);
+  if (comando == nullptr) {
+    errori << (nome.isEmpty() ? u"lokera_db: manca il comando\n"_s
+                              : u"lokera_db: comando sconosciuto: "_s + nome + u'\n');
+    aiuto(errori);
+    return Esito::uso_errato;
+  }
+  Contesto contesto{argomenti.sliced(1), uscita};
+  if (contesto.argomenti.size() != comando->argomenti.count(u' ') + 1) {
+    errori << u"Uso: lokera_db "_s << comando->nome << ' ' << comando->argomenti << '\n';
+    return Esito::uso_errato;
+  }
+  const Errore errore = comando->esegui(contesto);
+  if (!errore) return Esito::riuscito;
+  uscita.flush();
+  errori << u"lokera_db: "_s << errore.descrizione << '\n';
+  return Esito::fallito;
+}
+
+}  // namespace lokera
