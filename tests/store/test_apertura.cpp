@@ -1,0 +1,106 @@
+#include <QFile>
+
+#include "store/archivio.h"
+
+namespace lokera {
+
+using namespace Qt::StringLiterals;
+using prova::testo;
+using Apertura = prova::Archivio;
+
+TEST_F(Apertura, LeConfermeSonoDurevoli) {
+  EXPECT_EQ(leggi("pragma journal_mode"), QStringList{"delete"});
+  EXPECT_EQ(leggi("pragma synchronous"), QStringList{"3"});
+  EXPECT_EQ(leggi("pragma cache_size"), QStringList{"-65536"});
+  EXPECT_EQ(leggi("pragma temp_store"), QStringList{"2"});
+}
+
+TEST_F(Apertura, FileSbagliati) {
+  db.connessione_db.Close();
+  const auto scrivi = [&](const QString& nome, const QByteArray& byte) {
+    QFile f(cartella.filePath(nome));
+    EXPECT_TRUE(f.open(QIODevice::WriteOnly));
+    f.write(byte);
+    return f.fileName();
+  };
+  QFile buono(file());
+  ASSERT_TRUE(buono.open(QIODevice::ReadOnly));
+  const QByteArray byte = buono.readAll();
+  EXPECT_FALSE(byte.contains("tessere_chiavi")) << "lies in clear";
+  struct Caso {
+    QString file;
+    QString password;
+    const char* messaggio;
+  };
+  const QString password = password_database();
+  for (const Caso& k :
+       {Caso{file(), u"altra"_s, "Password errata"},
+        Caso{cartella.filePath(u"manca.mdb"_s), password, "File non trovato"},
+        Caso{cartella.path(), password, "File non trovato"}, Caso{scrivi(u"vuoto"_s, ""), password, "vuoto"},
+        Caso{scrivi(u"testo"_s, QByteArray(5000, 'x')), password, "non è un database"},
+        Caso{scrivi(u"tronco"_s, byte.first(byte.size() / 2)), password, "danneggiato"},
+        Caso{scrivi(u"corto"_s, byte.first(700)), password, "non è un database"}}) {
+    Connection c;
+    const Errore e = c.Open(k.file, k.password);
+    EXPECT_TRUE(e.descrizione.contains(testo(k.messaggio))) << e.descrizione.toStdString();
+    EXPECT_TRUE(e.descrizione.contains(k.file));
+    EXPECT_FALSE(c.aperta());
+    EXPECT_TRUE(c.Execute(u"select 1"_s));
+  }
+  EXPECT_FALSE(QFile::exists(cartella.filePath(u"manca.mdb"_s)));
+}
+
+TEST_F(Apertura, UnAltraConsoleTieneIlFile) {
+  Connection altra;
+  ASSERT_FALSE(altra.Open(file(), password_database()));
+  ASSERT_FALSE(altra.BeginTrans());
+  ASSERT_FALSE(altra.Execute(u"insert into gruppi values (1, 'a')"_s));
+  EXPECT_TRUE(esegui("insert into gruppi values (2, 'b')").contains(testo("occupato")));
+  Transazione t(c());
+  EXPECT_TRUE(t.inizio());
+  EXPECT_TRUE(t.conferma());
+  aggiorna_database(db);  // silent, and quick
+  ASSERT_FALSE(altra.CommitTrans());
+  EXPECT_EQ(leggi("select codice from gruppi"), QStringList{"1"});
+}
+
+TEST_F(Apertura, DiscoPienoAnnullaLaTransazione) {
+  ASSERT_EQ(esegui("insert into gruppi values (1, 'prima')"), QString());
+  ASSERT_FALSE(prova::righe(c(), u"pragma max_page_count = 1"_s).isEmpty());  // never below the present size
+  {
+    Transazione t(c());
+    ASSERT_FALSE(t.inizio());
+    ASSERT_EQ(esegui("update gruppi set descrizione = 'dopo'"), QString());
+    QString rifiuto;
+    for (int i = 0; i < 5000 && rifiuto.isEmpty(); ++i) {
+      rifiuto = esegui("insert into movimenti (id, intestazione) values (?, ?)", {i, QString(100, u'x')});
+    }
+    EXPECT_EQ(rifiuto, u"Spazio su disco esaurito"_s);
+  }
+  EXPECT_FALSE(c().in_transazione());
+  EXPECT_EQ(leggi("select descrizione from gruppi"), QStringList{"prima"});
+  EXPECT_EQ(leggi("select count(*) from movimenti"), QStringList{"0"});
+}
+
+TEST_F(Apertura, DopoUnAnnullamentoNienteSiScriveDaSolo) {
+  Transazione t(c());
+  ASSERT_EQ(esegui("rollback"), QString());  // as the engine does after some failures
+  EXPECT_TRUE(esegui("insert into gruppi values (1, 'a')").contains(testo("annullata")));
+  EXPECT_TRUE(t.conferma());
+  EXPECT_EQ(esegui("insert into gruppi values (1, 'a')"), QString());
+}
+
+TEST_F(Apertura, UnaSolaIstruzioneEIValoriGiusti) {
+  EXPECT_TRUE(esegui("delete from gruppi; delete from movimenti").contains(testo("Una sola istruzione")));
+  EXPECT_TRUE(
+      esegui("delete from gruppi where codice = ?").contains(testo("aspetta 1 valori e ne riceve 0")));
+  EXPECT_TRUE(esegui("delete from nessuna").contains(testo("nessuna")));
+}
+
+TEST_F(Apertura, CreaNonSovrascrive) {
+  EXPECT_TRUE(crea_database(file()).descrizione.contains(testo("esiste già")));
+  EXPECT_TRUE(crea_database(cartella.filePath(u"manca/x.mdb"_s)));
+  EXPECT_NE(leggi("select count(*) from layout_griglie where programma = 'Zandor'"), QStringList{"0"});
+}
+
+}  // namespace lokera

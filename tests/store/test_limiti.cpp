@@ -1,0 +1,102 @@
+#include <array>
+
+#include "store/archivio.h"
+
+namespace lokera {
+
+using prova::testo;
+using Limiti = prova::Archivio;
+
+TEST_F(Limiti, TipiEMisureTengono) {
+  ASSERT_EQ(
+      esegui("create table [prova] ([i] integer, [l] long, [b] byte, [v] yesno, [s] single, [d] double, "
+             "[q] date, [t] text(10), [m] memo, [n] numeric)"),
+      QString());
+  struct Caso {
+    const char* colonna;
+    QVariant valore;
+    const char* rifiuto;  ///< a piece of the message; null when the value is taken
+  };
+  const QString emoji = testo("😀😀😀😀😀😀😀😀😀😀");
+  const std::array casi{
+      Caso{"i", 32767, nullptr},
+      Caso{"i", -32768, nullptr},
+      Caso{"i", 40000, "i: serve un numero intero"},
+      Caso{"i", 1.5, "i: serve"},
+      Caso{"i", QStringLiteral("12"), nullptr},
+      Caso{"i", QStringLiteral("abc"), "i: serve"},
+      Caso{"l", 2147483647LL, nullptr},
+      Caso{"l", 2147483648LL, "l: serve"},
+      Caso{"b", 256, "b: serve"},
+      Caso{"v", true, nullptr},
+      Caso{"v", 2, "v: serve vero"},
+      Caso{"s", 1.5, nullptr},
+      Caso{"d", QStringLiteral("x"), "d: serve un numero"},
+      Caso{"n", QStringLiteral("x"), "n: serve un numero"},
+      Caso{"n", 12.25, nullptr},
+      Caso{"q", QDateTime(QDate(2008, 2, 29), QTime(23, 59, 59)), nullptr},
+      Caso{"q", QStringLiteral("domani"), "q: serve una data"},
+      Caso{"q", QStringLiteral("2008-02-30 00:00:00"), "q: serve una data"},
+      Caso{"q", 12, "q: serve una data"},
+      Caso{"t", testo("àèìòùàèìòù"), nullptr},
+      Caso{"t", emoji, nullptr},
+      Caso{"t", QStringLiteral("12345678901"), "t: al massimo 10 caratteri"},
+      Caso{"m", QString(10000, u'x'), nullptr},
+      Caso{"i", QVariant(), nullptr},
+      Caso{"q", QVariant(), nullptr},
+  };
+  for (const Caso& c : casi) {
+    const Errore e = this->c().Execute(
+        QStringLiteral("insert into prova (%1) values (?)").arg(testo(c.colonna)), {c.valore});
+    if (c.rifiuto == nullptr) {
+      EXPECT_EQ(e.descrizione, QString()) << c.colonna;
+    } else {
+      EXPECT_TRUE(e.descrizione.contains(testo(c.rifiuto)))
+          << c.colonna << ": " << e.descrizione.toStdString();
+    }
+  }
+}
+
+TEST_F(Limiti, AncheLeColonneAggiunteTengono) {
+  aggiungi_campo(db, QStringLiteral("gruppi"), QStringLiteral("sigla"), QStringLiteral("text(3)"));
+  EXPECT_TRUE(
+      esegui("insert into gruppi (codice, sigla) values (1, 'abcd')").contains(testo("SIGLA: al massimo 3")));
+  EXPECT_EQ(esegui("insert into gruppi (codice, SIGLA) values (1, 'abc')"), QString());
+}
+
+TEST_F(Limiti, NullVuotoEBlancoSonoTre) {
+  for (const QVariant& v : {QVariant(), QVariant(QString()), QVariant(QStringLiteral(" "))}) {
+    ASSERT_FALSE(c().Execute(QStringLiteral("insert into securety_locks (tabella) values (?)"), {v}));
+  }
+  EXPECT_EQ(leggi("select tabella from securety_locks"), (QStringList{"\\N", "", " "}));
+  EXPECT_EQ(leggi("select count(*) from securety_locks where tabella = ' '"), QStringList{"1"});
+  EXPECT_EQ(leggi("select count(*) from securety_locks where tabella = ''"), QStringList{"1"});
+}
+
+TEST_F(Limiti, ChiaviSenzaNullESenzaDoppioni) {
+  EXPECT_TRUE(esegui("insert into gruppi (descrizione) values ('x')").contains(testo("non può essere Null")));
+  EXPECT_EQ(esegui("insert into traduzioni (italiano) values ('Perché no')"), QString());
+  EXPECT_TRUE(esegui("insert into traduzioni (italiano) values ('PERCHÉ NO')").contains(testo("Esiste già")));
+  EXPECT_TRUE(esegui("insert into gruppi_tessera values ('1', Null)").contains(testo("Null")));
+}
+
+TEST_F(Limiti, TestiENomiSenzaMaiuscole) {
+  ASSERT_EQ(esegui("insert into OPERATORI (USER, Pwd, su, pc) values ('Niccolò', 'aB', 1, 'PC-À')"),
+            QString());
+  EXPECT_EQ(leggi("select PWD from operatori where User = 'NICCOLÒ'"), QStringList{"aB"});
+  EXPECT_EQ(leggi("select su from operatori where pc in ('x', 'pc-à')"), QStringList{"1"});
+  EXPECT_EQ(leggi("select su from operatori where pc like 'PC-_'"), QStringList{"1"});
+  ASSERT_EQ(esegui("insert into operatori (user, pc) values ('b', 'pc-À')"), QString());
+  EXPECT_EQ(leggi("select distinct pc from operatori").size(), 1);
+  EXPECT_EQ(leggi("select user from operatori order by user"), (QStringList{"b", testo("Niccolò")}));
+}
+
+TEST_F(Limiti, FunzioniDelleIstruzioni) {
+  EXPECT_EQ(
+      leggi(
+          "select year(#02/01/2008#), month(#02/01/2008#), hour(#8:30#), mid('abcdef', 2, 3), mid('abc', 2), "
+          "ucase('perché ß'), len('città')"),
+      QStringList{testo("2008|2|8|bcd|bc|PERCHÉ ß|5")});
+}
+
+}  // namespace lokera

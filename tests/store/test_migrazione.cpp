@@ -1,0 +1,125 @@
+#include <QFileInfo>
+
+#include <array>
+
+#include "store/archivio.h"
+
+namespace lokera {
+
+using namespace Qt::StringLiterals;
+using prova::testo;
+
+TEST(Ddl, Converte) {
+  struct Caso {
+    const char* statement;
+    const char* tipo;
+    const char* atteso;
+  };
+  for (const Caso& k :
+       {Caso{"Alter table t add column [a] text(5)", "Access", "ALTER TABLE T ADD COLUMN A TEXT(5)"},
+        Caso{"alter table t add column [NOTE] memo, [b] date", "ACCESS",
+             "ALTER TABLE T ADD COLUMN [NOTE] MEMO, [B] DATE"},
+        Caso{"alter table t add column [a] long, [b] integer", "sql", "ALTER TABLE T ADD  A INT, B SMALLINT"},
+        Caso{"[a] text(5), [d] date, [m] memo", "SQL", "A NVARCHAR(5), D DATETIME, M NTEXT"},
+        Caso{"alter table t add column a text(5), b memo, c long", "oracle",
+             "ALTER TABLE T ADD  A VARCHAR25, B LONG, C NUMBER(38)"}}) {
+    EXPECT_EQ(converti_ddl(testo(k.statement), testo(k.tipo)), testo(k.atteso));
+  }
+}
+
+/// A file of an early release: no queue, cabinets with few columns.
+class FileVecchio : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    ASSERT_FALSE(c().crea(cartella.filePath(nome_file_database()), password_database()));
+    esegui(
+        "create table parametri ([ID] integer, [descrizione] text(20), CONSTRAINT agendaKEY PRIMARY KEY "
+        "([ID]))");
+    esegui("insert into parametri values (7, 'Portineria')");
+    esegui("create table tessere_chiavi ([codice] text(10), [operatore] text(10))");
+  }
+  Connection& c() { return db.connessione_db; }
+  void esegui(const char* sql) { ASSERT_EQ(c().Execute(testo(sql)).descrizione, QString()); }
+  QStringList leggi(const char* sql) { return prova::righe(c(), testo(sql)); }
+
+  QTemporaryDir cartella;
+  Database db;
+};
+
+TEST_F(FileVecchio, RiceveCioCheMancaETieneIlResto) {
+  aggiorna_database(db);
+  EXPECT_EQ(
+      leggi("select descrizione, IP_lokera, funzionamento, slot, computer_ctrl, orario_aggiornamento_tessere "
+            "from parametri"),
+      QStringList{"Portineria| |0|0| |\\N"});
+  Recordset rs;
+  ASSERT_FALSE(rs.Open(u"select * from parametri"_s, c()));
+  EXPECT_EQ(rs.campo(rs.indice(u"descrizione")).dimensione, 20);
+  EXPECT_EQ(rs.campo(rs.indice(u"ip_lokera")).nome, u"IP_LOKERA"_s);
+  EXPECT_EQ(rs.conta_campi(), 17);
+  for (const char* tabella : {"PIANIF_RESET", "aggiorn_tessere_oper", "posiz_tessere_oper", "fascie_orarie",
+                              "giorni_particolari"}) {
+    EXPECT_EQ(leggi(QByteArray("select count(*) from ").append(tabella).constData()), QStringList{"0"})
+        << tabella;
+  }
+}
+
+TEST_F(FileVecchio, UnaSecondaVoltaNonScriveNulla) {
+  aggiorna_database(db);
+  esegui("update parametri set slot = 1, IP_lokera = Null");
+  const QStringList schema = leggi("select sql from sqlite_master");
+  Connection altra;
+  ASSERT_FALSE(altra.Open(cartella.filePath(nome_file_database()), password_database()));
+  const quint64 prima = altra.versione_tabella(u"parametri"_s);
+  aggiorna_database(db);
+  EXPECT_EQ(altra.versione_tabella(u"parametri"_s), prima);
+  EXPECT_EQ(leggi("select sql from sqlite_master"), schema);
+  EXPECT_EQ(leggi("select slot, IP_lokera from parametri"), QStringList{"1|\\N"});
+}
+
+TEST_F(FileVecchio, ColonneConNomiRiservati) {
+  aggiungi_campo(db, u"parametri"_s, u"password"_s, u"text(9)"_s);
+  aggiungi_campo(db, u"parametri"_s, u"[NOTE]"_s, u"memo"_s);
+  aggiungi_campo(db, u"manca"_s, u"x"_s, u"long"_s);
+  EXPECT_EQ(leggi("select [password], [note] from parametri"), QStringList{" | "});
+}
+
+using Piani = prova::Archivio;
+
+TEST_F(Piani, LeInterrogazioniFrequentiUsanoUnIndice) {
+  const std::array interrogazioni{
+      "select * from tessere_operatori where codice = ?",
+      "select count(*) as chiavi_uscite from tessere_chiavi where operatore = ?",
+      "select * from tessere_chiavi where codice = ?",
+      "SELECT * FROM gruppi_tessera WHERE tessera = ? AND codice = ?",
+      "select * from fascie_orarie where giorno = ? and gruppo_oper = ? and gruppo_chiavi = ? and dalle_ore "
+      "<= ?",
+      "SELECT MAX(id) AS ultimo FROM movimenti",
+      "SELECT tessere_chiavi.posizione, tessere_chiavi.gruppo FROM (gruppi_tessera INNER JOIN tessere_chiavi "
+      "ON "
+      "gruppi_tessera.codice = tessere_chiavi.gruppo) WHERE gruppi_tessera.tessera = ? and "
+      "tessere_chiavi.posizione >= "
+      "? and tessere_chiavi.posizione <= ?",
+      "select aggiorn_tessere_oper.*, tessere_operatori.intestazione from (aggiorn_tessere_oper inner join "
+      "tessere_operatori on aggiorn_tessere_oper.id_tessera = tessere_operatori.codice) where "
+      "aggiorn_tessere_oper.ID_lokera = ?",
+      "select distinct tessere_operatori.codice, tessere_chiavi.lokera from ((tessere_operatori inner join "
+      "gruppi_tessera on tessere_operatori.codice = gruppi_tessera.tessera) inner join tessere_chiavi on "
+      "gruppi_tessera.codice = tessere_chiavi.gruppo) where tessere_operatori.gruppo = ? and "
+      "tessere_chiavi.gruppo = ?",
+      "select * from movimenti where data >= ? order by data",
+      "select * from tessere_chiavi where lokera = ? and posizione = ?",
+      "select max(data) from movimenti where operatore = ?",
+  };
+  for (const char* sql : interrogazioni) {
+    const QVariantList valori(static_cast<qsizetype>(std::count(sql, sql + qstrlen(sql), '?')), 1);
+    const QStringList piano = leggi(QByteArray("explain query plan ").append(sql).constData(), valori);
+    ASSERT_FALSE(piano.isEmpty());
+    for (const QString& passo : piano) {
+      const bool cerca = passo.contains(u"SEARCH"_s) || passo.contains(u"TEMP B-TREE"_s);
+      EXPECT_TRUE(cerca) << sql << "\n" << passo.toStdString();
+    }
+  }
+}
+
+}  // namespace lokera

@@ -1,0 +1,170 @@
+#include <array>
+
+#include "store/archivio.h"
+#include "store/date_jet.h"
+
+namespace lokera {
+
+using namespace Qt::StringLiterals;
+using prova::testo;
+
+class Righe : public prova::Archivio {
+ protected:
+  void SetUp() override {
+    Archivio::SetUp();
+    ASSERT_EQ(esegui("insert into tessere_operatori values ('0000000001', 'Dell''Acqua', #02/01/2008#, Null, "
+                     "3, 1, 2)"),
+              QString());
+    ASSERT_EQ(esegui("insert into tessere_operatori values ('0000000002', ' ', Null, Null, 4, 1, 0)"),
+              QString());
+    ASSERT_EQ(esegui("insert into aggiorn_tessere_oper values ('0000000001', 1, 'I')"), QString());
+  }
+};
+
+TEST_F(Righe, NomiTipiEMisureDeiCampi) {
+  Recordset rs;
+  ASSERT_FALSE(rs.Open(
+      u"select aggiorn_tessere_oper.*, tessere_operatori.intestazione, valido_dal, count(*) as quante "
+      "from (aggiorn_tessere_oper inner join tessere_operatori on aggiorn_tessere_oper.id_tessera = "
+      "tessere_operatori.codice) where aggiorn_tessere_oper.ID_lokera = ?"_s,
+      c(), {1}));
+  QStringList letti;
+  for (int i = 0; i < rs.conta_campi(); ++i) {
+    letti += u"%1 %2 %3"_s.arg(rs.campo(i).nome)
+                 .arg(static_cast<int>(rs.campo(i).tipo))
+                 .arg(rs.campo(i).dimensione);
+  }
+  EXPECT_EQ(
+      letti.join(u','),
+      u"ID_TESSERA 202 10,ID_LOKERA 2 2,OPERAZIONE 202 1,intestazione 202 100,valido_dal 7 8,quante 3 4"_s);
+  EXPECT_EQ(rs.testo(u"Id_Tessera"), u"0000000001"_s);
+  EXPECT_EQ(rs.valore(u"VALIDO_DAL").toDateTime().date(), QDate(2008, 2, 1));
+  EXPECT_EQ(rs.numero(u"quante"), 1);
+  EXPECT_EQ(rs.indice(u"altro"), -1);
+  EXPECT_FALSE(rs.valore(u"altro").isValid());
+}
+
+TEST_F(Righe, IlMassimoDiNienteENull) {
+  Recordset rs;
+  ASSERT_FALSE(rs.Open(u"SELECT MAX(id) AS ultimo FROM movimenti"_s, c()));
+  EXPECT_FALSE(rs.eof());
+  EXPECT_TRUE(rs.nullo(0));
+  EXPECT_EQ(rs.numero(u"ULTIMO"), 0);
+}
+
+TEST_F(Righe, AggiungeModificaCancella) {
+  const QString sql = u"select * from tessere_operatori where codice = ?"_s;
+  Recordset rs;
+  ASSERT_FALSE(rs.Open(sql, c(), {u"0000000003"_s}, Cursore::aggiornabile));
+  EXPECT_TRUE(rs.eof());
+  EXPECT_TRUE(rs.imposta(u"codice", u"x"_s));
+  ASSERT_FALSE(rs.AddNew());
+  ASSERT_FALSE(rs.imposta(u"CODICE", u"0000000003"_s));
+  ASSERT_FALSE(rs.imposta(u"valido_dal", u"1/2/2008 10.20.30"_s));
+  ASSERT_FALSE(rs.imposta(u"gruppo", u" 7 "_s));
+  ASSERT_FALSE(rs.imposta(u"NrMaxPrelievi", true));
+  EXPECT_EQ(rs.testo(u"codice"), u"0000000003"_s);
+  ASSERT_FALSE(rs.Update());
+  ASSERT_FALSE(rs.imposta(u"intestazione", u"l'altro"_s));
+  ASSERT_FALSE(rs.Update());
+  EXPECT_EQ(leggi("select * from tessere_operatori where codice = '0000000003'"),
+            QStringList{"0000000003|l'altro|2008-02-01 10:20:30|\\N|\\N|7|1"});
+  ASSERT_FALSE(rs.Delete());
+  EXPECT_FALSE(rs.valore(u"codice").isValid());
+  EXPECT_EQ(leggi("select count(*) from tessere_operatori"), QStringList{"2"});
+  ASSERT_FALSE(rs.MoveNext());
+  EXPECT_TRUE(rs.eof());
+}
+
+TEST_F(Righe, UnaModificaRifiutataRestaInSospeso) {
+  Recordset rs;
+  ASSERT_FALSE(rs.Open(u"select codice, gruppo, valido_al from tessere_operatori order by codice"_s, c(), {},
+                       Cursore::aggiornabile));
+  struct Caso {
+    const char16_t* campo;
+    QVariant valore;
+    const char* messaggio;
+  };
+  for (const Caso& k : {Caso{u"gruppo", u"tre"_s, "gruppo: \"tre\" non è un numero"},
+                        Caso{u"valido_al", u"31/02/2008"_s, "valido_al: \"31/02/2008\" non è una data"},
+                        Caso{u"colore", 1, "Colonna sconosciuta: colore"}}) {
+    EXPECT_EQ(rs.imposta(k.campo, k.valore).descrizione, testo(k.messaggio));
+  }
+  ASSERT_FALSE(rs.imposta(u"gruppo", 40000));
+  EXPECT_TRUE(rs.Update());
+  EXPECT_TRUE(rs.MoveNext());  // it would have to be stored first
+  EXPECT_EQ(rs.numero(u"gruppo"), 40000);
+  rs.CancelUpdate();
+  EXPECT_EQ(rs.numero(u"gruppo"), 1);
+  ASSERT_FALSE(rs.imposta(u"gruppo", 2.0));
+  ASSERT_FALSE(rs.MoveNext());
+  EXPECT_EQ(rs.testo(u"codice"), u"0000000002"_s);
+  EXPECT_EQ(leggi("select gruppo from tessere_operatori order by codice"), (QStringList{"2", "1"}));
+  ASSERT_EQ(esegui("delete from tessere_operatori"), QString());
+  ASSERT_FALSE(rs.imposta(u"gruppo", 3));
+  EXPECT_TRUE(rs.Update().descrizione.contains(u"cancellato"_s));
+}
+
+TEST_F(Righe, SoloUnaTabellaSiAggiorna) {
+  Recordset rs;
+  EXPECT_TRUE(rs.Open(u"select distinct gruppo from tessere_operatori"_s, c(), {}, Cursore::aggiornabile));
+  EXPECT_FALSE(rs.aperto());
+  ASSERT_FALSE(rs.Open(u"select top 1 codice from tessere_operatori order by codice desc"_s, c(), {},
+                       Cursore::aggiornabile));
+  EXPECT_EQ(rs.testo(u"codice"), u"0000000002"_s);
+  ASSERT_FALSE(rs.Open(u"select * from tessere_operatori"_s, c()));
+  EXPECT_TRUE(rs.AddNew());
+}
+
+TEST_F(Righe, UnRecordsetApertoSopravviveAUnaConferma) {
+  const QString sql = u"select codice from tessere_operatori order by codice"_s;
+  Recordset fuori;
+  ASSERT_FALSE(fuori.Open(sql, c()));
+  {
+    Recordset dentro;  // the same text while it is in use
+    ASSERT_FALSE(dentro.Open(sql, c()));
+    EXPECT_EQ(dentro.testo(u"codice"), u"0000000001"_s);
+    Transazione t(c());
+    ASSERT_EQ(esegui("insert into gruppi values (1, 'a')"), QString());
+    ASSERT_FALSE(t.conferma());
+  }
+  ASSERT_FALSE(fuori.MoveNext());
+  EXPECT_EQ(fuori.testo(u"codice"), u"0000000002"_s);
+}
+
+TEST_F(Righe, LeColonneNuoveSiVedonoDopoLaMigrazione) {
+  EXPECT_EQ(leggi("select * from gruppi").size(), 0);
+  aggiungi_campo(db, u"gruppi"_s, u"note"_s, u"memo"_s);
+  Recordset rs;
+  ASSERT_FALSE(rs.Open(u"select * from gruppi"_s, c()));
+  EXPECT_EQ(rs.conta_campi(), 3);
+}
+
+TEST_F(Righe, VersioneDellaTabella) {
+  quint64 vista = c().versione_tabella(u"Gruppi"_s);
+  const auto cambiata = [&] {
+    const quint64 ora = c().versione_tabella(u"GRUPPI"_s);
+    return std::exchange(vista, ora) != ora;
+  };
+  EXPECT_FALSE(cambiata());
+  ASSERT_EQ(esegui("insert into gruppi values (1, 'a')"), QString());
+  EXPECT_TRUE(cambiata());
+  ASSERT_EQ(esegui("update tessere_operatori set gruppo = 5"), QString());
+  EXPECT_FALSE(cambiata());
+  ASSERT_EQ(esegui("delete from gruppi"), QString());
+  EXPECT_TRUE(cambiata());
+  {
+    Transazione t(c());
+    ASSERT_EQ(esegui("insert into gruppi values (2, 'b')"), QString());
+    EXPECT_TRUE(cambiata());
+  }
+  EXPECT_TRUE(cambiata()) << "rolled back";
+  Connection altra;
+  ASSERT_FALSE(altra.Open(file(), password_database()));
+  EXPECT_FALSE(cambiata());
+  ASSERT_FALSE(altra.Execute(u"insert into gruppi values (3, 'c')"_s));
+  EXPECT_TRUE(cambiata());
+  EXPECT_FALSE(cambiata());
+}
+
+}  // namespace lokera
