@@ -15,15 +15,16 @@ bool QtEventLoop::eventFilter(QObject*, QEvent*) {
 }
 
 void QtEventLoop::esegui_eventi(Monotonic scadenza) {
-  const quint64 prima = passati_;
-  QCoreApplication::processEvents(QEventLoop::AllEvents);
-  if (passati_ != prima) return;
   const Monotonic resta = scadenza - orologio_.monotono();
-  if (resta <= Monotonic(0)) return;
+  if (resta <= Monotonic(0)) return QCoreApplication::processEvents(QEventLoop::AllEvents);
+  const quint64 prima = passati_;
+  QCoreApplication::sendPostedEvents();
+  if (passati_ != prima) return;  // the caller looks first whether that was what it waits for
   QTimer
       sveglia;  // each call its own: a wait inside a handler must not move the deadline of the one around it
   sveglia.setTimerType(Qt::PreciseTimer);
-  sveglia.start(std::chrono::ceil<std::chrono::milliseconds>(resta));
+  sveglia.start(
+      std::chrono::ceil<std::chrono::milliseconds>(std::min<Monotonic>(resta, std::chrono::hours(1))));
   QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
 }
 
