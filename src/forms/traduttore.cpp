@@ -2,6 +2,8 @@
 
 #include <QSet>
 
+#include <utility>
+
 #include "forms/ss_ole_db_combo.h"
 #include "forms/vocabolario.h"
 
@@ -51,7 +53,8 @@ void Traduttore::Memoria::registra(Connection& connessione, const QString& testo
     return;
   }
   vocabolario.aggiungi(testo.toUtf8(), " ");
-  versione = connessione.versione_tabella(tabella());
+  const quint64 prima = std::exchange(versione, connessione.versione_tabella(tabella()));
+  letta = versione == prima + 1;  // more than our own row: another console wrote at that moment
 }
 
 Traduttore::Traduttore(Database& db) : db_(db), memoria_(std::make_unique<Memoria>()) {}
