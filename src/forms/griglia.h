@@ -89,6 +89,7 @@ struct TabellaDaLista {
   QString cancella;  ///< statement that empties the table
   QString apri;      ///< query whose rows are the table
   griglia::Completa completa = {};
+  std::function<Errore()> prima = {};  ///< runs inside the transaction, before the table is emptied
 };
 
 /// Replaces the tables by the lists in one transaction, all or nothing. On a failure everything is as it was

@@ -98,6 +98,10 @@ void griglia::salva_tutto(Recordset& rs, const QString& valori) {
 }
 
 Errore griglia::riscrivi(Connection& conn, const TabellaDaLista& tabella) {
+  riga_rifiutata_ = -1;
+  if (tabella.prima) {
+    if (Errore e = tabella.prima()) return e;
+  }
   if (Errore e = conn.Execute(tabella.cancella)) return e;
   Recordset rs;
   if (Errore e = rs.Open(tabella.apri, conn, {}, Cursore::aggiornabile)) return e;
@@ -106,9 +110,10 @@ Errore griglia::riscrivi(Connection& conn, const TabellaDaLista& tabella) {
 }
 
 bool sostituisci_tabelle(Connection& conn, const std::vector<TabellaDaLista>& tabelle) {
+  if (tabelle.empty()) return true;
   // Handlers of an edit may take their time, so it is over before the transaction begins.
   for (const TabellaDaLista& t : tabelle) t.lista.grd().Update();
-  griglia* lista = tabelle.empty() ? nullptr : &tabelle.front().lista;
+  griglia* lista = &tabelle.front().lista;
   Errore errore;
   {
     Transazione transazione(conn);
