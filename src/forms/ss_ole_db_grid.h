@@ -61,6 +61,7 @@ class SSOleDBGrid : public Controllo {
   using Controllo::Controllo;
 
   Proprieta<QString> Caption{*this, {}};
+  Proprieta<int> Width{*this, 0};             ///< the grid's own units; set from the drawing before Form_Load
   Proprieta<bool> AllowAddNew{*this, false};  ///< the user may add rows at the end
   Proprieta<bool> AllowDelete{*this, false};
   Proprieta<bool> AllowUpdate{*this, false};  ///< cells can be edited in place

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "supervisor/finestre.h"
+
 namespace lokera {
 
 Console::Console(const Machine& macchina, std::function<bool()> istanza_precedente)
@@ -11,7 +13,7 @@ Console::Console(const Machine& macchina, std::function<bool()> istanza_preceden
       traduttore_(db_),
       griglie_{traduttore_, macchina.messaggi, attesa_},
       finestre_(elenco_, macchina.timer) {
-  finestre_.crea = [this](const QString& nome) { return crea_finestra(nome); };
+  finestre_.crea = [this](const QString& nome) { return crea_finestra(ambiente(), nome); };
 }
 
 Console::~Console() = default;
@@ -29,8 +31,8 @@ bool Console::apri(const QString& cartella) {
   return true;
 }
 
-std::unique_ptr<Finestra> Console::crea_finestra(const QString& /*nome*/) {
-  return nullptr;
+Ambiente Console::ambiente() {
+  return {db_, elenco_, traduttore_, macchina_.messaggi, griglie_, macchina_.desktop, macchina_.orologio};
 }
 
 }  // namespace lokera

@@ -5,6 +5,7 @@
 #include <functional>
 #include <memory>
 
+#include "forms/ambiente.h"
 #include "platform/machine.h"
 #include "supervisor/frm_main.h"
 #include "supervisor/gestore_finestre.h"
@@ -29,10 +30,10 @@ class Console {
   ServiziGriglia& griglie() { return griglie_; }
   GestoreFinestre& finestre() { return finestre_; }
   const Machine& macchina() const { return macchina_; }
+  /// What the windows are made with.
+  Ambiente ambiente();
 
  private:
-  std::unique_ptr<Finestra> crea_finestra(const QString& nome);
-
   Machine macchina_;
   std::function<bool()> istanza_precedente_;
   Database db_;

@@ -1,0 +1,170 @@
+#include "supervisor/frm_operatori.h"
+
+#include "forms/messaggi.h"
+
+namespace lokera {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString& elenco_utenti() {
+  static const QString sql = u"SELECT * FROM operatori ORDER BY user"_s;
+  return sql;
+}
+
+int riga_di(const SSOleDBGrid& grd, const QString& utente) {
+  for (int riga = 0; riga < grd.Rows(); ++riga)
+    if (grd.cella(riga, u"user").compare(utente, Qt::CaseInsensitive) == 0) return riga;
+  return -1;
+}
+
+}  // namespace
+
+frm_operatori::frm_operatori(const Ambiente& a)
+    : Finestra(a.finestre, u"frm_operatori"_s),
+      grd(*this, u"grd"_s),
+      lblUser(*this, u"lblUser"_s, u"utente"_s),
+      lblPwd(*this, u"lblPwd"_s, u"password"_s),
+      lblConfermaPwd(*this, u"lblConfermaPwd"_s, u"conferma password"_s),
+      txtUser(*this, u"txtUser"_s),
+      txtPwd(*this, u"txtPwd"_s),
+      txtConfermaPwd(*this, u"txtConfermaPwd"_s),
+      Check1(*this, u"Check1"_s),
+      Command5(*this, u"Command5"_s, u"nuovo"_s),
+      Command4(*this, u"Command4"_s, u"modifica"_s),
+      Command1(*this, u"Command1"_s, u"registra"_s),
+      Command2(*this, u"Command2"_s, u"annulla mod."_s),
+      Command3(*this, u"Command3"_s, u"elimina"_s),
+      a_(a),
+      griglia_(grd, a_.griglie) {
+  Check1.Caption = u"utente supervisore"_s;
+  maschera_password();
+  collega_eventi();
+  abilita_comandi(Stato::consultazione);
+}
+
+void frm_operatori::collega_eventi() {
+  grd.RowColChange = [this] { grd_RowColChange(); };
+  // Nothing that was copied elsewhere gets into a password by a slip, and none gets out.
+  txtPwd.GotFocus = [this] {
+    a_.desktop.svuota_appunti();
+    txtConfermaPwd.Text = QString();
+  };
+  txtConfermaPwd.GotFocus = [this] { a_.desktop.svuota_appunti(); };
+  const auto blocca_elenco = [this] { grd.Enabled = false; };
+  for (TextBox* t : {&txtUser, &txtPwd, &txtConfermaPwd}) t->Change = blocca_elenco;
+  Check1.Click = blocca_elenco;
+  Command1.Click = [this] { Command1_Click(); };
+  Command2.Click = [this] { Command2_Click(); };
+  Command3.Click = [this] { Command3_Click(); };
+  Command4.Click = [this] { Command4_Click(); };
+  Command5.Click = [this] { Command5_Click(); };
+}
+
+void frm_operatori::Form_Load() {
+  Connection& c = a_.db.connessione_db;
+  Caption(a_.traduttore.traduci(u"   Operatori"_s));
+  griglia_.layout(c, nome(), grd.nome(), c, elenco_utenti(), grd.Width());
+  griglia_.popola(c, elenco_utenti());
+  Check1.Caption = a_.traduttore.traduci(u"utente supervisore"_s);
+  if (a_.db.lingua_interfaccia == 1) a_.traduttore.traduci_form(*this);
+  grd_RowColChange();
+}
+
+void frm_operatori::grd_RowColChange() {
+  const int riga = grd.Row();
+  txtUser.Text = grd.cella(riga, u"user");
+  txtPwd.Text = grd.cella(riga, u"pwd");
+  txtConfermaPwd.Text = grd.cella(riga, u"pwd");
+  Check1.Value = grd.spuntata(riga, grd.colonna(u"su")) ? 1 : 0;
+}
+
+void frm_operatori::abilita_comandi(Stato stato) {
+  stato_ = stato;
+  const bool modifica = stato != Stato::consultazione;
+  for (TextBox* t : {&txtUser, &txtPwd, &txtConfermaPwd}) t->Enabled = modifica;
+  Check1.Enabled = Command1.Enabled = Command2.Enabled = modifica;
+  Command4.Enabled = Command5.Enabled = !modifica;
+  Command3.Enabled = true;
+  grd.Enabled = stato != Stato::nuovo;
+}
+
+void frm_operatori::maschera_password() {
+  txtPwd.nascosto = txtConfermaPwd.nascosto = true;
+}
+
+void frm_operatori::svuota_password() {
+  txtPwd.Text = txtConfermaPwd.Text = u" "_s;
+}
+
+/// Reads the list again and stands on the user, when it is there. No password is in the boxes after it.
+bool frm_operatori::ricarica(const QString& utente) {
+  const bool letta = griglia_.popola(a_.db.connessione_db, elenco_utenti());
+  if (const int riga = riga_di(grd, utente); riga >= 0) grd.Row(riga);
+  grd_RowColChange();
+  svuota_password();
+  grd.Enabled = true;
+  return letta;
+}
+
+void frm_operatori::Command1_Click() {
+  const Attesa attesa(*this);
+  if (txtPwd.Text().isEmpty() || txtConfermaPwd.Text().isEmpty())
+    return avvisa(a_.traduttore, a_.messaggi, u"Non sono state apportate modifiche."_s);
+  if (txtPwd.Text() != txtConfermaPwd.Text())
+    return avvisa(a_.traduttore, a_.messaggi, u"La password non corrisponde con quella di conferma."_s);
+  if (const Errore e = registra()) return a_.messaggi.mostra(e.descrizione);
+  if (stato_ == Stato::nuovo) abilita_comandi(Stato::modifica);
+  ricarica(txtUser.Text());
+}
+
+Errore frm_operatori::registra() {
+  Recordset rs;
+  Errore e = rs.Open(u"SELECT * FROM operatori WHERE user = ?"_s, a_.db.connessione_db, {txtUser.Text()},
+                     Cursore::aggiornabile);
+  if (!e && rs.eof()) e = rs.AddNew();
+  if (!e) e = rs.imposta(u"user", txtUser.Text());
+  if (!e) e = rs.imposta(u"pwd", txtPwd.Text());
+  if (!e) e = rs.imposta(u"su", Check1.Value());
+  if (!e) e = rs.Update();
+  return e;
+}
+
+void frm_operatori::Command5_Click() {
+  grd.AddItem(QStringList());
+  grd.Row(grd.Rows() - 1);
+  abilita_comandi(Stato::nuovo);
+  Command3.Enabled = false;
+  maschera_password();
+  txtUser.SetFocus();
+}
+
+void frm_operatori::Command4_Click() {
+  abilita_comandi(Stato::modifica);
+  maschera_password();
+}
+
+void frm_operatori::Command2_Click() {
+  if (stato_ == Stato::nuovo) grd.RemoveItem(grd.Rows() - 1);  // it was never a user
+  grd.Row(grd.Rows() - 1);
+  grd_RowColChange();
+  abilita_comandi(Stato::consultazione);
+  svuota_password();
+}
+
+Errore frm_operatori::elimina() {
+  Recordset rs;
+  Errore e = rs.Open(u"SELECT * FROM operatori WHERE user =?"_s, a_.db.connessione_db, {txtUser.Text()},
+                     Cursore::aggiornabile);
+  if (!e && !rs.eof()) e = rs.Delete();
+  return e;
+}
+
+void frm_operatori::Command3_Click() {
+  const Attesa attesa(*this);
+  if (const Errore e = elimina()) return a_.messaggi.mostra(e.descrizione);
+  ricarica();
+}
+
+}  // namespace lokera

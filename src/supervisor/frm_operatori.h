@@ -1,0 +1,44 @@
+#pragma once
+
+#include "forms/ambiente.h"
+
+namespace lokera {
+
+/// The users of the program. A user is chosen in the list and edited in the boxes beside it; while an edit
+/// isn't stored the list can't be left for another user.
+class frm_operatori : public Finestra {
+ public:
+  explicit frm_operatori(const Ambiente& ambiente);
+
+  enum class Stato { consultazione, modifica, nuovo };
+
+  void Form_Load() override;
+  void Command1_Click();  ///< save
+  void Command2_Click();  ///< leave the edit
+  void Command3_Click();  ///< delete
+  void Command4_Click();  ///< edit
+  void Command5_Click();  ///< new user
+  void grd_RowColChange();
+  /// The buttons and boxes that go with the state.
+  void abilita_comandi(Stato stato);
+
+  SSOleDBGrid grd;
+  Label lblUser, lblPwd, lblConfermaPwd;
+  TextBox txtUser, txtPwd, txtConfermaPwd;
+  CheckBox Check1;
+  CommandButton Command5, Command4, Command1, Command2, Command3;
+
+ private:
+  void collega_eventi();
+  void maschera_password();
+  void svuota_password();
+  bool ricarica(const QString& utente = {});
+  Errore registra();
+  Errore elimina();
+
+  Ambiente a_;
+  griglia griglia_;
+  Stato stato_ = Stato::consultazione;
+};
+
+}  // namespace lokera
