@@ -140,12 +140,11 @@ QString leggi_file(const QString& nome, Lettore lettore) {
 }
 
 QString leggi_files(const QCommandLineParser& parser, Opzioni& o) {
-  const QString errore =
+  QString errore =
       leggi_file(parser.value(u"sito"_s), [&](const QByteArray& t) { return leggi_sito(t, o.sito); });
   if (!errore.isEmpty()) return errore;
   const QString nome = parser.value(u"richieste"_s);
-  const QString altro =
-      leggi_file(nome, [&](const QByteArray& t) { return leggi_richieste(t, o.richieste); });
+  QString altro = leggi_file(nome, [&](const QByteArray& t) { return leggi_richieste(t, o.richieste); });
   if (!altro.isEmpty()) return altro;
   for (const RigaRichiesta& riga : o.richieste) {
     if (trova_cabinet(riga.cabinet, o.indirizzi).isEmpty()) {
@@ -180,14 +179,14 @@ QString leggi_opzioni(const QStringList& argomenti, Opzioni& o) {
   if (!parser.positionalArguments().isEmpty()) {
     return u"unexpected argument %1"_s.arg(parser.positionalArguments().first());
   }
-  if (const QString errore = controlla_numeri(parser); !errore.isEmpty()) return errore;
+  if (QString errore = controlla_numeri(parser); !errore.isEmpty()) return errore;
   leggi_numeri(parser, o);
   o.registro = parser.value(u"registro"_s);
   o.archivio = parser.value(u"archivio"_s);
   o.parla = parser.isSet(u"parla"_s);
   o.registra_chiavi = !parser.isSet(u"senza-chiavi"_s);
   for (const auto passo : {scegli_indirizzi, scegli_gestiti, leggi_files}) {
-    if (const QString errore = passo(parser, o); !errore.isEmpty()) return errore;
+    if (QString errore = passo(parser, o); !errore.isEmpty()) return errore;
   }
   return {};
 }
