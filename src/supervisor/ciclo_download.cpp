@@ -10,6 +10,17 @@ namespace {
 constexpr int intervallo_ms = 30000;
 constexpr quint16 porta_udp = 3040;
 
+// The columns that the cycle keeps its state in, whatever the layout table shows of them.
+void disegna(SSOleDBGrid& grd, std::initializer_list<const char16_t*> campi) {
+  std::vector<Colonna> colonne;
+  for (const char16_t* campo : campi) {
+    Colonna colonna;
+    colonna.campo = colonna.Caption = QString::fromUtf16(campo);
+    colonne.push_back(colonna);
+  }
+  grd.imposta_colonne(std::move(colonne));
+}
+
 }  // namespace
 
 CicloDownload::CicloDownload(Finestra& finestra, const ElencoFinestre& finestre, Database& db,
@@ -27,7 +38,10 @@ CicloDownload::CicloDownload(Finestra& finestra, const ElencoFinestre& finestre,
       invio_(invio),
       tabellone_(tabellone),
       e_(etichette) {
+  grdLokere.Caption = QStringLiteral("Lokere");
   grdAggOper.Caption = QStringLiteral("aggiornamento differito operatori");
+  disegna(grdLokere, {u"id", u"descrizione", u"errori", u"reset", u"indirizzoIP", u"seriale"});
+  disegna(grdAggOper, {u"codice", u"descrizione", u"oper", u"esito"});
   TimerDownload->Interval(intervallo_ms);
   TimerDownload->Evento = [this] { TimerDownload_Timer(); };
 }

@@ -1,0 +1,275 @@
+#include "access/decisioni.h"
+
+#include "aiuti/banco.h"
+#include "link/protocollo.h"
+
+namespace lokera::prova {
+namespace {
+
+const QString domenica = QStringLiteral("Domenica");  // 30/11/2008
+
+/// A managed cabinet at the live session of a started console.
+class DecisioniTest : public ::testing::Test {
+ protected:
+  DecisioniTest() : lokera(b.vm, QStringLiteral("127.0.0.2"), 10002) {
+    b.lokera(1, 1);
+    b.main().Form_Load();
+    EXPECT_EQ(b.main().lblStatus.Caption(), QStringLiteral("ON Line"));
+    // Groups: operators 1, keys 5 and 6.
+    b.tessera(QStringLiteral("0000000001"), 1);
+    b.abilita(QStringLiteral("0000000001"), 5);
+    b.chiave(QStringLiteral("1000000001"), 1, 0, 5);
+    b.chiave(QStringLiteral("1000000002"), 1, 1, 6);
+    b.chiave(QStringLiteral("1000000003"), 2, 0, 5);
+  }
+
+  /// What the console answers, without block check; "-" for no answer.
+  QByteArray chiedi(const QByteArray& testo) {
+    const qsizetype prima = lokera.ricevuti.size();
+    lokera.invia(componi_frame(testo));
+    b.vm.esegui_per(50ms);
+    if (lokera.ricevuti.size() == prima) return "-";
+    const QByteArray frame = lokera.ricevuti.last();
+    EXPECT_EQ(frame, componi_frame(frame.chopped(3)));
+    return frame.chopped(3);
+  }
+  QByteArray tessera(const QByteArray& codice, char stato = '1') {
+    return chiedi("00090..0123456789" + QByteArray(1, stato) + codice);
+  }
+  QByteArray chiave(const QByteArray& codice, char verso = '1') {
+    return chiedi("00091..0123456789" + QByteArray(1, verso) + codice);
+  }
+  QByteArray esito(const QByteArray& codice) { return chiedi("00092.ABCDEFGHIJ." + codice); }
+
+  PannelloLive& p() { return b.main().pannello; }
+  char stato() { return b.main().decisioni.stato_operazione; }
+
+  Banco b;
+  LokeraFinta lokera;
+};
+
+TEST_F(DecisioniTest, Operatori) {
+  const QDate oggi(2008, 11, 30);
+  const auto giorno = [&](int scarto) { return QVariant(QDateTime(oggi.addDays(scarto), QTime(23, 59))); };
+  b.tessera(QStringLiteral("0000000010"), 1, 0, giorno(0), giorno(0));
+  b.tessera(QStringLiteral("0000000011"), 1, 0, giorno(1), {});
+  b.tessera(QStringLiteral("0000000012"), 1, 0, {}, giorno(-1));
+  b.tessera(QStringLiteral("0000000013"), 1, 0, giorno(-5), giorno(5));
+  for (int limite : {1, 2}) {
+    const QString codice = QStringLiteral("000000002%1").arg(limite);
+    b.tessera(codice, 1, limite);
+    for (int k = 0; k < 2; ++k) {
+      b.chiave(QStringLiteral("200000%1%2").arg(limite).arg(k, 3, 10, QLatin1Char('0')), 3, 10 * limite + k,
+               9);
+      b.sql(QStringLiteral("update tessere_chiavi set operatore = ? where codice = ?"),
+            {codice, QStringLiteral("200000%1%2").arg(limite).arg(k, 3, 10, QLatin1Char('0'))});
+    }
+  }
+  struct Caso {
+    const char* nome;
+    QByteArray codice;
+    char stato;
+    const char* risposta;
+    Colore lampada;
+    const char16_t* mostrato;
+  };
+  const Caso casi[] = {
+      {"no limits", "0000000001", '1', "00090001", verde, u"0000000001"},
+      {"valid from and until today", "0000000010", '1', "00090001", verde, u"0000000010"},
+      {"from tomorrow", "0000000011", '1', "00090000", rosso, u"0000000011"},
+      {"until yesterday", "0000000012", '1', "00090000", rosso, u"0000000012"},
+      {"within", "0000000013", '1', "00090001", verde, u"0000000013"},
+      {"limit reached", "0000000022", '1', "00090001", verde, u"0000000022"},
+      {"limit passed", "0000000021", '1', "00090000", rosso, u"0000000021"},
+      {"unknown", "0000000099", '1', "00090000", rosso, u""},
+      {"taken away", "0000000001", '0', "00090000", grigio, u""},
+      {"other state", "0000000001", '7', "00090000", rosso, u""},
+  };
+  for (const Caso& c : casi) {
+    EXPECT_EQ(tessera(c.codice, c.stato), c.risposta) << c.nome;
+    EXPECT_EQ(p().ShapeP.FillColor(), c.lampada) << c.nome;
+    EXPECT_EQ(p().lblP.Caption(), QString::fromUtf16(c.mostrato)) << c.nome;
+    const bool rifiutato = QByteArray(c.risposta).endsWith('0');
+    EXPECT_EQ(p().TimerSlot->Enabled(), rifiutato) << c.nome;
+    if (rifiutato) {
+      EXPECT_EQ(p().TimerSlot->Interval(), 5000) << c.nome;
+    }
+    EXPECT_TRUE(b.main().lblErrore.Caption().isEmpty()) << c.nome;
+  }
+}
+
+TEST_F(DecisioniTest, Chiavi) {
+  struct Caso {
+    const char* nome;
+    QByteArray codice;
+    char verso;
+    const char* risposta;
+    char stato;
+    const char16_t* gruppo;
+  };
+  const Caso casi[] = {
+      {"own group", "1000000001", '1', "00091001", 'P', u"5"},
+      {"group without membership", "1000000002", '1', "00091000", ' ', u"6"},
+      {"another cabinet's", "1000000003", '1', "00091000", ' ', u"5"},
+      {"unknown", "1000000099", '1', "00091000", ' ', u""},
+      {"return of an unknown key", "1000000099", '0', "00091001", 'R', u""},
+      {"return, other direction", "1000000002", 'x', "00091001", 'R', u""},
+  };
+  for (const Caso& c : casi) {
+    EXPECT_EQ(tessera("0000000001"), "00090001") << c.nome;
+    EXPECT_EQ(chiave(c.codice, c.verso), c.risposta) << c.nome;
+    EXPECT_EQ(stato(), c.stato) << c.nome;
+    const bool sinistra = c.verso == '1';
+    EXPECT_EQ((sinistra ? p().ShapeSX : p().ShapeDX).FillColor(), c.stato == ' ' ? rosso : verde) << c.nome;
+    EXPECT_EQ((sinistra ? p().lblSX : p().lblDX).Caption(), QString::fromLatin1(c.codice)) << c.nome;
+    EXPECT_EQ((sinistra ? p().lblSxG : p().lblDxG).Caption(), QString::fromUtf16(c.gruppo)) << c.nome;
+    EXPECT_EQ((sinistra ? p().TimerSX : p().TimerDX)->Enabled(), c.stato == ' ') << c.nome;
+    esito("99");
+  }
+}
+
+TEST_F(DecisioniTest, FasceAlMinuto) {
+  const auto prelievo = [&](QTime ora) {
+    b.vm.orologio().imposta(QDateTime(QDate(2008, 11, 30), ora));
+    EXPECT_EQ(tessera("0000000001"), "00090001");
+    const QByteArray risposta = chiave("1000000001");
+    esito("99");
+    return risposta == "00091001";
+  };
+  b.fascia(1, 5, QStringLiteral("Lunedì"), QTime(1, 0), QTime(2, 0));  // another day imposes nothing
+  EXPECT_TRUE(prelievo(QTime(20, 0)));
+  b.fascia(1, 5, domenica, QTime(8, 0), QTime(12, 0));
+  b.fascia(1, 5, domenica, QTime(14, 0), QTime(15, 0));
+  const std::pair<QTime, bool> casi[] = {{QTime(7, 59, 50), false}, {QTime(8, 0), true},
+                                         {QTime(12, 0, 50), true},  {QTime(12, 1), false},
+                                         {QTime(14, 30), true},     {QTime(15, 1), false}};
+  for (const auto& [ora, ammesso] : casi) EXPECT_EQ(prelievo(ora), ammesso) << ora.toString().toStdString();
+  b.sql(QStringLiteral("insert into giorni_particolari (GG, MM, AAAA, giorno) values (30, 11, 0, 'Sabato')"));
+  EXPECT_TRUE(prelievo(QTime(20, 0)));
+}
+
+TEST_F(DecisioniTest, EsitiELoroMovimenti) {
+  struct Caso {
+    const char* nome;
+    char verso;
+    QByteArray codice;
+    const char* risposta;
+    const char* movimento;
+    Colore prima, seconda;
+  };
+  const Caso casi[] = {
+      {"withdrawal given up", '1', "02", "00092ABCDEFGHIJ1", "", verde, rosso},
+      {"withdrawal done", '1', "03", "00092ABCDEFGHIJ0", "P", rosso, verde},
+      {"return given up", '0', "00", "00092ABCDEFGHIJ1", "", verde, rosso},
+      {"return done", '0', "01", "00092ABCDEFGHIJ0", "R", rosso, verde},
+      {"another operation's code", '1', "01", "00092ABCDEFGHIJ", "", grigio, grigio},
+      {"unknown code", '0', "77", "00092ABCDEFGHIJ", "", grigio, grigio},
+  };
+  for (const Caso& c : casi) {
+    b.sql(QStringLiteral("delete from movimenti"));
+    EXPECT_EQ(tessera("0000000001"), "00090001") << c.nome;
+    EXPECT_EQ(chiave("1000000001", c.verso), "00091001") << c.nome;
+    EXPECT_EQ(esito(c.codice), c.risposta) << c.nome;
+    EXPECT_EQ(stato(), ' ') << c.nome;
+    const bool sinistra = c.verso == '1';
+    EXPECT_EQ((sinistra ? p().lampade_esito_5 : p().lampade_esito_6).FillColor(), c.prima) << c.nome;
+    EXPECT_EQ((sinistra ? p().lampade_esito_7 : p().lampade_esito_8).FillColor(), c.seconda) << c.nome;
+    EXPECT_TRUE((sinistra ? p().TimerSX : p().TimerDX)->Enabled()) << c.nome;
+    EXPECT_TRUE(p().TimerSlot->Enabled()) << c.nome;
+    EXPECT_EQ(b.uno(QStringLiteral("select operazione from movimenti")).toString(),
+              QString::fromLatin1(c.movimento))
+        << c.nome;
+  }
+  EXPECT_EQ(esito("03"), "00092ABCDEFGHIJ");  // nothing was open
+}
+
+TEST_F(DecisioniTest, IlPrelievoSiVedeSubitoSulTabellone) {
+  tessera("0000000001");
+  chiave("1000000001");
+  esito("03");
+  EXPECT_EQ(b.main().tabellone.lampade_chiave(1).FillColor(), b.main().tabellone.keyU.FillColor());
+  EXPECT_EQ(b.main().tabellone.Num(1).ForeColor(), bianco);
+  EXPECT_EQ(
+      b.uno(QStringLiteral("select operatore from tessere_chiavi where codice = '1000000001'")).toString(),
+      QStringLiteral("0000000001"));
+  EXPECT_EQ(b.uno(QStringLiteral("select intestazione from movimenti")).toString(),
+            QStringLiteral("operatore 0000000001"));
+  tessera("0000000001");
+  chiave("1000000001", '0');
+  esito("01");
+  EXPECT_EQ(b.main().tabellone.lampade_chiave(1).FillColor(), b.main().tabellone.keyP.FillColor());
+  EXPECT_EQ(
+      b.uno(QStringLiteral("select operatore from tessere_chiavi where codice = '1000000001'")).toString(),
+      QStringLiteral(" "));
+}
+
+TEST_F(DecisioniTest, ConUnOperazioneApertaSoloLaFineHaRisposta) {
+  tessera("0000000001");
+  chiave("1000000001");
+  EXPECT_EQ(tessera("0000000001"), "-");
+  EXPECT_TRUE(b.console->principale().decisioni.stato_operazione == 'P');
+  EXPECT_EQ(chiave("1000000001"), "-");
+  EXPECT_EQ(chiedi("00092.ABC"), "-");  // shorter than sixteen characters
+  EXPECT_EQ(chiedi("0009\xC8.ABCDEFGHIJ.03"), "-");
+  EXPECT_EQ(esito("02"), "00092ABCDEFGHIJ1");
+}
+
+TEST_F(DecisioniTest, UnaRichiestaDentroUnAttesaHaRispostaSubito) {
+  bool risposto = false;
+  b.main().download.attesa().attendi(20, [&] {
+    if (lokera.ricevuti.isEmpty() && !risposto) {
+      lokera.invia(componi_frame("00090..012345678910000000001"));
+      risposto = true;
+    }
+    return !lokera.ricevuti.isEmpty();
+  });
+  EXPECT_EQ(lokera.ricevuti.value(0), componi_frame("00090001"));
+}
+
+TEST_F(DecisioniTest, DaUnErroreNonEsceMaiUnConsenso) {
+  const std::pair<const char16_t*, const char*> tabelle[] = {{u"tessere_chiavi", "00091000"},
+                                                             {u"gruppi_tessera", "00091000"},
+                                                             {u"fascie_orarie", "00091000"},
+                                                             {u"giorni_particolari", "00091000"}};
+  for (const auto& [nome, risposta] : tabelle) {
+    const QString tabella = QString::fromUtf16(nome);
+    EXPECT_EQ(tessera("0000000001"), "00090001");
+    b.main().lblErrore.Caption = QString();
+    b.sql(QStringLiteral("alter table %1 rename to via").arg(tabella));
+    EXPECT_EQ(chiave("1000000001"), risposta) << tabella.toStdString();
+    EXPECT_FALSE(b.main().lblErrore.Caption().isEmpty()) << tabella.toStdString();
+    (void)b.db().connessione_db.Execute(QStringLiteral("drop table %1").arg(tabella));  // of the migration
+    b.sql(QStringLiteral("alter table via rename to %1").arg(tabella));
+  }
+  b.sql(QStringLiteral("alter table tessere_operatori rename to via"));
+  EXPECT_EQ(tessera("0000000001"), "00090000");
+  EXPECT_EQ(p().ShapeP.FillColor(), rosso);
+}
+
+TEST_F(DecisioniTest, UnMovimentoNonRegistratoNonEConfermato) {
+  tessera("0000000001");
+  chiave("1000000001");
+  b.sql(QStringLiteral("alter table movimenti rename to via"));
+  EXPECT_EQ(esito("03"), "00092ABCDEFGHIJ");
+  EXPECT_EQ(
+      b.uno(QStringLiteral("select operatore from tessere_chiavi where codice = '1000000001'")).toString(),
+      QStringLiteral(" "));
+}
+
+TEST_F(DecisioniTest, IlPannelloTornaARiposo) {
+  tessera("0000000099");
+  b.vm.esegui_per(5100ms);
+  EXPECT_EQ(p().ShapeP.FillColor(), grigio);
+  EXPECT_EQ(p().TimerSlot->Interval(), 3000);
+  tessera("0000000001");
+  chiave("1000000002");
+  EXPECT_EQ(p().lblSxG.Caption(), QStringLiteral("6"));
+  b.vm.esegui_per(3100ms);  // the side's timer; with this cabinet it takes the operator with it
+  EXPECT_EQ(p().lblSX.Caption(), QStringLiteral("Tessera chiave"));
+  EXPECT_EQ(p().lblP.Caption(), QString());
+  EXPECT_EQ(p().lblPG.Caption(), QStringLiteral("1"));
+  EXPECT_EQ(p().lblIntestazione.Caption(), QStringLiteral("intestazione"));
+}
+
+}  // namespace
+}  // namespace lokera::prova

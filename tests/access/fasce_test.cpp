@@ -1,0 +1,80 @@
+#include "access/fasce.h"
+
+#include "aiuti/banco.h"
+
+namespace lokera::prova {
+namespace {
+
+const QString coda = QStringLiteral("aggiorn_tessere_oper");
+
+class FasceTest : public ::testing::Test {
+ protected:
+  FasceTest() : b(QDateTime(QDate(2008, 12, 1), QTime(0, 0))) {
+    b.tessera(QStringLiteral("0000000001"), 1);
+    b.tessera(QStringLiteral("0000000002"), 2);  // another operator group
+    b.tessera(QStringLiteral("0000000003"), 1);  // may not use the key group
+    b.abilita(QStringLiteral("0000000001"), 5);
+    b.abilita(QStringLiteral("0000000002"), 5);
+    b.chiave(QStringLiteral("1000000001"), 1, 0, 5);
+    b.chiave(QStringLiteral("1000000002"), 2, 0, 5);
+    b.chiave(QStringLiteral("1000000003"), 2, 1, 5);
+    b.chiave(QStringLiteral("1000000004"), 3, 0, 6);
+    b.fascia(1, 5, QStringLiteral("Lunedì"), QTime(8, 0), QTime(12, 0));
+  }
+
+  /// Runs at that time of the day and returns how many pairs it queued; the queue is emptied after.
+  qlonglong corsa(QTime ora) {
+    b.vm.orologio().imposta(QDateTime(giorno, ora));
+    b.main().fasce.applica_fasce_orarie();
+    const qlonglong accodate = b.conta(coda);
+    b.sql(QStringLiteral("delete from aggiorn_tessere_oper"));
+    return accodate;
+  }
+
+  Banco b;
+  QDate giorno{2008, 12, 1};
+};
+
+TEST_F(FasceTest, UnaVoltaAllAperturaEUnaAllaChiusura) {
+  const std::pair<QTime, int> casi[] = {{QTime(7, 55, 59), 0}, {QTime(7, 56), 2}, {QTime(9, 0), 0},
+                                        {QTime(12, 0, 59), 0}, {QTime(12, 1), 2}, {QTime(12, 30), 0},
+                                        {QTime(23, 59), 0}};
+  for (int g = 0; g < 2; ++g, giorno = giorno.addDays(7)) {
+    for (const auto& [ora, accodate] : casi) EXPECT_EQ(corsa(ora), accodate) << ora.toString().toStdString();
+  }
+}
+
+TEST_F(FasceTest, PartitiAlPomeriggioBastaLaChiusura) {
+  EXPECT_EQ(corsa(QTime(14, 0)), 2);
+  EXPECT_EQ(corsa(QTime(14, 5)), 0);
+}
+
+TEST_F(FasceTest, UnaFasciaCortaNonHaLaSecondaCorsa) {
+  b.sql(QStringLiteral("update fascie_orarie set alle_ore = #08:05#"));
+  EXPECT_EQ(corsa(QTime(7, 58)), 2);
+  EXPECT_EQ(corsa(QTime(8, 6)), 0);
+}
+
+TEST_F(FasceTest, ChiEInCodaRestaComE) {
+  b.in_coda(QStringLiteral("0000000001"), 1, QStringLiteral("D"));
+  b.vm.orologio().imposta(QDateTime(giorno, QTime(8, 0)));
+  b.main().fasce.applica_fasce_orarie();
+  EXPECT_EQ(b.conta(coda), 2);
+  EXPECT_EQ(b.conta(coda, QStringLiteral("operazione = 'D' and ID_lokera = 1")), 1);
+  EXPECT_EQ(b.conta(coda, QStringLiteral("operazione = 'I' and ID_lokera = 2")), 1);
+}
+
+TEST_F(FasceTest, UnErroreNonPerdeLaFascia) {
+  int segnalati = 0;
+  b.main().fasce.segnala = [&](const Errore&) { ++segnalati; };
+  b.sql(QStringLiteral("alter table aggiorn_tessere_oper rename to via"));
+  b.vm.orologio().imposta(QDateTime(giorno, QTime(8, 0)));
+  b.main().fasce.applica_fasce_orarie();
+  EXPECT_EQ(segnalati, 1);
+  EXPECT_EQ(b.conta(QStringLiteral("fascie_orarie"), QStringLiteral("data_esecuzione is null")), 1);
+  b.sql(QStringLiteral("alter table via rename to aggiorn_tessere_oper"));
+  EXPECT_EQ(corsa(QTime(8, 5)), 2);
+}
+
+}  // namespace
+}  // namespace lokera::prova

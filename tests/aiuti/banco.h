@@ -1,0 +1,136 @@
+#pragma once
+
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+#include <memory>
+#include <utility>
+
+#include "simulation/virtual_machine.h"
+#include "store/recordset.h"
+#include "store/schema_base.h"
+#include "supervisor/console.h"
+
+namespace lokera::prova {
+
+using namespace std::chrono_literals;
+
+/// A delivered file, made once for the whole test program: deriving its key is what takes time.
+inline QString file_modello() {
+  static const QTemporaryDir cartella;
+  const QString file = cartella.filePath(nome_file_database());
+  if (!QFile::exists(file)) {
+    EXPECT_FALSE(crea_database(file));
+  }
+  return file;
+}
+
+/// A delivered database in a folder of its own and a console on a virtual machine, for one test.
+class Banco {
+ public:
+  explicit Banco(const QDateTime& inizio = QDateTime(QDate(2008, 11, 30), QTime(8, 0)), quint64 seme = 1)
+      : vm(seme, inizio) {
+    EXPECT_TRUE(cartella.isValid());
+    EXPECT_TRUE(QFile::copy(file_modello(), file()));
+    console = std::make_unique<Console>(vm.macchina());
+    EXPECT_TRUE(console->apri(cartella.path()));
+  }
+
+  QString file() const { return cartella.filePath(nome_file_database()); }
+  Database& db() { return console->db(); }
+  frm_Main& main() { return console->principale(); }
+
+  void sql(const QString& statement, const QVariantList& valori = {}) {
+    const Errore e = db().connessione_db.Execute(statement, valori);
+    EXPECT_FALSE(e) << statement.toStdString() << ": " << e.descrizione.toStdString();
+  }
+
+  /// First column of the first row; invalid for no row.
+  QVariant uno(const QString& statement, const QVariantList& valori = {}) {
+    Recordset rs;
+    const Errore e = rs.Open(statement, db().connessione_db, valori);
+    EXPECT_FALSE(e) << e.descrizione.toStdString();
+    return rs.valore(0);
+  }
+  qlonglong conta(const QString& tabella, const QString& condizione = QStringLiteral("1=1")) {
+    return uno(QStringLiteral("select count(*) from %1 where %2").arg(tabella, condizione)).toLongLong();
+  }
+
+  /// A cabinet of this computer at 127.000.000.00(id+1).
+  void lokera(int id, int funzionamento = 0) {
+    sql(QStringLiteral(
+            "insert into parametri (ID, descrizione, IP_lokera, funzionamento, lingua,"
+            " tempo_di_comunicazione, tempo_attesa_inizio, slot, computer_ctrl) values (?, ?, ?, ?, 0, 1000,"
+            " 30, 1, ?)"),
+        {id, QStringLiteral("lokera %1").arg(id),
+         QStringLiteral("127.000.000.%1").arg(id + 1, 3, 10, QLatin1Char('0')), funzionamento,
+         QStringLiteral("PC-CENTRALE")});
+  }
+  void chiave(const QString& codice, int lokera, int posizione, int gruppo = 1) {
+    sql(QStringLiteral(
+            "insert into tessere_chiavi (codice, lokera, posizione, descrizione, gruppo, operatore) values"
+            " (?, ?, ?, ?, ?, ' ')"),
+        {codice, lokera, posizione, QStringLiteral("chiave ") + codice, gruppo});
+  }
+  void tessera(const QString& codice, int gruppo = 1, int massimo = 0, const QVariant& dal = {},
+               const QVariant& al = {}) {
+    sql(QStringLiteral(
+            "insert into tessere_operatori (codice, intestazione, gruppo, NrMaxPrelievi, valido_dal,"
+            " valido_al) values (?, ?, ?, ?, ?, ?)"),
+        {codice, QStringLiteral("operatore ") + codice, gruppo, massimo, dal, al});
+  }
+  void abilita(const QString& tessera, int gruppo_chiavi) {
+    sql(QStringLiteral("insert into gruppi_tessera (tessera, codice) values (?, ?)"),
+        {tessera, gruppo_chiavi});
+  }
+  void fascia(int gruppo_oper, int gruppo_chiavi, const QString& giorno, QTime dalle, QTime alle) {
+    sql(QStringLiteral(
+            "insert into fascie_orarie (gruppo_oper, gruppo_chiavi, giorno, dalle_ore, alle_ore) values"
+            " (?, ?, ?, ?, ?)"),
+        {gruppo_oper, gruppo_chiavi, giorno, QDateTime(QDate(1899, 12, 30), dalle),
+         QDateTime(QDate(1899, 12, 30), alle)});
+  }
+  void in_coda(const QString& tessera, int lokera, const QString& operazione = QStringLiteral("I")) {
+    sql(QStringLiteral(
+            "insert into aggiorn_tessere_oper (ID_tessera, ID_lokera, operazione) values (?, ?, ?)"),
+        {tessera, lokera, operazione});
+  }
+
+  QTemporaryDir cartella;
+  VirtualMachine vm;
+  std::unique_ptr<Console> console;
+};
+
+/// The far end of a cabinet's port, which answers as the test says and keeps what it received.
+class LokeraFinta {
+ public:
+  using Risposta = std::function<QList<QByteArray>(const QByteArray& frame)>;
+
+  LokeraFinta(VirtualMachine& vm, const QString& indirizzo, quint16 porta, Risposta risposta = {})
+      : risposta_(std::move(risposta)) {
+    EXPECT_TRUE(vm.rete().ascolta_tcp(indirizzo, porta, [this](std::shared_ptr<Canale> canale) {
+      ++connessioni;
+      canale_ = std::move(canale);
+      canale_->Arrivo = [this](QByteArrayView dati) { arrivo(dati.toByteArray()); };
+    }));
+  }
+
+  void invia(const QByteArray& dati) { canale_->invia(dati); }
+  void chiudi() { canale_->chiudi(); }
+
+  QList<QByteArray> ricevuti;
+  int connessioni = 0;
+
+ private:
+  void arrivo(const QByteArray& dati) {
+    ricevuti << dati;
+    if (!risposta_) return;
+    for (const QByteArray& r : risposta_(dati)) canale_->invia(r);
+  }
+
+  Risposta risposta_;
+  std::shared_ptr<Canale> canale_;
+};
+
+}  // namespace lokera::prova

@@ -1,0 +1,51 @@
+#include "link/protocollo.h"
+
+#include <gtest/gtest.h>
+
+namespace lokera {
+namespace {
+
+TEST(Protocollo, BloccoDiControllo) {
+  const std::pair<QByteArray, QByteArray> casi[] = {
+      {"00010", "31"},
+      {"00036", "35"},
+      {"00037", "34"},
+      {"00039", "3A"},
+      {"A", "41"},
+      {"AA", "00"},
+      {"AD", "05"},
+      {"", "00"},
+      {QByteArray(1000, 'x'), "00"},
+      {QByteArray(33, 'x') + "y", "01"},
+  };
+  for (const auto& [testo, bcc] : casi) EXPECT_EQ(calcola_bcc(testo), bcc) << testo.toStdString();
+}
+
+TEST(Protocollo, LeTreCostantiSonoFrameComposti) {
+  EXPECT_EQ(componi_frame("00036"), QByteArray(frame_leggi_transazione));
+  EXPECT_EQ(componi_frame("00037"), QByteArray(frame_conferma_transazione));
+  EXPECT_EQ(componi_frame("00039"), QByteArray(frame_conta_transazioni));
+}
+
+TEST(Protocollo, CampiDiUnFrameCorto) {
+  EXPECT_EQ(campo_frame("0003600", 6, 2), QByteArray("00"));
+  EXPECT_EQ(campo_frame("0003600", 7, 10), QByteArray("0"));
+  EXPECT_TRUE(campo_frame("0003600", 8, 1).isEmpty());
+  EXPECT_TRUE(campo_frame("", 1, 5).isEmpty());
+  EXPECT_TRUE(campo_frame("0003600", 3, -2).isEmpty());
+  EXPECT_FALSE(risposta_buona("000360"));
+}
+
+TEST(Protocollo, MessaggiDelleRisposte) {
+  EXPECT_EQ(messaggio_risposta("00"), QString());
+  EXPECT_EQ(messaggio_risposta("03"), QStringLiteral("Uno o più campi dati sono oltre il range ammesso"));
+  EXPECT_EQ(messaggio_risposta("99"), QStringLiteral("Errore non previsto"));
+}
+
+TEST(Protocollo, IndirizzoSenzaZeri) {
+  EXPECT_EQ(normalizza_ip(QStringLiteral("010.001.002.003")), QStringLiteral("10.1.2.3"));
+  EXPECT_EQ(normalizza_ip(QStringLiteral("192.168.015.250")), QStringLiteral("192.168.15.250"));
+}
+
+}  // namespace
+}  // namespace lokera

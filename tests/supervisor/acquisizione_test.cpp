@@ -1,0 +1,180 @@
+#include "aiuti/banco.h"
+#include "link/protocollo.h"
+#include "supervisor/registro.h"
+
+namespace lokera::prova {
+namespace {
+
+const QByteArray oper = "0000000001";
+const QByteArray key = "1000000001";
+
+QByteArray record(const QByteArray& movimento, const QByteArray& data = "301108081500",
+                  const QByteArray& o = oper, const QByteArray& k = key) {
+  return componi_frame("0003600" + o + k + movimento + data);
+}
+
+/// A cabinet with a store: answers "00039" with `conteggio`, "00036" with the first record, drops it at
+/// "00037".
+class AcquisizioneTest : public ::testing::Test {
+ protected:
+  AcquisizioneTest()
+      : lokera(b.vm, QStringLiteral("127.0.0.2"), 10001,
+               [this](const QByteArray& f) { return risposta(f); }) {
+    b.lokera(1);
+    b.tessera(QString::fromLatin1(oper));
+    b.chiave(QString::fromLatin1(key), 1, 3);
+  }
+
+  QList<QByteArray> risposta(const QByteArray& f) {
+    const QByteArray codice = f.left(5);
+    if (codice == "00010") return {componi_frame("0001000X")};
+    if (codice == "0001B") return {componi_frame("0001B000000000001")};
+    if (codice == "00039")
+      return {componi_frame("0003900" +
+                            conteggio.value_or(QByteArray::number(store.size()).rightJustified(4, '0')))};
+    if (codice == "00036" && !store.isEmpty()) {
+      registrati_alla_lettura << b.conta(QStringLiteral("movimenti"));
+      return {store.first()};
+    }
+    if (codice == "00037") {
+      registrati_alla_conferma << b.conta(QStringLiteral("movimenti"));
+      if (perdi_conferme > 0 && perdi_conferme--) return {};
+      store.removeFirst();
+      return {componi_frame("0003700")};
+    }
+    return {};
+  }
+
+  void visita() {
+    if (b.main().ciclo.TimerDownload->Enabled())
+      b.main().mnuScarTrans_Click();
+    else
+      b.main().Form_Load();
+    b.vm.esegui_per(25s);
+  }
+  qlonglong inviati(const QByteArray& codice) const {
+    return std::ranges::count_if(lokera.ricevuti, [&](const QByteArray& f) { return f.left(5) == codice; });
+  }
+
+  Banco b;
+  QList<QByteArray> store;
+  std::optional<QByteArray> conteggio;
+  int perdi_conferme = 0;
+  QList<qlonglong> registrati_alla_lettura, registrati_alla_conferma;
+  LokeraFinta lokera;
+};
+
+TEST_F(AcquisizioneTest, PrelievoERestituzione) {
+  store = {record("00"), record("01", "301108091500"), record("00", "301108101500")};
+  visita();
+  EXPECT_EQ(inviati("00036"), 3);
+  EXPECT_EQ(inviati("00037"), 3);
+  EXPECT_EQ(registrati_alla_conferma, (QList<qlonglong>{1, 2, 3}));  // each booked before it is acknowledged
+  EXPECT_EQ(registrati_alla_lettura, (QList<qlonglong>{0, 1, 2}));   // and asked for only then
+  EXPECT_EQ(b.main().acquisizione.lblNumTrans.Caption(), QStringLiteral("3"));
+  EXPECT_EQ(b.main().lblLetturaTrans.Caption(), QStringLiteral("record read: 3"));
+  EXPECT_EQ(b.main().acquisizione.lblUltimaTrans.Caption(),
+            QStringLiteral(
+                " OUT  30/11/08 10.15.00 - chiave: chiave 1000000001 lok. 1 - oper. operatore 0000000001"));
+  EXPECT_EQ(b.uno(QStringLiteral("select max(id) from movimenti")), 3);
+  EXPECT_EQ(b.uno(QStringLiteral("select operazione from movimenti where id = 2")).toString(),
+            QStringLiteral("R"));
+  EXPECT_EQ(b.uno(QStringLiteral("select uscita from tessere_chiavi")).toDateTime(),
+            QDateTime(QDate(2008, 11, 30), QTime(10, 15)));
+  EXPECT_EQ(b.main().tabellone.lampade_chiave(4).FillColor(), b.main().tabellone.keyU.FillColor());
+  EXPECT_FALSE(b.main().acquisizione.shpTrans.Visible());
+  EXPECT_TRUE(b.main().Enabled());
+}
+
+TEST_F(AcquisizioneTest, RecordStrani) {
+  struct Caso {
+    const char* nome;
+    QByteArray frame;
+    bool preso, con_data;
+    const char16_t* intestazione;
+  };
+  const Caso casi[] = {
+      {"unknown card", record("00", "301108081500", "0000000099"), true, true, u"Tessera non registrata"},
+      {"unknown key", record("00", "301108081500", oper, "1000000099"), true, true, u"operatore 0000000001"},
+      {"impossible date", record("00", "310208081500"), true, false, u"operatore 0000000001"},
+      {"no date at all", record("00", "            "), true, false, u"operatore 0000000001"},
+      {"point in the card", record("00", "301108081500", "00000.0001"), false, false, u""},
+      {"point in the key", record("00", "301108081500", oper, ".........."), false, false, u""},
+      {"cut short", "0003600" + oper + key.left(9) + "       \r", true, false, u"operatore 0000000001"},
+      {"thirty characters", ("0003600" + oper + key + "\r\r\r\r").left(30), false, false, u""},
+  };
+  for (const Caso& c : casi) {
+    b.sql(QStringLiteral("delete from movimenti"));
+    store = {c.frame};
+    lokera.ricevuti.clear();
+    visita();
+    EXPECT_EQ(b.conta(QStringLiteral("movimenti")), c.preso ? 1 : 0) << c.nome;
+    EXPECT_EQ(inviati("00037"), c.preso ? 1 : 0) << c.nome;
+    EXPECT_EQ(b.conta(QStringLiteral("movimenti"), QStringLiteral("data is not null")), c.con_data ? 1 : 0)
+        << c.nome;
+    EXPECT_EQ(b.uno(QStringLiteral("select intestazione from movimenti")).toString(),
+              QString::fromUtf16(c.intestazione))
+        << c.nome;
+  }
+}
+
+TEST_F(AcquisizioneTest, UnaConfermaPersaRegistraDueVolte) {
+  store = {record("00"), record("01", "301108091500")};
+  perdi_conferme = 1;
+  visita();
+  EXPECT_EQ(b.conta(QStringLiteral("movimenti")), 1);
+  EXPECT_EQ(store.size(), 2);
+  visita();
+  EXPECT_EQ(b.conta(QStringLiteral("movimenti")), 3);
+  EXPECT_TRUE(store.isEmpty());
+}
+
+TEST_F(AcquisizioneTest, ContiCheNonTornano) {
+  store = {record("00")};
+  conteggio = "0005";  // more than is stored: ends at its limit
+  visita();
+  EXPECT_EQ(b.conta(QStringLiteral("movimenti")), 1);
+  EXPECT_TRUE(b.main().Enabled());
+  store = {record("00", "301108120000")};
+  for (const char* testo : {"0000", "00A1", "1", ""}) {
+    conteggio = testo;
+    visita();
+    EXPECT_EQ(b.conta(QStringLiteral("movimenti")), 1) << testo;
+  }
+  EXPECT_FALSE(b.main().acquisizione.shpTrans.Visible());
+}
+
+TEST_F(AcquisizioneTest, CioCheNonSiRegistraNonSiConferma) {
+  store = {record("00")};
+  b.sql(QStringLiteral(
+      "create trigger pieno before insert on movimenti begin select raise(abort, 'disco pieno'); end"));
+  b.main().Form_Load();
+  b.vm.esegui_per(20s);
+  EXPECT_EQ(inviati("00037"), 0);
+  EXPECT_EQ(b.uno(QStringLiteral("select operatore from tessere_chiavi")).toString(), QStringLiteral(" "));
+  EXPECT_FALSE(b.main().lblErrore.Caption().isEmpty());
+}
+
+TEST_F(AcquisizioneTest, UnaReplicaDoppiaNonSiRegistraDueVolte) {
+  store = {record("00"), record("01", "301108091500")};
+  Guasti guasti;
+  guasti.ripete = 1000;
+  b.vm.rete().guasti(guasti);
+  visita();
+  b.vm.rete().guasti_accesi(false);
+  visita();
+  EXPECT_EQ(b.conta(QStringLiteral("movimenti")), 2);
+  EXPECT_TRUE(store.isEmpty());
+}
+
+TEST(DataTransazione, SoloQuestaForma) {
+  EXPECT_EQ(data_transazione(QStringLiteral("01/02/29 03.04.05")),
+            QDateTime(QDate(2029, 2, 1), QTime(3, 4, 5)));
+  EXPECT_EQ(data_transazione(QStringLiteral("01/02/30 03.04.05")).date().year(), 1930);
+  for (const char16_t* testo :
+       {u"31/02/08 00.00.00", u"01/13/08 00.00.00", u"01/01/08 24.00.00", u"1/1/08 00.00.00", u""})
+    EXPECT_FALSE(data_transazione(QString::fromUtf16(testo)).isValid());
+}
+
+}  // namespace
+}  // namespace lokera::prova

@@ -1,0 +1,165 @@
+#include "aiuti/banco.h"
+#include "link/protocollo.h"
+
+namespace lokera::prova {
+namespace {
+
+/// A cabinet that answers everything well: link test, serial, writes, an empty store.
+QList<QByteArray> buona(const QByteArray& frame) {
+  const QByteArray codice = frame.left(5);
+  if (codice == "00010") return {componi_frame("0001000X")};
+  if (codice == "0001B") return {componi_frame("0001B000000012345")};
+  if (codice == "00039") return {componi_frame("00039000000")};
+  return {componi_frame(codice + "00")};
+}
+
+QList<QByteArray> codici(const QList<QByteArray>& frame) {
+  QList<QByteArray> testi;
+  for (const QByteArray& f : frame) testi << f.left(5);
+  return testi;
+}
+
+TEST(Ciclo, UnaVisitaNormaleSulFilo) {
+  Banco b;
+  b.lokera(1);
+  b.lokera(2);
+  LokeraFinta prima(b.vm, QStringLiteral("127.0.0.2"), 10001, buona);
+  b.main().Form_Load();
+  b.vm.esegui_per(1s);
+  frm_Main& m = b.main();
+  EXPECT_EQ(m.ciclo.grdLokere.Row(), 0);  // the first visit goes to the first row
+  EXPECT_EQ(codici(prima.ricevuti), (QList<QByteArray>{"00010", "00010", "0001B", "00039"}));
+  EXPECT_EQ(prima.ricevuti.last(), QByteArray(frame_conta_transazioni));
+  EXPECT_EQ(m.ciclo.grdLokere.cella(0, u"seriale"), QStringLiteral("12345"));
+  EXPECT_EQ(m.lblStatusD.Caption(), QStringLiteral("ON line"));
+  EXPECT_EQ(m.lblLetturaTrans.Caption(), QStringLiteral("no data"));
+  EXPECT_EQ(m.lblNome.Caption(), QStringLiteral("lokera 1 (0)"));
+  prima.ricevuti.clear();
+  b.vm.esegui_per(30s);
+  EXPECT_EQ(m.lblID.Caption(), QStringLiteral("2"));
+  EXPECT_EQ(m.lblStatusD.Caption(), QStringLiteral("OFF line"));
+  b.vm.esegui_per(30s);
+  EXPECT_EQ(m.lblID.Caption(), QStringLiteral("1"));
+  EXPECT_EQ(codici(prima.ricevuti), (QList<QByteArray>{"00010", "00010", "00039"}));
+}
+
+TEST(Ciclo, OgniSecondoFallimentoUnReset) {
+  Banco b;
+  b.lokera(1);
+  QList<QByteArray> datagrammi;
+  b.vm.rete().ascolta_udp(QStringLiteral("127.0.0.2"), 3040,
+                          [&](QByteArrayView dati, const auto&) { datagrammi << dati.toByteArray(); });
+  b.main().Form_Load();
+  const int attesi[] = {0, 1, 1, 2, 2, 3};  // after each failed visit
+  for (const int resets : attesi) {
+    b.vm.esegui_per(100ms);
+    EXPECT_EQ(datagrammi.size(), resets);
+    EXPECT_EQ(b.main().ciclo.grdLokere.cella(0, u"reset"), QString::number(resets));
+    EXPECT_EQ(b.main().lblLetturaTrans.Caption(), QStringLiteral("OFF line"));
+    b.vm.esegui_per(29900ms);
+  }
+  EXPECT_EQ(datagrammi.first(), componi_frame("00073"));
+}
+
+TEST(Ciclo, UnaRiuscitaInMezzoAzzeraGliErrori) {
+  Banco b;
+  b.lokera(1);
+  bool risponde = false;
+  LokeraFinta lokera(b.vm, QStringLiteral("127.0.0.2"), 10001,
+                     [&](const QByteArray& f) { return risponde ? buona(f) : QList<QByteArray>{}; });
+  b.main().Form_Load();
+  EXPECT_EQ(b.main().ciclo.grdLokere.cella(0, u"errori"), QStringLiteral("1"));
+  risponde = true;
+  b.vm.esegui_per(30s);
+  EXPECT_EQ(b.main().ciclo.grdLokere.cella(0, u"errori"), QStringLiteral("0"));
+  risponde = false;
+  b.vm.esegui_per(30s);
+  EXPECT_EQ(b.main().ciclo.grdLokere.cella(0, u"errori"), QStringLiteral("1"));
+  EXPECT_EQ(b.main().ciclo.grdLokere.cella(0, u"reset"), QStringLiteral("0"));
+}
+
+TEST(Ciclo, ConLaSessioneVivaUnaVisitaOgniDieciTick) {
+  Banco b;
+  b.lokera(1, 1);
+  LokeraFinta viva(b.vm, QStringLiteral("127.0.0.2"), 10002);
+  bool risponde = true;
+  LokeraFinta lokera(b.vm, QStringLiteral("127.0.0.2"), 10001,
+                     [&](const QByteArray& f) { return risponde ? buona(f) : QList<QByteArray>{}; });
+  b.main().Form_Load();
+  EXPECT_EQ(lokera.connessioni, 0);  // one tick of ten
+  b.vm.esegui_per(270s);
+  EXPECT_EQ(lokera.connessioni, 1);
+  b.vm.esegui_per(290s);
+  EXPECT_EQ(lokera.connessioni, 1);
+  risponde = false;
+  b.vm.esegui_per(30s);
+  EXPECT_EQ(lokera.connessioni, 2);  // this one fails, and the next tick moves at once
+  b.vm.esegui_per(30s);
+  EXPECT_EQ(lokera.connessioni, 3);
+  b.main().mnuScarTrans_Click();
+  EXPECT_EQ(lokera.connessioni, 4);
+}
+
+TEST(Ciclo, ConUnAltraFinestraStaFermoMaLeFasceVanno) {
+  Banco b;
+  b.lokera(1);
+  LokeraFinta lokera(b.vm, QStringLiteral("127.0.0.2"), 10001, buona);
+  b.main().Form_Load();
+  const int prima = lokera.connessioni;
+  int corse = 0;
+  b.main().ciclo.applica_fasce_orarie = [&] { ++corse; };
+  {
+    Finestra altra(b.console->elenco(), QStringLiteral("frm_tessere"));
+    b.main().mnuScarTrans_Click();
+    b.vm.esegui_per(300s);
+    EXPECT_EQ(lokera.connessioni, prima);
+    EXPECT_EQ(corse, 1);
+  }
+  b.vm.esegui_per(31s);
+  EXPECT_GT(lokera.connessioni, prima);
+}
+
+TEST(Ciclo, UnaRigaDellaCodaCheFalliscaNonFermaLeAltre) {
+  Banco b;
+  b.lokera(1);
+  for (const char16_t* t : {u"0000000001", u"0000000002", u"0000000003"}) b.tessera(QString::fromUtf16(t));
+  b.in_coda(QStringLiteral("0000000001"), 1);
+  b.in_coda(QStringLiteral("0000000002"), 1);
+  b.in_coda(QStringLiteral("0000000003"), 1, QStringLiteral("D"));
+  b.in_coda(QStringLiteral("0000000009"), 1);  // no such card: not even shown
+  QByteArray scritto;
+  LokeraFinta lokera(b.vm, QStringLiteral("127.0.0.2"), 10001, [&](const QByteArray& f) -> QList<QByteArray> {
+    if (f.left(5) == "00031") scritto = f.mid(10, 60);
+    if (f.left(5) == "00031" && f.mid(10, 10) == "0000000001") return {componi_frame("0003106")};
+    if (f.left(5) == "00030") return {componi_frame("0003000" + scritto)};
+    return buona(f);
+  });
+  b.main().Form_Load();
+  b.vm.esegui_per(1s);
+  const SSOleDBGrid& coda = b.main().ciclo.grdAggOper;
+  ASSERT_EQ(coda.Rows(), 3);
+  EXPECT_EQ(coda.cella(0, u"esito"), QString());
+  EXPECT_EQ(coda.cella(1, u"esito"), QStringLiteral("OK"));
+  EXPECT_EQ(coda.cella(2, u"esito"), QStringLiteral("OK"));
+  EXPECT_EQ(coda.cella(1, u"descrizione"), QStringLiteral("operatore 0000000002"));
+  EXPECT_EQ(b.main().ciclo.grdLokere.cella(0, u"errori"), QStringLiteral("0"));
+  EXPECT_EQ(b.conta(QStringLiteral("aggiorn_tessere_oper")), 2);
+}
+
+TEST(Ciclo, UnSerialeCheNonVieneNonFermaLaVisita) {
+  for (const char* risposta : {"", "0001B0500000012345", "0001B00ABCDEFGHIJ"}) {
+    Banco b;
+    b.lokera(1);
+    LokeraFinta lokera(b.vm, QStringLiteral("127.0.0.2"), 10001,
+                       [&](const QByteArray& f) -> QList<QByteArray> {
+                         if (f.left(5) != "0001B") return buona(f);
+                         return *risposta ? QList<QByteArray>{componi_frame(risposta)} : QList<QByteArray>{};
+                       });
+    b.main().Form_Load();
+    EXPECT_EQ(b.main().ciclo.grdLokere.cella(0, u"seriale"), QString()) << risposta;
+    EXPECT_EQ(b.main().lblStatusD.Caption(), QStringLiteral("ON line")) << risposta;
+  }
+}
+
+}  // namespace
+}  // namespace lokera::prova

@@ -1,0 +1,59 @@
+#include "aiuti/banco.h"
+
+namespace lokera::prova {
+namespace {
+
+class TabelloneTest : public ::testing::Test {
+ protected:
+  TabelloneTest() {
+    for (int p = 0; p < Tabellone::pannelli; ++p) t.pnlK(p).Top = 100 * p;
+    t.prepara();
+    b.main().lblID.Caption = QStringLiteral("1");
+  }
+  QString pannelli() {
+    QString visti;
+    for (int p = 0; p < Tabellone::pannelli; ++p) {
+      if (t.pnlK(p).Visible()) visti += QStringLiteral("%1:%2 ").arg(p).arg(t.pnlK(p).Top());
+    }
+    return visti;
+  }
+  Banco b;
+  Tabellone& t = b.main().tabellone;
+};
+
+TEST_F(TabelloneTest, IPannelliSiChiudonoInFondo) {
+  const std::pair<int, const char16_t*> casi[] = {
+      {-1, u""},
+      {0, u"0:700 "},
+      {17, u"0:700 "},
+      {18, u"0:600 1:700 "},
+      {143, u"0:0 1:100 2:200 3:300 4:400 5:500 6:600 7:700 "},
+      {144, u""},
+      {40000, u""},
+  };
+  for (const auto& [posizione, attesi] : casi) {
+    b.sql(QStringLiteral("delete from tessere_chiavi"));
+    b.chiave(QStringLiteral("1000000001"), 1, posizione);
+    EXPECT_FALSE(t.situazione_chiavi());
+    EXPECT_EQ(pannelli(), QString::fromUtf16(attesi)) << posizione;
+  }
+}
+
+TEST_F(TabelloneTest, TreColori) {
+  b.chiave(QStringLiteral("1000000001"), 1, 0);
+  b.chiave(QStringLiteral("1000000002"), 1, 2);
+  b.chiave(QStringLiteral("1000000003"), 2, 1);
+  b.sql(QStringLiteral("update tessere_chiavi set operatore = '0000000001' where codice = '1000000002'"));
+  EXPECT_FALSE(t.situazione_chiavi());
+  EXPECT_EQ(t.lampade_chiave(1).FillColor(), t.keyP.FillColor());
+  EXPECT_EQ(t.lampade_chiave(2).FillColor(), t.keyN.FillColor());
+  EXPECT_EQ(t.lampade_chiave(3).FillColor(), t.keyU.FillColor());
+  EXPECT_EQ(t.Num(3).ForeColor(), bianco);
+  b.main().lblID.Caption = QString();
+  EXPECT_FALSE(t.situazione_chiavi());
+  EXPECT_EQ(t.lampade_chiave(3).FillColor(), t.keyN.FillColor());
+  EXPECT_EQ(pannelli(), QString());
+}
+
+}  // namespace
+}  // namespace lokera::prova
