@@ -35,9 +35,11 @@ QString converti_sql(const QString& statement, const QString& tipo_database, QSt
   if (tipo == "SQL"_L1) return maiuscolo(date_sql(minuscolo(ripara_apici(minuscola))));
   if (tipo != "ORACLE"_L1) return maiuscolo(ripara_apici(minuscola));
   QString messaggio;
-  const QString struttura = struttura_oracle(minuscola, messaggio);
+  // While the structure is read, an apostrophe that is text must not seem to end its literal.
+  const QString segnaposto(QChar(0xE000));
+  QString struttura = struttura_oracle(ricomponi(classifica(minuscola), segnaposto), messaggio);
   if (errore != nullptr) *errore = messaggio;
-  return maiuscolo(condizioni_oracle(minuscolo(struttura)));
+  return maiuscolo(condizioni_oracle(minuscolo(struttura.replace(segnaposto, u"'"_s))));
 }
 
 }  // namespace lokera

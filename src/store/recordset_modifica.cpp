@@ -65,8 +65,11 @@ Errore Recordset::Update() {
 
 Errore Recordset::Stato::inserisci() {
   RigheInMemoria& m = *memoria;
-  if (m.inserimento.isEmpty()) m.inserimento = testo_inserimento(m.tabella, campi_in_memoria);
-  if (Errore e = motore->esegui(m.inserimento, m.in_corso, nullptr)) return e;
+  Errore errore;
+  if (!m.inserimento) m.inserimento = motore->prendi(testo_inserimento(m.tabella, campi_in_memoria), errore);
+  if (!errore) errore = m.inserimento->lega(m.in_corso);
+  if (!errore) errore = motore->esegui_fino_in_fondo(*m.inserimento, nullptr);
+  if (errore) return errore;
   m.righe.push_back({sqlite3_last_insert_rowid(motore->db), std::move(m.in_corso), false});
   m.corrente = m.righe.size() - 1;
   m.lascia();

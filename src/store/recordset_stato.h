@@ -23,7 +23,7 @@ struct RigheInMemoria {
   QVariantList in_corso;
   std::vector<bool> toccate;
   QString tabella;
-  QString inserimento;  ///< the text of the insert, written once for the recordset
+  std::shared_ptr<Statement> inserimento;  ///< prepared once for the recordset
 
   bool eof() const { return modo != Modo::nuova && corrente >= righe.size(); }
   /// Null where there is no row.

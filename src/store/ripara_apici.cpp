@@ -112,13 +112,13 @@ QString normalizza(const PezzoSql& pezzo, const std::function<QString(const QStr
   return testa + negato + u' ' + (segno.endsWith(u'(') ? u"in ("_s : segno + u' ');
 }
 
-QString ricomponi(const std::vector<PezzoSql>& pezzi) {
+QString ricomponi(const std::vector<PezzoSql>& pezzi, const QString& nel_testo) {
   QString esito = pezzi.front().testo;
   bool in_lista = pezzi.front().stato == Stato::apre_lista;
   for (size_t i = 1; i < pezzi.size(); ++i) {
     if (pezzi[i].stato == Stato::fuori) in_lista = false;
     if (pezzi[i].stato == Stato::apre_lista) in_lista = true;
-    esito += apostrofo_doppio(pezzi, i, in_lista) ? u"''"_s : u"'"_s;
+    esito += apostrofo_doppio(pezzi, i, in_lista) ? nel_testo : u"'"_s;
     esito += pezzi[i].testo;
   }
   return esito;

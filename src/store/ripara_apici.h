@@ -28,8 +28,8 @@ std::vector<PezzoSql> classifica(const QString& statement);
 /// A piece with blanks around the comparison that it ends in. `prima`, when given, rewrites the column.
 QString normalizza(const PezzoSql& pezzo, const std::function<QString(const QString&)>& prima = {});
 
-/// The pieces put together again, the apostrophes that are text doubled.
-QString ricomponi(const std::vector<PezzoSql>& pezzi);
+/// The pieces put together again, each apostrophe that is text written as `nel_testo`.
+QString ricomponi(const std::vector<PezzoSql>& pezzi, const QString& nel_testo = QStringLiteral("''"));
 
 /// All of the above. The statement should be in lower case.
 QString ripara_apici(const QString& statement);

@@ -8,14 +8,12 @@
 #include "store/recordset.h"
 #include "store/schema_base.h"
 
-namespace lokera {
-
 /// For the messages of failed comparisons.
 inline void PrintTo(const QString& s, std::ostream* os) {
   *os << s.toStdString();
 }
 
-namespace prova {
+namespace lokera::prova {
 
 inline QString testo(const char* utf8) {
   return QString::fromUtf8(utf8);
