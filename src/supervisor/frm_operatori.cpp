@@ -99,13 +99,12 @@ void frm_operatori::svuota_password() {
 }
 
 /// Reads the list again and stands on the user, when it is there. No password is in the boxes after it.
-bool frm_operatori::ricarica(const QString& utente) {
-  const bool letta = griglia_.popola(a_.db.connessione_db, elenco_utenti());
+void frm_operatori::ricarica(QString utente) {
+  griglia_.popola(a_.db.connessione_db, elenco_utenti());
   if (const int riga = riga_di(grd, utente); riga >= 0) grd.Row(riga);
   grd_RowColChange();
   svuota_password();
   grd.Enabled = true;
-  return letta;
 }
 
 void frm_operatori::Command1_Click() {

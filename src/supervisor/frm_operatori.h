@@ -32,7 +32,7 @@ class frm_operatori : public Finestra {
   void collega_eventi();
   void maschera_password();
   void svuota_password();
-  bool ricarica(const QString& utente = {});
+  void ricarica(QString utente = {});  // by value: the boxes change meanwhile
   Errore registra();
   Errore elimina();
 

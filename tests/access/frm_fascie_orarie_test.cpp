@@ -1,0 +1,227 @@
+#include "access/frm_fascie_orarie.h"
+
+#include "access/fasce.h"
+#include "aiuti/finestre.h"
+#include "store/date_jet.h"
+
+namespace lokera::prova {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+// The machine's clock stands on Sunday 30/11/2008, 8:00.
+class FrmFascieOrarie : public BancoFinestre {
+ protected:
+  FrmFascieOrarie() {
+    sql(u"insert into gruppi values (1, 'Officina')"_s);
+    sql(u"insert into gruppi values (2, 'Uffici')"_s);
+    sql(u"insert into gruppi_utente values (7, 'Manutentori')"_s);
+    sql(u"insert into gruppi_utente values (8, 'Guardie')"_s);
+  }
+  void fascia(int oper, int chiavi, const QString& giorno, QTime dalle, QTime alle,
+              const QDateTime& eseguita = {}) {
+    sql(u"insert into fascie_orarie (gruppo_oper, gruppo_chiavi, giorno, dalle_ore, alle_ore, "
+        u"data_esecuzione)"
+        u" values (?, ?, ?, ?, ?, ?)"_s,
+        {oper, chiavi, giorno, ora(dalle), ora(alle), eseguita.isValid() ? QVariant(eseguita) : QVariant()});
+  }
+  QStringList fasce() {
+    return righe(
+               u"select gruppo_oper, gruppo_chiavi, giorno, dalle_ore, alle_ore, data_esecuzione from"
+               u" fascie_orarie order by dalle_ore, giorno"_s)
+        .replaceInStrings(u"1899-12-30 "_s, QString());
+  }
+  QStringList giorni() {
+    return righe(u"select GG, MM, AAAA, giorno from giorni_particolari order by MM, GG"_s);
+  }
+  /// Chooses an entry of the column's list with the keyboard.
+  void scegli(SSOleDBGrid& grd, QStringView campo, int voce) {
+    grd.Col(grd.colonna(campo));
+    EXPECT_TRUE(grd.utente_sceglie_voce(grd.Row(), grd.Col(), voce));
+  }
+
+  frm_fascie_orarie finestra{ambiente};
+  SSOleDBGrid& grd = finestra.grd;
+  SSOleDBGrid& grdG = finestra.grdG;
+};
+
+TEST_F(FrmFascieOrarie, ABandIsMadeFromTheLists) {
+  finestra.Form_Load();
+  grd.SetFocus();
+  grd.utente_aggiunge_riga();
+  scegli(grd, u"gruppo_oper", 1);
+  scegli(grd, u"gruppo_chiavi", 0);
+  scegli(grd, u"giorno", 0);
+  grd.Col(grd.colonna(u"dalle_ore"));
+  digita(grd, {u"8"_s, u"12.30"_s});
+  EXPECT_EQ(grd.cella(0, u"desc_gruppo_oper"), u"Guardie"_s);
+  EXPECT_EQ(grd.cella(0, u"desc_gruppo_chiavi"), u"Officina"_s);
+  EXPECT_EQ(fasce(), QStringList{});
+  finestra.Command5_Click();
+  EXPECT_EQ(fasce(), QStringList{u"8|1|Lunedì|08:00:00|12:30:00|-"_s});
+  EXPECT_EQ(messaggi.testi(), QStringList{u"Registrazione conclusa!"_s});
+}
+
+TEST_F(FrmFascieOrarie, ATypedNumberBringsTheGroupsWords) {
+  fascia(7, 1, u"Lunedì"_s, {8, 0}, {12, 0});
+  finestra.Form_Load();
+  EXPECT_EQ(grd.cella(0, u"desc_gruppo_chiavi"), u"Officina"_s);
+  for (const auto& [numero, parole] : {std::pair(u"2"_s, u"Uffici"_s), {u"9"_s, QString()}}) {
+    grd.utente_modifica(0, grd.colonna(u"gruppo_chiavi"), numero);
+    EXPECT_EQ(grd.cella(0, u"desc_gruppo_chiavi"), parole);
+  }
+  EXPECT_FALSE(grd.modificabile(0, grd.colonna(u"desc_gruppo_oper")));
+}
+
+TEST_F(FrmFascieOrarie, ADayGoesIntoTheListTheUserIsIn) {
+  fascia(7, 1, u"Lunedì"_s, {8, 0}, {12, 0});
+  sql(u"insert into giorni_particolari values (25, 12, 0, 'Domenica')"_s);
+  finestra.Form_Load();
+  const auto in_fasce = [&] { grd.SetFocus(); };
+  const auto in_giorni = [&] { grdG.SetFocus(); };
+  const auto clic_fasce = [&] { grd.utente_clicca(0, 0); };
+  const auto clic_giorni = [&] { grdG.utente_clicca(0, 0); };
+  const struct {
+    std::function<void()> entra;
+    int voce;
+    QString fasce, giorni;
+  } casi[] = {{in_fasce, 1, u"Martedì"_s, u"Domenica"_s},
+              {in_giorni, 2, u"Martedì"_s, u"Mercoledì"_s},
+              {clic_fasce, 5, u"Sabato"_s, u"Mercoledì"_s},
+              {clic_giorni, 6, u"Sabato"_s, u"Domenica"_s}};
+  for (const auto& c : casi) {
+    c.entra();
+    finestra.drpGiorni.CloseUp(c.voce);
+    EXPECT_EQ(grd.cella(0, u"giorno"), c.fasce);
+    EXPECT_EQ(grdG.cella(0, u"giorno"), c.giorni);
+  }
+}
+
+TEST_F(FrmFascieOrarie, AFullDateShowsItsWeekday) {
+  const struct {
+    QString gg, mm, aaaa, giorno;
+  } casi[] = {{u"25"_s, u"12"_s, u"2008"_s, u"Giovedì"_s}, {u"1"_s, u"1"_s, u"2009"_s, u"Giovedì"_s},
+              {u"29"_s, u"2"_s, u"2008"_s, u"Venerdì"_s},  {u"29"_s, u"2"_s, u"2009"_s, u""_s},
+              {u"25"_s, u"12"_s, u"0"_s, u""_s},           {u"12"_s, u"25"_s, u"2008"_s, u""_s},
+              {u"x"_s, u"12"_s, u"2008"_s, u""_s},         {u"25"_s, u"12"_s, u""_s, u""_s},
+              {u"6"_s, u"1"_s, u"2009"_s, u"Martedì"_s}};
+  sql(u"insert into giorni_particolari values (30, 11, 2008, 'Lunedì')"_s);
+  finestra.Form_Load();
+  EXPECT_EQ(grdG.cella(0, u"giorno_data"), u"Domenica"_s);
+  EXPECT_FALSE(grdG.modificabile(0, grdG.colonna(u"giorno_data")));
+  for (const auto& c : casi) {
+    grdG.utente_modifica(0, grdG.colonna(u"GG"), c.gg);
+    grdG.utente_modifica(0, grdG.colonna(u"MM"), c.mm);
+    grdG.utente_modifica(0, grdG.colonna(u"AAAA"), c.aaaa);
+    EXPECT_EQ(grdG.cella(0, u"giorno_data"), c.giorno) << c.gg.toStdString();
+  }
+}
+
+TEST_F(FrmFascieOrarie, BothTablesAreReplacedOrNone) {
+  fascia(7, 1, u"Lunedì"_s, {8, 0}, {12, 0}, QDateTime(QDate(2008, 11, 24), QTime(7, 56)));
+  sql(u"insert into giorni_particolari values (25, 12, 0, 'Domenica')"_s);
+  const auto [fasce_prima, giorni_prima] = std::pair(fasce(), giorni());
+  finestra.Form_Load();
+  grd.utente_modifica(0, grd.colonna(u"alle_ore"), u"13"_s);
+  digita_riga(grdG, {u"25"_s, u"12"_s, u"0"_s, u"Sabato"_s});
+  bool aperta = true;
+  messaggi.mentre_aperto = [&](const auto&) { aperta = db.connessione_db.in_transazione(); };
+  finestra.Command5_Click();
+  EXPECT_FALSE(aperta);
+  EXPECT_EQ(fasce(), fasce_prima);
+  EXPECT_EQ(giorni(), giorni_prima);
+  ASSERT_EQ(messaggi.mostrati.size(), 1);
+  EXPECT_TRUE(messaggi.testi()[0].contains(u" durante la registrazione."));
+  EXPECT_EQ(grdG.Rows(), 2);
+  grdG.utente_elimina(1);
+  finestra.Command5_Click();
+  EXPECT_EQ(fasce(), QStringList{u"7|1|Lunedì|08:00:00|13:00:00|-"_s});
+}
+
+TEST_F(FrmFascieOrarie, AnHourThatIsNoneIsRefused) {
+  fascia(7, 1, u"Lunedì"_s, {8, 0}, {12, 0});
+  finestra.Form_Load();
+  for (const QString& testo : {u"25.00"_s, u"otto"_s, QString()}) {
+    grd.utente_modifica(0, grd.colonna(u"dalle_ore"), testo);
+    finestra.Command5_Click();
+    EXPECT_EQ(fasce(), QStringList{u"7|1|Lunedì|08:00:00|12:00:00|-"_s}) << testo.toStdString();
+  }
+  EXPECT_EQ(messaggi.mostrati.size(), 3);
+}
+
+TEST_F(FrmFascieOrarie, EmptyListsMeanNoLimitByTime) {
+  fascia(7, 1, u"Lunedì"_s, {8, 0}, {12, 0});
+  finestra.Form_Load();
+  grd.utente_elimina(0);
+  finestra.Command5_Click();
+  EXPECT_EQ(fasce(), QStringList{});
+}
+
+TEST_F(FrmFascieOrarie, ASaveKeepsWhatTheCabinetsWereTold) {
+  const QDateTime eseguita(QDate(2008, 11, 30), QTime(7, 56));
+  fascia(7, 1, u"Domenica"_s, {8, 0}, {12, 0}, eseguita);
+  fascia(7, 2, u"domenica"_s, {9, 0}, {12, 0}, eseguita);
+  fascia(8, 1, u"Domenica"_s, {10, 0}, {12, 0});
+  finestra.Form_Load();
+  // The band opened while the window stood open.
+  sql(u"update fascie_orarie set data_esecuzione = ? where gruppo_oper = 8"_s, {eseguita.addSecs(60)});
+  grd.utente_modifica(1, grd.colonna(u"giorno"), u"Domenica"_s);
+  digita_riga(grd, {u"8"_s});
+  grd.Col(grd.colonna(u"gruppo_chiavi"));
+  digita(grd, {u"2"_s, u"Domenica"_s, u"11"_s, u"12"_s});
+  finestra.Command5_Click();
+  EXPECT_EQ(fasce(), (QStringList{u"7|1|Domenica|08:00:00|12:00:00|2008-11-30 07:56:00"_s,
+                                  u"7|2|Domenica|09:00:00|12:00:00|2008-11-30 07:56:00"_s,
+                                  u"8|1|Domenica|10:00:00|12:00:00|2008-11-30 07:57:00"_s,
+                                  u"8|2|Domenica|11:00:00|12:00:00|-"_s}));
+}
+
+// A card of operators 7 that may take the keys 1, at the cabinet 5; the band from 7 to 12 ran when it opened.
+class SalvataggioEInvio : public FrmFascieOrarie {
+ protected:
+  SalvataggioEInvio() {
+    sql(u"insert into tessere_operatori (codice, intestazione, gruppo) values ('0000000042', 'Rossi', 7)"_s);
+    sql(u"insert into gruppi_tessera values ('0000000042', 1)"_s);
+    sql(u"insert into tessere_chiavi (codice, lokera, posizione, gruppo) values ('0000000001', 5, 0, 1)"_s);
+    fascia(7, 1, u"Domenica"_s, {7, 0}, {12, 0}, QDateTime(QDate(2008, 11, 30), QTime(6, 56)));
+    finestra.Form_Load();
+  }
+  qsizetype in_coda() { return righe(u"select * from aggiorn_tessere_oper"_s).size(); }
+  Giorno giorno{db, vm.orologio(), traduttore};
+  FasceOrarie scheduler{db, attesa, giorno};
+};
+
+TEST_F(SalvataggioEInvio, OnlyBandsThatCallForAPushGetOne) {
+  const struct {
+    const char* cosa;
+    QString campo, testo;
+    qsizetype spinte;
+  } casi[] = {{"nothing changed", u""_s, u""_s, 0},
+              {"still to come", u"dalle_ore"_s, u"9"_s, 0},
+              {"in force, with other hours", u"dalle_ore"_s, u"7.30"_s, 1},
+              {"the same once more", u"dalle_ore"_s, u"7.30"_s, 0},
+              {"of another day", u"giorno"_s, u"Lunedì"_s, 0},
+              {"of today again", u"giorno"_s, u"Domenica"_s, 1}};
+  for (const auto& c : casi) {
+    grd.utente_modifica(0, grd.colonna(c.campo), c.testo);
+    finestra.Command5_Click();
+    EXPECT_EQ(in_coda(), 0) << "a save queues nothing: " << c.cosa;
+    scheduler.applica_fasce_orarie();
+    EXPECT_EQ(in_coda(), c.spinte) << c.cosa;
+    sql(u"delete from aggiorn_tessere_oper"_s);
+  }
+}
+
+TEST_F(SalvataggioEInvio, TheEndOfABandIsPushedAfterASave) {
+  finestra.Command5_Click();
+  vm.esegui_per(std::chrono::hours(4) + std::chrono::minutes(1));
+  scheduler.applica_fasce_orarie();
+  EXPECT_EQ(in_coda(), 1);
+  sql(u"delete from aggiorn_tessere_oper"_s);
+  finestra.Command5_Click();
+  scheduler.applica_fasce_orarie();
+  EXPECT_EQ(in_coda(), 0);
+}
+
+}  // namespace
+}  // namespace lokera::prova

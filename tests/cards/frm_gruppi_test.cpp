@@ -1,0 +1,103 @@
+#include "cards/frm_gruppi.h"
+
+#include "aiuti/finestre.h"
+
+namespace lokera::prova {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+struct Caso {
+  TabellaGruppi (*tabella)();
+  const char16_t* nome;
+};
+
+class FrmGruppi : public BancoFinestre, public ::testing::WithParamInterface<Caso> {
+ protected:
+  FrmGruppi() {
+    sql(u"insert into %1 (codice, descrizione) values (1, 'Direzione')"_s.arg(nome()));
+    sql(u"insert into %1 (codice, descrizione) values (2, 'Portineria')"_s.arg(nome()));
+  }
+  QString nome() const { return QString::fromUtf16(GetParam().nome); }
+  QStringList tabella() { return righe(u"select codice, descrizione from %1 order by codice"_s.arg(nome())); }
+
+  frm_gruppi finestra{ambiente, GetParam().tabella()};
+  SSOleDBGrid& grd = finestra.grd;
+};
+
+INSTANTIATE_TEST_SUITE_P(, FrmGruppi,
+                         ::testing::Values(Caso{gruppi_di_chiavi, u"gruppi"},
+                                           Caso{gruppi_di_utenti, u"gruppi_utente"}),
+                         [](const auto& info) { return QString::fromUtf16(info.param.nome).toStdString(); });
+
+TEST_P(FrmGruppi, TheKeyboardAloneAddsChangesAndRemoves) {
+  finestra.Form_Load();
+  grd.utente_elimina(1);
+  digita(grd, {u"10"_s, u"Direzione generale"_s, u"3"_s, u"Officina"_s});
+  EXPECT_EQ(tabella(), (QStringList{u"1|Direzione"_s, u"2|Portineria"_s})) << "nothing before the button";
+  finestra.Command5_Click();
+  EXPECT_EQ(tabella(), (QStringList{u"3|Officina"_s, u"10|Direzione generale"_s}));
+  EXPECT_EQ(messaggi.testi(), QStringList{u"Registrazione eseguita!"_s});
+  EXPECT_EQ(grd.Row(), 0);
+}
+
+TEST_P(FrmGruppi, ARefusedRowRollsAllBackBeforeTheMessage) {
+  finestra.Form_Load();
+  digita_riga(grd, {u"3"_s, u"Officina"_s});
+  digita_riga(grd, {u"1"_s, u"doppio"_s});
+  bool aperta = true;
+  messaggi.mentre_aperto = [&](const auto&) { aperta = db.connessione_db.in_transazione(); };
+  finestra.Command5_Click();
+  EXPECT_FALSE(aperta);
+  EXPECT_EQ(tabella(), (QStringList{u"1|Direzione"_s, u"2|Portineria"_s}));
+  ASSERT_EQ(messaggi.mostrati.size(), 1);
+  EXPECT_TRUE(messaggi.mostrati[0].testo.startsWith(u"Errore "));
+  EXPECT_TRUE(messaggi.mostrati[0].testo.contains(u" durante la registrazione.\rEsiste già"));
+  EXPECT_EQ(messaggi.mostrati[0].titolo, u"Errore"_s);
+  EXPECT_EQ(grd.Rows(), 4);
+  EXPECT_EQ(grd.cella(grd.Row(), u"descrizione"), u"doppio"_s);
+  // The user repairs it and tries again.
+  grd.utente_modifica(grd.Row(), 0, u"4"_s);
+  finestra.Command5_Click();
+  EXPECT_EQ(tabella().size(), 4);
+}
+
+TEST_P(FrmGruppi, AnEmptyListEmptiesTheTable) {
+  finestra.Form_Load();
+  while (grd.Rows() > 0) grd.utente_elimina(0);
+  finestra.Command5_Click();
+  EXPECT_EQ(tabella(), QStringList{});
+}
+
+TEST_P(FrmGruppi, AListThatCouldNotBeReadCanNotReplaceTheTable) {
+  sql(u"drop table %1"_s.arg(nome()));
+  finestra.Form_Load();
+  EXPECT_EQ(messaggi.mostrati.size(), 1);
+  EXPECT_FALSE(finestra.Command5.Enabled());
+}
+
+TEST_P(FrmGruppi, WhatTheCellShowsIsStoredAndFound) {
+  finestra.Form_Load();
+  for (const QString& testo : testi_difficili()) {
+    grd.Row(0);
+    grd.utente_modifica(0, 1, testo);
+    const QString mostrato = grd.cella(0, 1);
+    EXPECT_EQ(mostrato, testo.left(50)) << "a cell takes no more characters";
+    finestra.Command5_Click();
+    EXPECT_EQ(righe(u"select codice from %1 where descrizione = ?"_s.arg(nome()), {mostrato}),
+              QStringList{u"1"_s})
+        << testo.left(60).toStdString();
+  }
+}
+
+TEST_P(FrmGruppi, TheWindowSpeaksTheSecondLanguage) {
+  db.lingua_interfaccia = 1;
+  finestra.Form_Load();
+  EXPECT_EQ(finestra.Caption(), traduttore.traduci(GetParam().tabella().titolo));
+  EXPECT_NE(finestra.Caption(), GetParam().tabella().titolo);
+  EXPECT_EQ(finestra.Command5.Caption(), u"Save changes"_s);
+  EXPECT_NE(grd.Columns(1).Caption, u"descrizione"_s);
+}
+
+}  // namespace
+}  // namespace lokera::prova

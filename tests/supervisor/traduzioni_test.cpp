@@ -1,0 +1,96 @@
+// Every Italian text that the program shows has its translation in the delivered table.
+#include <QDirIterator>
+#include <QFile>
+#include <QRegularExpression>
+#include <QSet>
+
+#include "aiuti/banco.h"
+
+namespace lokera::prova {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+bool ha_parole(const QString& testo) {
+  static const QRegularExpression parola(u"\\p{L}{2}"_s);
+  return testo.contains(parola);
+}
+
+QSet<QString> testi_tradotti(Connection& c) {
+  QSet<QString> tutti;
+  Recordset rs;
+  EXPECT_FALSE(rs.Open(u"select italiano, inglese from traduzioni"_s, c));
+  for (; !rs.eof(); (void)rs.MoveNext())
+    if (!rs.testo(u"inglese").trimmed().isEmpty()) tutti.insert(rs.testo(u"italiano").toCaseFolded());
+  return tutti;
+}
+
+QStringList senza_traduzione(Banco& b) {
+  QStringList mancanti;
+  Recordset rs;
+  EXPECT_FALSE(rs.Open(u"select italiano, inglese from traduzioni"_s, b.db().connessione_db));
+  for (; !rs.eof(); (void)rs.MoveNext())
+    if (rs.testo(u"inglese").trimmed().isEmpty() && ha_parole(rs.testo(u"italiano")))
+      mancanti += rs.testo(u"italiano");
+  return mancanti;
+}
+
+/// Captions that the translation of a whole window leaves alone, so that their window must see to them.
+QStringList lasciati_in_italiano(const Finestra& f, const QSet<QString>& tradotti) {
+  QStringList testi;
+  for (Controllo* c : f.Controls()) {
+    QString caption;
+    if (auto* k = dynamic_cast<CheckBox*>(c)) caption = k->Caption();
+    if (auto* k = dynamic_cast<OptionButton*>(c)) caption = k->Caption();
+    if (tradotti.contains(caption.trimmed().toCaseFolded())) testi += caption;
+  }
+  return testi;
+}
+
+TEST(Traduzioni, NoWindowShowsATextThatTheTableLacks) {
+  Banco b;
+  b.lokera(1);
+  b.sql(u"update parametri set lingua = 1, descrizione = '001'"_s);
+  const QSet<QString> tradotti = testi_tradotti(b.db().connessione_db);
+  b.main().Form_Load();
+  ASSERT_EQ(b.db().lingua_interfaccia, 1);
+  for (const QString& nome : {u"frm_gruppi"_s, u"frm_gruppi_utenti"_s, u"frm_operatori"_s,
+                              u"frm_fascie_orarie"_s, u"frm_traduzioni"_s})
+    ASSERT_TRUE(b.console->finestre().apri(nome)) << nome.toStdString();
+  EXPECT_EQ(senza_traduzione(b).join(u"\n"), QString());
+  for (const Finestra* f : b.console->elenco().tutte())
+    EXPECT_EQ(lasciati_in_italiano(*f, tradotti).join(u'\n'), QString()) << f->nome().toStdString();
+}
+
+/// The literals of each statement that translates or shows one.
+QStringList testi_di(const QString& sorgente) {
+  static const QRegularExpression frase(
+      u"\\b(?:traduci|avvisa|conferma|non_valida)(\\((?:[^()]|(?1))*\\))"_s);
+  static const QRegularExpression testo(u"(?:u|QStringLiteral\\()\"((?:[^\"\\\\]|\\\\.)*)\""_s);
+  QStringList tutti;
+  for (auto f = frase.globalMatch(sorgente); f.hasNext();)
+    for (auto t = testo.globalMatch(f.next().captured(1)); t.hasNext();) tutti += t.next().captured(1);
+  return tutti;
+}
+
+TEST(Traduzioni, NoMessageHasATextThatTheTableLacks) {
+  Banco b;
+  const QSet<QString> tradotti = testi_tradotti(b.db().connessione_db);
+  int visti = 0;
+  QDirIterator sorgenti(QStringLiteral(LOKERA_SRC), {u"*.cpp"_s, u"*.h"_s}, QDir::Files,
+                        QDirIterator::Subdirectories);
+  while (sorgenti.hasNext()) {
+    QFile file(sorgenti.next());
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    for (const QString& testo : testi_di(QString::fromUtf8(file.readAll()))) {
+      if (!ha_parole(testo)) continue;
+      ++visti;
+      EXPECT_TRUE(tradotti.contains(testo.trimmed().toCaseFolded()))
+          << file.fileName().toStdString() << ": " << testo.toStdString();
+    }
+  }
+  EXPECT_GT(visti, 20);
+}
+
+}  // namespace
+}  // namespace lokera::prova
