@@ -24,6 +24,7 @@ Finestra::Finestra(ElencoFinestre& elenco, QString nome) : elenco_(elenco), nome
 
 Finestra::~Finestra() {
   std::erase(elenco_.finestre_, this);
+  if (vista_) vista_->distrutta(*this);
 }
 
 Finestra::Attesa::~Attesa() {

@@ -29,6 +29,8 @@ class VistaFinestra {
   virtual void cambiata(Finestra& finestra) = 0;
   virtual void cambiato(Controllo& controllo) = 0;
   virtual void fuoco(Controllo& controllo) = 0;  ///< the rules move the focus there
+  /// The window goes away while it is being drawn; its controls are gone already.
+  virtual void distrutta(Finestra& /*finestra*/) {}
 };
 
 /// A window as state: its title and its controls under their own names. It is loaded while it lives. The

@@ -19,7 +19,7 @@ Accesso::Accesso(Finestra& f, Database& db, const Clock& orologio, Traduttore& t
       lblPassword(f, QStringLiteral("lblPassword"), QStringLiteral("password")),
       txtUtente(f, QStringLiteral("txtUtente")),
       txtPassword(f, QStringLiteral("txtPassword")),
-      cmdLogin(f, QStringLiteral("cmdLogin"), QStringLiteral("login")),
+      cmdLogin(f, QStringLiteral("cmdLogin"), QStringLiteral("accedi")),
       Command6(f, QStringLiteral("Command6"), QStringLiteral("annulla")),
       db_(db),
       orologio_(orologio),

@@ -65,8 +65,10 @@ class frm_Main : public Finestra {
   Label lblLetturaTrans, lblOrarioAgg, lblOrario;
   Label lblErrore;  ///< the last failure of the store, for the person at the desk
   // What stands beside the values.
-  Label lblTitLokera, lblTitIndirizzo, lblTitModalita, lblTitTrans, lblTitUltima, lblTitOrarioAgg;
-  Label lblTitOperatore, lblTitPrelievo, lblTitRestituzione;
+  Label lblTitID, lblTitNome, lblTitIndirizzo, lblTitModalita, lblTitOrarioAgg;
+  Label lblTitPorta, lblTitStato, lblTitLettura, lblTitTrans, lblTitUltima;
+  Label lblTitTabellone, lblTitLegenda, lblTitLive, lblTitOperatore, lblTitTessera, lblTitGruppo;
+  Label lblTitPrelievo, lblTitRiconsegna, lblTitEsitoSX, lblTitEsitoDX, lblTitAccesso;
 
   SessioneSlave slave;
   SessioneDownload download;
@@ -78,8 +80,8 @@ class frm_Main : public Finestra {
   Acquisizione acquisizione;
   Decisioni decisioni;
   FasceOrarie fasce;
+  Accesso accesso;  // its menu entry is the first of the bar
   MenuPrincipale menu;
-  Accesso accesso;
   griglia griglia_lokere, griglia_agg_oper;
   std::unique_ptr<Timer> timerOrario;
 

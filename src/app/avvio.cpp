@@ -1,0 +1,37 @@
+#include "app/avvio.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QLibraryInfo>
+#include <QStyleFactory>
+
+namespace lokera {
+
+void prepara_aspetto() {
+  QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+  QPalette colori = QApplication::palette();
+  colori.setColor(QPalette::Highlight, QColor(0x1F, 0x6F, 0xB2));
+  colori.setColor(QPalette::HighlightedText, Qt::white);
+  colori.setColor(QPalette::Mid, QColor(0xC3, 0xC9, 0xD0));
+  QApplication::setPalette(colori);
+}
+
+Avvio::Avvio(const QString& cartella)
+    : cartella_(cartella), console_(macchina_.macchina(), [this] { return !istanza_->presa(); }) {}
+
+bool Avvio::apri() {
+  istanza_ = std::make_unique<IstanzaUnica>(QDir(cartella_).filePath(nome_file_database()));
+  if (!console_.apri(cartella_)) return false;
+  schermo_ = std::make_unique<Schermo>(console_);
+  schermo_->PrimaDiMostrare = [this] { testi_di_qt(); };
+  return true;
+}
+
+// Qt's own words are English; where the console speaks the second language they stay so.
+void Avvio::testi_di_qt() {
+  if (console_.db().lingua_interfaccia == 0 &&
+      testi_.load(QStringLiteral("qtbase_it"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+    QCoreApplication::installTranslator(&testi_);
+}
+
+}  // namespace lokera

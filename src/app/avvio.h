@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QString>
+#include <QTranslator>
+
+#include <memory>
+
+#include "adapters/istanza_unica.h"
+#include "adapters/real_machine.h"
+#include "supervisor/console.h"
+#include "windows/schermo.h"
+
+namespace lokera {
+
+/// The look of the application; before its first window.
+void prepara_aspetto();
+
+/// A console on this computer with its database in a folder, and its screen. The application must exist.
+class Avvio {
+ public:
+  explicit Avvio(const QString& cartella);
+
+  /// Opens the database and makes the main window. False when the program has to end.
+  bool apri();
+  /// Loads the main window; runs the loop.
+  void carica() { console_.principale().Form_Load(); }
+
+  Console& console() { return console_; }
+  Schermo& schermo() { return *schermo_; }
+
+ private:
+  void testi_di_qt();
+
+  const QString cartella_;
+  RealMachine macchina_;
+  std::unique_ptr<IstanzaUnica> istanza_;
+  Console console_;
+  std::unique_ptr<Schermo> schermo_;
+  QTranslator testi_;
+};
+
+}  // namespace lokera

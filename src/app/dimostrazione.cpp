@@ -1,0 +1,82 @@
+// The console with its doings on standard output and pictures of its window, for a bounded time.
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QDir>
+#include <QTimer>
+
+#include <cstdio>
+
+#include "app/avvio.h"
+#include "app/cronaca.h"
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+struct Opzioni {
+  QString cartella;
+  QString schermate;
+  int secondi = 60;
+  int ogni = 10;
+};
+
+Opzioni leggi(const QCoreApplication& applicazione) {
+  QCommandLineParser p;
+  p.setApplicationDescription(u"Runs the console on the database of a folder and tells what it does."_s);
+  p.addHelpOption();
+  p.addOptions({{u"cartella"_s, u"Folder of lokera.mdb."_s, u"DIR"_s, QCoreApplication::applicationDirPath()},
+                {u"secondi"_s, u"How long to run."_s, u"N"_s, u"60"_s},
+                {u"schermate"_s, u"Folder for pictures of the main window (none without it)."_s, u"DIR"_s},
+                {u"ogni"_s, u"Seconds between two pictures."_s, u"N"_s, u"10"_s}});
+  p.process(applicazione);
+  const Opzioni o{p.value(u"cartella"_s), p.value(u"schermate"_s), p.value(u"secondi"_s).toInt(),
+                  p.value(u"ogni"_s).toInt()};
+  if (o.secondi <= 0 || o.ogni <= 0) {
+    std::fputs("secondi and ogni must be positive numbers\n", stderr);
+    std::exit(2);
+  }
+  return o;
+}
+
+/// Saves numbered pictures of a window.
+class Schermate {
+ public:
+  Schermate(QWidget& finestra, const QString& cartella) : finestra_(finestra), cartella_(cartella) {
+    if (!cartella.isEmpty()) QDir().mkpath(cartella);
+  }
+  void scatta(const QString& motivo) {
+    if (cartella_.isEmpty() || !finestra_.isVisible()) return;
+    const QString nome = u"%1_%2.png"_s.arg(++numero_, 3, 10, QLatin1Char('0')).arg(motivo);
+    if (!finestra_.grab().save(QDir(cartella_).filePath(nome)))
+      std::fprintf(stderr, "can't save %s\n", qPrintable(nome));
+  }
+
+ private:
+  QWidget& finestra_;
+  const QString cartella_;
+  int numero_ = 0;
+};
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const QApplication applicazione(argc, argv);
+  const Opzioni opzioni = leggi(applicazione);
+  lokera::prepara_aspetto();
+  lokera::Avvio avvio(opzioni.cartella);
+  if (!avvio.apri()) return 1;
+
+  lokera::frm_Main& principale = avvio.console().principale();
+  Schermate schermate(*avvio.schermo().forma(principale), opzioni.schermate);
+  lokera::Cronaca cronaca(principale, *avvio.schermo().collegamento(principale), stdout);
+  cronaca.Pannello = [&schermate](const QString&) { schermate.scatta(u"pannello"_s); };
+  QTimer intervallo;
+  intervallo.callOnTimeout([&schermate] { schermate.scatta(u"principale"_s); });
+  intervallo.start(opzioni.ogni * 1000);
+  QTimer::singleShot(opzioni.secondi * 1000, [&] {
+    schermate.scatta(u"fine"_s);
+    avvio.console().macchina().programma.fine();  // as the menu's last entry does, wherever a wait may stand
+  });
+  QTimer::singleShot(0, [&avvio] { avvio.carica(); });
+  return QApplication::exec();
+}

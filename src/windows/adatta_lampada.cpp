@@ -1,0 +1,92 @@
+// Lamps and the numbers in them.
+#include "supervisor/tabellone.h"
+#include "windows/adattatori.h"
+#include "windows/lampada_widget.h"
+
+namespace lokera {
+
+namespace {
+
+struct Segno {
+  Aspetto aspetto = Aspetto::disco;
+  QString parola;  ///< in the language of the interface
+};
+
+/// A lamp says a thing of its own by each colour; which, its kind in the drawing tells ("tipo").
+class AdattaLampada : public AdattatoreDi<Shape, LampadaWidget> {
+ public:
+  AdattaLampada(Shape& c, LampadaWidget& w, Traduttore& traduttore)
+      : AdattatoreDi(c, w), traduttore_(traduttore), tipo_(w.property("tipo").toString()) {}
+
+ protected:
+  void mostra() override {
+    const Segno s = tipo_ == QStringLiteral("chiave") ? segno_chiave() : segno();
+    w_.mostra(s.aspetto, colore());
+    w_.setAccessibleDescription(s.parola);
+    if (tipo_ == QStringLiteral("attivita")) w_.setAccessibleName(s.parola);
+    w_.setToolTip(s.parola);
+  }
+
+ private:
+  Colore colore() const { return tipo_ == QStringLiteral("attivita") ? 0x1F6FB2 : c_.FillColor(); }
+
+  Segno segno() const {
+    const bool esito = tipo_ == QStringLiteral("esito");
+    if (tipo_ == QStringLiteral("attivita")) return {Aspetto::freccia, traduci(u"lettura in corso")};
+    switch (c_.FillColor()) {
+      case verde:
+        return {Aspetto::spunta, traduci(esito ? u"eseguito" : u"autorizzato")};
+      case rosso:
+        return {Aspetto::croce, traduci(esito ? u"non eseguito" : u"rifiutato")};
+      case grigio:
+        return {Aspetto::anello, traduci(u"in attesa")};
+      default:
+        return {};
+    }
+  }
+
+  /// The board speaks by the colours of its legend, in the legend's words.
+  Segno segno_chiave() const {
+    if (uguale(u"keyP")) return {Aspetto::disco, parola(u"lblKeyP")};
+    if (uguale(u"keyU")) return {Aspetto::quadro, parola(u"lblKeyU")};
+    return {Aspetto::tratteggio, parola(u"lblKeyN")};
+  }
+  bool uguale(QStringView legenda) const {
+    const auto* lampada = dynamic_cast<Shape*>(c_.finestra().controllo(legenda));
+    return lampada && lampada->FillColor() == c_.FillColor();
+  }
+  QString parola(QStringView etichetta) const {
+    const auto* label = dynamic_cast<Label*>(c_.finestra().controllo(etichetta));
+    return label ? label->Caption() : QString();
+  }
+  QString traduci(QStringView testo) const { return traduttore_.traduci(testo.toString()); }
+
+  Traduttore& traduttore_;
+  const QString tipo_;
+};
+
+class AdattaNumero : public AdattatoreDi<NumeroPosizione, LampadaWidget> {
+ public:
+  using AdattatoreDi::AdattatoreDi;
+
+ protected:
+  void mostra() override {
+    w_.numero(c_.Caption, c_.ForeColor);
+    w_.setAccessibleName(c_.Caption);
+  }
+};
+
+}  // namespace
+
+std::unique_ptr<Adattatore> adatta_lampada(Shape& shape, QWidget& widget, Traduttore& traduttore) {
+  auto* lampada = qobject_cast<LampadaWidget*>(&widget);
+  return lampada ? std::make_unique<AdattaLampada>(shape, *lampada, traduttore) : nullptr;
+}
+
+std::unique_ptr<Adattatore> adatta_numero(Controllo& controllo, QWidget& widget) {
+  auto* numero = dynamic_cast<NumeroPosizione*>(&controllo);
+  auto* lampada = qobject_cast<LampadaWidget*>(&widget);
+  return numero && lampada ? std::make_unique<AdattaNumero>(*numero, *lampada) : nullptr;
+}
+
+}  // namespace lokera

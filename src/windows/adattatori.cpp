@@ -1,0 +1,128 @@
+#include "windows/adattatori.h"
+
+#include <QAbstractButton>
+#include <QCheckBox>
+#include <QFrame>
+#include <QGroupBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
+
+#include "windows/lampada_widget.h"
+
+namespace lokera {
+
+QString titolo_mostrato(const QString& caption) {
+  return caption.trimmed().replace(QStringLiteral("&"), QStringLiteral("&&"));
+}
+
+void Adattatore::aggiorna() {
+  if (!widget_) return;
+  widget_->setEnabled(controllo_.Enabled());
+  mostra();
+  widget_->setVisible(controllo_.Visible());
+}
+
+namespace {
+
+class AdattaLabel : public AdattatoreDi<Label, QLabel> {
+ public:
+  AdattaLabel(Label& c, QLabel& w) : AdattatoreDi(c, w) { w.setTextFormat(Qt::PlainText); }
+
+ protected:
+  void mostra() override {
+    w_.setText(c_.Caption().trimmed());
+    if (w_.buddy()) w_.buddy()->setAccessibleName(c_.Caption().trimmed());
+    if (c_.ForeColor() == nero) return;  // the drawing's own
+    QPalette colori = w_.palette();
+    colori.setColor(QPalette::WindowText, qcolor(c_.ForeColor));
+    w_.setPalette(colori);
+  }
+};
+
+class AdattaPulsante : public AdattatoreDi<CommandButton, QPushButton> {
+ public:
+  AdattaPulsante(CommandButton& c, QPushButton& w) : AdattatoreDi(c, w) {
+    w.setAutoDefault(false);
+    connect(&w, &QPushButton::clicked, this, [this] { chiama(c_.Click); });
+  }
+
+ protected:
+  void mostra() override {
+    w_.setText(titolo_mostrato(c_.Caption));
+    w_.setAccessibleName(c_.Caption().trimmed());
+  }
+};
+
+class AdattaSpunta : public AdattatoreDi<CheckBox, QCheckBox> {
+ public:
+  AdattaSpunta(CheckBox& c, QCheckBox& w) : AdattatoreDi(c, w) {
+    connect(&w, &QCheckBox::clicked, this, [this](bool accesa) {
+      c_.Value = accesa ? 1 : 0;
+      chiama(c_.Click);
+    });
+  }
+
+ protected:
+  void mostra() override {
+    w_.setText(titolo_mostrato(c_.Caption));
+    w_.setChecked(c_.Value() != 0);
+  }
+};
+
+class AdattaOpzione : public AdattatoreDi<OptionButton, QRadioButton> {
+ public:
+  AdattaOpzione(OptionButton& c, QRadioButton& w) : AdattatoreDi(c, w) {
+    connect(&w, &QRadioButton::toggled, this, [this](bool accesa) { c_.Value = accesa; });
+  }
+
+ protected:
+  void mostra() override {
+    w_.setText(titolo_mostrato(c_.Caption));
+    if (w_.isChecked() == c_.Value()) return;
+    // The last one of a group can't be put out while the group insists on one.
+    const bool esclusivo = w_.autoExclusive();
+    w_.setAutoExclusive(esclusivo && c_.Value());
+    w_.setChecked(c_.Value);
+    w_.setAutoExclusive(esclusivo);
+  }
+};
+
+class AdattaPannello : public AdattatoreDi<SSPanel, QFrame> {
+ public:
+  AdattaPannello(SSPanel& c, QFrame& w) : AdattatoreDi(c, w) { c.Top = w.y(); }
+
+ protected:
+  void mostra() override {
+    const QWidget* sotto = w_.parentWidget();
+    if (w_.property("centrato").toBool() && sotto) {
+      w_.move((sotto->width() - w_.width()) / 2, (sotto->height() - w_.height()) / 2);
+      w_.raise();
+    } else {
+      w_.move(w_.x(), c_.Top);
+    }
+  }
+};
+
+template <class A, class C, class W>
+std::unique_ptr<Adattatore> prova(Controllo& controllo, QWidget& widget) {
+  auto* c = dynamic_cast<C*>(&controllo);
+  auto* w = qobject_cast<W*>(&widget);
+  return c && w ? std::make_unique<A>(*c, *w) : nullptr;
+}
+
+}  // namespace
+
+std::unique_ptr<Adattatore> adatta(Controllo& c, QWidget& w, Traduttore& traduttore) {
+  if (auto* shape = dynamic_cast<Shape*>(&c)) return adatta_lampada(*shape, w, traduttore);
+  if (auto a = prova<AdattaLabel, Label, QLabel>(c, w)) return a;
+  if (auto a = prova<AdattaPulsante, CommandButton, QPushButton>(c, w)) return a;
+  if (auto a = prova<AdattaSpunta, CheckBox, QCheckBox>(c, w)) return a;
+  if (auto a = prova<AdattaOpzione, OptionButton, QRadioButton>(c, w)) return a;
+  if (auto a = prova<AdattaPannello, SSPanel, QFrame>(c, w); a && !qobject_cast<QLabel*>(&w)) return a;
+  if (auto a = adatta_casella(c, w)) return a;
+  if (auto a = adatta_numero(c, w)) return a;
+  return adatta_lista(c, w);
+}
+
+}  // namespace lokera

@@ -1,0 +1,133 @@
+#include "windows/delegato_lista.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QComboBox>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QPainter>
+
+#include <algorithm>
+
+#include "windows/modello_griglia.h"
+
+namespace lokera {
+
+namespace {
+
+/// The entry that the text of a choice means: the one that was picked, or whose value was typed; -1 for none.
+int voce_scelta(const QComboBox& scelta, const SSOleDBDropDown& elenco) {
+  const int corrente = scelta.currentIndex();
+  const QString testo = scelta.currentText();
+  if (corrente >= 0 && scelta.itemText(corrente) == testo) return corrente;
+  const auto& voci = elenco.voci();
+  const auto it = std::ranges::find_if(voci, [&testo](const QStringList& voce) {
+    return voce.value(0).trimmed().compare(testo.trimmed(), Qt::CaseInsensitive) == 0;
+  });
+  return it == voci.end() ? -1 : static_cast<int>(it - voci.begin());
+}
+
+}  // namespace
+
+DelegatoLista::DelegatoLista(ModelloGriglia& modello, QObject* padre)
+    : QStyledItemDelegate(padre), modello_(modello) {}
+
+QWidget* DelegatoLista::createEditor(QWidget* padre, const QStyleOptionViewItem&,
+                                     const QModelIndex& indice) const {
+  if (!modello_.grd()) return nullptr;
+  const Colonna& c = modello_.grd()->Columns(indice.column());
+  if (c.elenco) return crea_scelta(padre, indice);
+  auto* riga = new QLineEdit(padre);
+  riga->setFrame(false);
+  if (c.caratteri > 0) riga->setMaxLength(c.caratteri);
+  riga->setAccessibleName(c.Caption);
+  return riga;
+}
+
+QWidget* DelegatoLista::crea_scelta(QWidget* padre, const QModelIndex& indice) const {
+  const Colonna& c = modello_.grd()->Columns(indice.column());
+  auto* scelta = new QComboBox(padre);
+  scelta->setEditable(true);
+  scelta->setInsertPolicy(QComboBox::NoInsert);
+  scelta->setAccessibleName(c.Caption);
+  for (const QStringList& voce : c.elenco->voci()) scelta->addItem(voce.join(QStringLiteral("   ")));
+  scelta->view()->setMinimumWidth(scelta->view()->sizeHintForColumn(0) + 30);
+  connect(scelta, &QComboBox::activated, this, [this, scelta] {
+    auto* delegato = const_cast<DelegatoLista*>(this);
+    Q_EMIT delegato->commitData(scelta);
+    Q_EMIT delegato->closeEditor(scelta);
+  });
+  return scelta;
+}
+
+void DelegatoLista::setEditorData(QWidget* editor, const QModelIndex& indice) const {
+  const QString testo = indice.data(Qt::EditRole).toString();
+  if (auto* riga = qobject_cast<QLineEdit*>(editor)) {
+    riga->setText(testo);
+    riga->selectAll();
+  } else if (auto* scelta = qobject_cast<QComboBox*>(editor); scelta && modello_.grd()) {
+    scelta->setCurrentIndex(-1);
+    scelta->setEditText(testo);
+    if (const int voce = voce_scelta(*scelta, *modello_.grd()->Columns(indice.column()).elenco); voce >= 0)
+      scelta->setCurrentIndex(voce);
+    scelta->lineEdit()->selectAll();
+  }
+}
+
+void DelegatoLista::setModelData(QWidget* editor, QAbstractItemModel* modello,
+                                 const QModelIndex& indice) const {
+  if (auto* riga = qobject_cast<QLineEdit*>(editor)) {
+    modello->setData(indice, riga->text());
+  } else if (auto* scelta = qobject_cast<QComboBox*>(editor); scelta && modello_.grd()) {
+    SSOleDBGrid& grd = *modello_.grd();
+    const int voce = voce_scelta(*scelta, *grd.Columns(indice.column()).elenco);
+    if (voce >= 0)
+      grd.utente_sceglie_voce(indice.row(), indice.column(), voce);
+    else
+      grd.utente_modifica(indice.row(), indice.column(), scelta->currentText());
+  }
+}
+
+void DelegatoLista::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& opzione,
+                                         const QModelIndex& indice) const {
+  QRect posto = opzione.rect;
+  if (const Colonna& c = modello_.grd()->Columns(indice.column()); c.elenco)
+    posto.setWidth(std::max(posto.width(), 120));  // a choice needs room for its words
+  editor->setGeometry(posto);
+}
+
+bool DelegatoLista::eventFilter(QObject* oggetto, QEvent* evento) {
+  auto* editor = qobject_cast<QWidget*>(oggetto);
+  if (!editor || evento->type() != QEvent::KeyPress) return QStyledItemDelegate::eventFilter(oggetto, evento);
+  const int tasto = static_cast<QKeyEvent*>(evento)->key();
+  const bool in_avanti = tasto == Qt::Key_Return || tasto == Qt::Key_Enter || tasto == Qt::Key_Tab;
+  if (!in_avanti && tasto != Qt::Key_Backtab) return QStyledItemDelegate::eventFilter(oggetto, evento);
+  Q_EMIT commitData(editor);
+  Q_EMIT closeEditor(editor);
+  if (in_avanti)
+    Q_EMIT avanti();
+  else
+    Q_EMIT indietro();
+  return true;
+}
+
+void DelegatoLista::paint(QPainter* p, const QStyleOptionViewItem& opzione, const QModelIndex& indice) const {
+  QStyleOptionViewItem o(opzione);
+  o.state &= ~QStyle::State_HasFocus;
+  const QVariant spunta = indice.data(Qt::CheckStateRole);
+  if (!spunta.isValid()) return QStyledItemDelegate::paint(p, o, indice);
+  initStyleOption(&o, indice);
+  o.features &= ~QStyleOptionViewItem::HasCheckIndicator;
+  QStyle& stile = *(o.widget ? o.widget->style() : QApplication::style());
+  stile.drawControl(QStyle::CE_ItemViewItem, &o, p, o.widget);
+  QStyleOptionButton segno;
+  segno.rect = QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter,
+                                   {stile.pixelMetric(QStyle::PM_IndicatorWidth, nullptr, o.widget),
+                                    stile.pixelMetric(QStyle::PM_IndicatorHeight, nullptr, o.widget)},
+                                   opzione.rect);
+  segno.palette = opzione.palette;
+  segno.state = QStyle::State_Enabled | (spunta.toInt() == Qt::Checked ? QStyle::State_On : QStyle::State_Off);
+  stile.drawPrimitive(QStyle::PE_IndicatorCheckBox, &segno, p, o.widget);
+}
+
+}  // namespace lokera

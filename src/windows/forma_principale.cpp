@@ -1,0 +1,50 @@
+#include "windows/forma_principale.h"
+
+#include <QEvent>
+
+#include "supervisor/tabellone.h"
+#include "ui_frm_main.h"
+
+namespace lokera {
+
+FormaPrincipale::FormaPrincipale() : ui_(std::make_unique<Ui::frm_Main>()) {
+  ui_->setupUi(this);
+  QPalette sfondo = palette();
+  sfondo.setColor(QPalette::Window, QColor(0xEE, 0xF1, 0xF4));
+  ui_->centro->setPalette(sfondo);
+  ui_->centro->setAutoFillBackground(true);
+  crea_lampade();
+  ui_->grdLokere->installEventFilter(this);
+}
+
+FormaPrincipale::~FormaPrincipale() = default;
+
+void FormaPrincipale::crea_lampade() {
+  for (int p = 0; p < Tabellone::pannelli; ++p) {
+    auto* pannello = findChild<QFrame*>(QStringLiteral("pnlK_%1").arg(p));
+    const int passo = pannello->width() / Tabellone::posizioni_pannello;
+    for (int i = 0; i < Tabellone::posizioni_pannello; ++i) {
+      auto* lampada = new LampadaWidget(pannello);
+      const int posizione = p * Tabellone::posizioni_pannello + i + 1;
+      lampada->setObjectName(QStringLiteral("lampade_chiave_%1").arg(posizione));
+      lampada->setProperty("tipo", QStringLiteral("chiave"));
+      lampada->setGeometry(i * passo, 0, passo, pannello->height());
+    }
+  }
+}
+
+bool FormaPrincipale::eventFilter(QObject* oggetto, QEvent* evento) {
+  if (oggetto == ui_->grdLokere && (evento->type() == QEvent::ShowToParent || evento->type() == QEvent::HideToParent))
+    disponi_liste();
+  return QMainWindow::eventFilter(oggetto, evento);
+}
+
+// A site with one cabinet has no list of them; the queue takes its room.
+void FormaPrincipale::disponi_liste() {
+  const QRect lokere = ui_->grdLokere->geometry();
+  QRect coda = ui_->grdAggOper->geometry();
+  coda.setLeft(ui_->grdLokere->isVisibleTo(this) ? ui_->riquadroLive->x() : lokere.x());
+  ui_->grdAggOper->setGeometry(coda);
+}
+
+}  // namespace lokera

@@ -1,0 +1,40 @@
+#include "windows/forme.h"
+
+#include "ui_frm_fascie_orarie.h"
+#include "ui_frm_gruppi.h"
+#include "ui_frm_operatori.h"
+#include "ui_frm_traduzioni.h"
+#include "windows/forma_principale.h"
+
+namespace lokera {
+
+namespace {
+
+template <class F>
+std::unique_ptr<QWidget> nuova() {
+  return std::make_unique<F>();
+}
+
+struct Riga {
+  const char16_t* finestra;
+  std::unique_ptr<QWidget> (*crea)();
+};
+
+constexpr Riga forme[] = {
+    {u"frm_Main", nuova<FormaPrincipale>},
+    {u"frm_gruppi", nuova<Forma<Ui::frm_gruppi>>},
+    {u"frm_gruppi_utenti", nuova<Forma<Ui::frm_gruppi>>},
+    {u"frm_operatori", nuova<Forma<Ui::frm_operatori>>},
+    {u"frm_fascie_orarie", nuova<Forma<Ui::frm_fascie_orarie>>},
+    {u"frm_traduzioni", nuova<Forma<Ui::frm_traduzioni>>},
+};
+
+}  // namespace
+
+std::unique_ptr<QWidget> crea_forma(const QString& nome) {
+  for (const Riga& riga : forme)
+    if (nome == QStringView(riga.finestra)) return riga.crea();
+  return nullptr;
+}
+
+}  // namespace lokera

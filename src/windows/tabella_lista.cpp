@@ -1,0 +1,176 @@
+#include "windows/tabella_lista.h"
+
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QScopedValueRollback>
+
+#include <vector>
+
+namespace lokera {
+
+namespace {
+constexpr int unita_per_pixel = 15;
+}
+
+TabellaLista::TabellaLista(QWidget* padre) : QTableView(padre) {
+  verticalHeader()->hide();
+  verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+  verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 7);
+  verticalHeader()->setMinimumSectionSize(10);
+  horizontalHeader()->setStretchLastSection(true);
+  horizontalHeader()->setHighlightSections(false);
+  setSelectionBehavior(SelectRows);
+  setSelectionMode(ExtendedSelection);
+  setEditTriggers(DoubleClicked | EditKeyPressed | AnyKeyPressed);
+  setTabKeyNavigation(false);
+  setShowGrid(false);
+  setWordWrap(false);
+  setFrameShape(NoFrame);
+}
+
+void TabellaLista::collega(SSOleDBGrid& grd) {
+  modello_ = new ModelloGriglia(grd, this);
+  setModel(modello_);
+  auto* delegato = new DelegatoLista(*modello_, this);
+  setItemDelegate(delegato);
+  connect(delegato, &DelegatoLista::avanti, this, &TabellaLista::avanti);
+  connect(delegato, &DelegatoLista::indietro, this, &TabellaLista::indietro);
+  connect(modello_, &ModelloGriglia::corrente, this, &TabellaLista::segui);
+  connect(modello_, &ModelloGriglia::conferma, this, &TabellaLista::conferma);
+  connect(modello_, &QAbstractItemModel::modelReset, this, &TabellaLista::disponi_colonne);
+  disponi_colonne();
+  segui(grd.Row());
+}
+
+void TabellaLista::scollega(bool vive) {
+  if (modello_) modello_->lascia(vive);
+}
+
+void TabellaLista::disponi_colonne() {
+  if (!grd()) return;
+  for (int i = 0; i < grd()->Cols(); ++i) {
+    setColumnHidden(i, !grd()->Columns(i).Visible);
+    setColumnWidth(i, grd()->Columns(i).Width / unita_per_pixel);
+  }
+  segui(grd()->Row());
+}
+
+void TabellaLista::segui(int riga) {
+  if (!grd()) return;
+  const QScopedValueRollback guida(segue_, true);
+  const QModelIndex dove = riga < 0 ? QModelIndex() : modello_->index(riga, grd()->Col());
+  if (dove.isValid() && isColumnHidden(dove.column()))
+    selectRow(riga);
+  else
+    setCurrentIndex(dove);
+  if (dove.isValid()) scrollTo(dove);
+}
+
+void TabellaLista::conferma() {
+  if (!in_modifica()) return;
+  const QPointer<QWidget> editor = indexWidget(currentIndex());
+  if (!editor) return;
+  commitData(editor);
+  if (editor) closeEditor(editor, QAbstractItemDelegate::NoHint);
+}
+
+void TabellaLista::currentChanged(const QModelIndex& corrente, const QModelIndex& precedente) {
+  QTableView::currentChanged(corrente, precedente);
+  if (segue_ || !grd() || !corrente.isValid()) return;
+  const QPointer<TabellaLista> io(this);
+  grd()->utente_sceglie(corrente.row(), corrente.column());
+  if (io && grd() && grd()->Row() != currentIndex().row()) segui(grd()->Row());
+}
+
+void TabellaLista::selectionChanged(const QItemSelection& scelte, const QItemSelection& lasciate) {
+  QTableView::selectionChanged(scelte, lasciate);
+  if (!grd()) return;
+  std::vector<int> righe;
+  const QItemSelection tutte = selectionModel()->selection();
+  for (const QItemSelectionRange& tratto : tutte)
+    for (int riga = tratto.top(); riga <= tratto.bottom(); ++riga) righe.push_back(riga);
+  grd()->utente_seleziona(std::move(righe));
+}
+
+void TabellaLista::avanti() {
+  if (grd() && !grd()->utente_avanti()) QTableView::focusNextPrevChild(true);
+}
+
+void TabellaLista::indietro() {
+  if (grd() && !grd()->utente_indietro()) QTableView::focusNextPrevChild(false);
+}
+
+// A list that can't be edited doesn't hold the Tab key back: it may have a million rows.
+bool TabellaLista::focusNextPrevChild(bool in_avanti) {
+  if (!grd() || !grd()->AllowUpdate()) return QTableView::focusNextPrevChild(in_avanti);
+  if (in_avanti)
+    avanti();
+  else
+    indietro();
+  return true;
+}
+
+void TabellaLista::elimina() {
+  conferma();
+  if (grd()) grd()->utente_elimina(grd()->Row());
+}
+
+bool TabellaLista::spazio() {
+  const QModelIndex qui = currentIndex();
+  if (!qui.isValid() || grd()->Columns(qui.column()).stile != StileCella::spunta) return false;
+  grd()->utente_inverte_spunta(qui.row(), qui.column());
+  return true;
+}
+
+bool TabellaLista::tasto(int codice, Qt::KeyboardModifiers modi) {
+  switch (codice) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      grd()->utente_avanti();
+      return true;
+    case Qt::Key_Delete:
+      elimina();
+      return true;
+    case Qt::Key_Insert:
+      return grd()->utente_aggiunge_riga() >= 0;
+    case Qt::Key_Down:
+      return modi == Qt::NoModifier && grd()->Row() == grd()->Rows() - 1 &&
+             grd()->utente_aggiunge_riga() >= 0;
+    case Qt::Key_Space:
+      return spazio();
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab:
+      if (!modi.testFlag(Qt::ControlModifier)) return false;
+      QTableView::focusNextPrevChild(codice == Qt::Key_Tab);
+      return true;
+    default:
+      return false;
+  }
+}
+
+void TabellaLista::keyPressEvent(QKeyEvent* evento) {
+  if (!grd() || !tasto(evento->key(), evento->modifiers() & ~Qt::KeypadModifier))
+    QTableView::keyPressEvent(evento);
+}
+
+void TabellaLista::mousePressEvent(QMouseEvent* evento) {
+  const bool vuoto = evento->button() == Qt::LeftButton && !indexAt(evento->position().toPoint()).isValid();
+  if (vuoto && grd()) {
+    conferma();
+    grd()->utente_aggiunge_riga();
+    return;
+  }
+  QTableView::mousePressEvent(evento);
+}
+
+void TabellaLista::mouseReleaseEvent(QMouseEvent* evento) {
+  QTableView::mouseReleaseEvent(evento);
+  const QModelIndex dove = indexAt(evento->position().toPoint());
+  if (evento->button() != Qt::LeftButton || !dove.isValid() || dove != currentIndex() || !grd()) return;
+  const QPointer<TabellaLista> io(this);
+  const bool spunta = grd()->Columns(dove.column()).stile == StileCella::spunta;
+  grd()->utente_clicca(dove.row(), dove.column());
+  if (spunta && io && grd()) grd()->utente_inverte_spunta(dove.row(), dove.column());
+}
+
+}  // namespace lokera
