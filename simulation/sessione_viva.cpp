@@ -189,7 +189,8 @@ void SessioneViva::senza_risposta() {
     fine_ = Fine::Muta;
   }
   if (muto == Stato::AttesaVia) return chiudi(fine_);
-  if (muto == Stato::AttesaChiave) return riferisci(false);
+  // A console that keeps silent may be waiting for the end of an operation that got lost.
+  if (muto == Stato::AttesaChiave || muto == Stato::AttesaTessera) return riferisci(false);
   mostra_tessera(false);
 }
 

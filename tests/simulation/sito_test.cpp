@@ -67,7 +67,7 @@ TEST(CopioneTest, PlaysItsLinesInOrderOnceTheConsoleIsThere) {
   const auto console = rete.chiama(u"127.0.0.2"_s, porta_viva);
   macchina.esegui_per(std::chrono::seconds(20));  // no answer at all
   EXPECT_TRUE(copione.finito());
-  EXPECT_EQ(etichette, (QByteArrayList{"2", "2", "dopo", "dopo"}));
+  EXPECT_EQ(etichette, (QByteArrayList{"2", "2", "2", "dopo", "dopo", "dopo"}));
   EXPECT_EQ(console->presi().first().mid(17, 11), "1TESSERA002");
 }
 

@@ -1,0 +1,111 @@
+#include "simulation/giornata/controlli.h"
+
+#include "cards/maschera.h"
+#include "store/recordset.h"
+
+namespace lokera::simulazione {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString momento(const QVariant& data) {
+  return data.toDateTime().toString(u"yyyy-MM-dd HH:mm:ss"_s);
+}
+
+/// Cards by their position at one cabinet, as the database has them.
+std::map<int, QString> posizioni(Connection& c, int id, Riscontro& r) {
+  std::map<int, QString> tutte;
+  Recordset rs;
+  Errore e = rs.Open(u"select id_tessera, posizione from posiz_tessere_oper where ID_lokera = ?"_s, c, {id});
+  for (; !e && !rs.eof(); e = rs.MoveNext())
+    tutte[static_cast<int>(rs.numero(u"posizione"))] = rs.testo(u"id_tessera");
+  if (e) r.differenze << e.descrizione;
+  return tutte;
+}
+
+bool in_registro(Connection& c, const QString& tessera) {
+  Recordset rs;
+  return !rs.Open(u"select codice from tessere_operatori where codice = ?"_s, c, {tessera}) && !rs.eof();
+}
+
+QByteArray record_atteso(Connection& c, const QString& tessera, const QString& giorno, QTime ora,
+                         Riscontro& r) {
+  lokera::Maschera maschera;
+  if (const Errore e = calcola_maschera(c, tessera, giorno, ora, maschera)) r.differenze << e.descrizione;
+  return tessera.toLatin1() + maschera_esadecimale(maschera);
+}
+
+void riscontra_cabinet(Connection& c, const Cabinet& cabinet, int id, const QString& giorno, QTime adesso,
+                       Riscontro& r) {
+  const std::map<int, QString> date = posizioni(c, id, r);
+  for (const auto& [posizione, record] : cabinet.stato().operatori.record()) {
+    if (!date.contains(posizione)) ++r.tessere_rimaste;
+  }
+  for (const auto& [posizione, tessera] : date) {
+    if (!in_registro(c, tessera)) {
+      ++r.tessere_tornate;
+      continue;
+    }
+    const QByteArray stored = cabinet.stato().operatori.leggi(posizione);
+    const QByteArray atteso = record_atteso(c, tessera, giorno, adesso, r);
+    if (stored != atteso)
+      r.differenze << u"cabinet %1, position %2, card %3: record %4, the database asks for %5"_s.arg(id)
+                          .arg(posizione)
+                          .arg(tessera, QString::fromLatin1(stored), QString::fromLatin1(atteso));
+  }
+}
+
+}  // namespace
+
+void riscontra_chiavi(Connection& c, Riscontro& r) {
+  Recordset rs;
+  Errore e = rs.Open(
+      u"select k.codice, k.operatore, k.uscita, m.operatore as ultimo, m.operazione, m.data from"
+      " tessere_chiavi as k left join movimenti as m on m.id = (select max(id) from movimenti where"
+      " chiave = k.codice) order by k.codice"_s,
+      c);
+  for (; !e && !rs.eof(); e = rs.MoveNext()) {
+    const bool fuori = rs.testo(u"operazione") == u"P"_s;
+    const QString operatore = fuori ? rs.testo(u"ultimo") : u" "_s;
+    const QString uscita = fuori ? momento(rs.valore(u"data")) : QString();
+    if (rs.testo(u"operatore") == operatore && momento(rs.valore(u"uscita")) == uscita) continue;
+    r.differenze << u"key %1: out with '%2' since '%3', its last movement says '%4', '%5'"_s.arg(
+        rs.testo(u"codice"), rs.testo(u"operatore"), momento(rs.valore(u"uscita")), operatore, uscita);
+  }
+  if (e) r.differenze << e.descrizione;
+}
+
+void riscontra_coda(Connection& c, Riscontro& r) {
+  Recordset rs;
+  Errore e = rs.Open(u"select id_tessera, id_lokera, operazione from aggiorn_tessere_oper"_s, c);
+  for (; !e && !rs.eof(); e = rs.MoveNext()) {
+    if (in_registro(c, rs.testo(u"id_tessera")))
+      r.differenze << u"still queued: card %1, cabinet %2, %3"_s.arg(
+          rs.testo(u"id_tessera"), rs.testo(u"id_lokera"), rs.testo(u"operazione"));
+  }
+  if (e) r.differenze << e.descrizione;
+}
+
+void riscontra_tessere(Connection& c, const SitoGiornata& sito, const QString& giorno, QTime adesso,
+                       Riscontro& r) {
+  int id = 0;
+  for (const SitoGiornata::Posto& p : sito.posti()) riscontra_cabinet(c, *p.cabinet, ++id, giorno, adesso, r);
+}
+
+void riscontra_fasce(Connection& c, const Cabinet& cabinet, int id, const QString& giorno, QTime adesso,
+                     int minuti, Riscontro& r) {
+  for (const auto& [posizione, tessera] : posizioni(c, id, r)) {
+    const QByteArray stored = cabinet.stato().operatori.leggi(posizione);
+    bool trovata = false;
+    for (int indietro = 0; indietro <= minuti && !trovata; ++indietro)
+      trovata = stored == record_atteso(c, tessera, giorno, adesso.addSecs(-60 * indietro), r);
+    if (!trovata)
+      r.differenze << u"cabinet %1, card %2: %3 is not what the bands ask for at %4, nor %5 minutes before"_s
+                          .arg(id)
+                          .arg(tessera, QString::fromLatin1(stored), adesso.toString(u"HH:mm:ss"_s))
+                          .arg(minuti);
+  }
+}
+
+}  // namespace lokera::simulazione
