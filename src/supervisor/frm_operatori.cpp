@@ -1,5 +1,7 @@
 #include "supervisor/frm_operatori.h"
 
+#include <utility>
+
 #include "forms/messaggi.h"
 
 namespace lokera {
@@ -100,8 +102,9 @@ void frm_operatori::svuota_password() {
 
 /// Reads the list again and stands on the user, when it is there. No password is in the boxes after it.
 void frm_operatori::ricarica(QString utente) {
+  const QString cercato = std::move(utente);
   griglia_.popola(a_.db.connessione_db, elenco_utenti());
-  if (const int riga = riga_di(grd, utente); riga >= 0) grd.Row(riga);
+  if (const int riga = riga_di(grd, cercato); riga >= 0) grd.Row(riga);
   grd_RowColChange();
   svuota_password();
   grd.Enabled = true;
@@ -142,6 +145,7 @@ void frm_operatori::Command5_Click() {
 void frm_operatori::Command4_Click() {
   abilita_comandi(Stato::modifica);
   maschera_password();
+  txtUser.SetFocus();
 }
 
 void frm_operatori::Command2_Click() {
@@ -150,6 +154,7 @@ void frm_operatori::Command2_Click() {
   grd_RowColChange();
   abilita_comandi(Stato::consultazione);
   svuota_password();
+  grd.SetFocus();
 }
 
 Errore frm_operatori::elimina() {

@@ -12,6 +12,7 @@ namespace {
 class AdattaTesto : public AdattatoreDi<TextBox, QLineEdit> {
  public:
   AdattaTesto(TextBox& c, QLineEdit& w) : AdattatoreDi(c, w) {
+    w.setStyleSheet(QStringLiteral("lineedit-password-character: 42"));  // "*"
     connect(&w, &QLineEdit::textEdited, this, [this](const QString& testo) {
       c_.Text = testo;
       chiama(c_.Change);

@@ -57,9 +57,9 @@ TEST(Traduzioni, NoWindowShowsATextThatTheTableLacks) {
   for (const QString& nome : {u"frm_gruppi"_s, u"frm_gruppi_utenti"_s, u"frm_operatori"_s,
                               u"frm_fascie_orarie"_s, u"frm_traduzioni"_s})
     ASSERT_TRUE(b.console->finestre().apri(nome)) << nome.toStdString();
-  EXPECT_EQ(senza_traduzione(b).join(u"\n"), QString());
+  EXPECT_EQ(senza_traduzione(b).join(u"\n").toStdString(), "");
   for (const Finestra* f : b.console->elenco().tutte())
-    EXPECT_EQ(lasciati_in_italiano(*f, tradotti).join(u'\n'), QString()) << f->nome().toStdString();
+    EXPECT_EQ(lasciati_in_italiano(*f, tradotti).join(u'\n').toStdString(), "") << f->nome().toStdString();
 }
 
 /// The literals of each statement that translates or shows one.
