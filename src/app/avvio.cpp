@@ -16,13 +16,15 @@ void prepara_aspetto() {
   QApplication::setPalette(colori);
 }
 
-Avvio::Avvio(const QString& cartella)
-    : cartella_(cartella), console_(macchina_.macchina(), [this] { return !istanza_->presa(); }) {}
+Avvio::Avvio(const QString& cartella, const QRect& disponibile)
+    : cartella_(cartella),
+      disponibile_(disponibile),
+      console_(macchina_.macchina(), [this] { return !istanza_->presa(); }) {}
 
 bool Avvio::apri() {
   istanza_ = std::make_unique<IstanzaUnica>(QDir(cartella_).filePath(nome_file_database()));
   if (!console_.apri(cartella_)) return false;
-  schermo_ = std::make_unique<Schermo>(console_);
+  schermo_ = std::make_unique<Schermo>(console_, disponibile_);
   schermo_->PrimaDiMostrare = [this] { testi_di_qt(); };
   return true;
 }

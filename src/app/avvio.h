@@ -18,7 +18,8 @@ void prepara_aspetto();
 /// A console on this computer with its database in a folder, and its screen. The application must exist.
 class Avvio {
  public:
-  explicit Avvio(const QString& cartella);
+  /// `disponibile`: where windows may stand; empty for the free part of the primary screen.
+  explicit Avvio(const QString& cartella, const QRect& disponibile = {});
 
   /// Opens the database and makes the main window. False when the program has to end.
   bool apri();
@@ -32,6 +33,7 @@ class Avvio {
   void testi_di_qt();
 
   const QString cartella_;
+  const QRect disponibile_;
   RealMachine macchina_;
   std::unique_ptr<IstanzaUnica> istanza_;
   Console console_;

@@ -58,7 +58,8 @@ void Cronaca::cambiato(Controllo& controllo) {
 }
 
 void Cronaca::scrivi(const char* tipo, const QString& testo) {
-  uscita_ << QTime::currentTime().toString(QStringLiteral("HH:mm:ss.zzz")) << ' ' << tipo << ' ' << testo << '\n';
+  uscita_ << QTime::currentTime().toString(QStringLiteral("HH:mm:ss.zzz")) << ' ' << tipo << ' ' << testo
+          << '\n';
   uscita_.flush();
 }
 

@@ -12,7 +12,8 @@
 namespace lokera {
 
 /// Writes one line for each thing that the console tells on its main window: "HH:mm:ss.zzz KIND TEXT". Stands
-/// between the window and its view. Kinds: visita, socket, socket_slave, lettura, movimento, pannello, errore.
+/// between the window and its view. Kinds: visita, socket, socket_slave, lettura, movimento, pannello,
+/// errore.
 class Cronaca : public QObject, public VistaFinestra {
  public:
   Cronaca(frm_Main& principale, VistaFinestra& vista, FILE* uscita);

@@ -13,24 +13,38 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
+/// "1280x800"; an empty text leaves the screen as it is. Off-screen the default is a desk's, not a square.
+QRect leggi_schermo(const QString& testo) {
+  if (testo.isEmpty())
+    return QGuiApplication::platformName() == u"offscreen"_s ? QRect(0, 0, 1280, 800) : QRect();
+  return {0, 0, testo.section(u'x', 0, 0).toInt(), testo.section(u'x', 1, 1).toInt()};
+}
+
 struct Opzioni {
   QString cartella;
   QString schermate;
   int secondi = 60;
   int ogni = 10;
+  int scarica = 0;
+  QRect schermo;
 };
 
 Opzioni leggi(const QCoreApplication& applicazione) {
   QCommandLineParser p;
   p.setApplicationDescription(u"Runs the console on the database of a folder and tells what it does."_s);
   p.addHelpOption();
-  p.addOptions({{u"cartella"_s, u"Folder of lokera.mdb."_s, u"DIR"_s, QCoreApplication::applicationDirPath()},
-                {u"secondi"_s, u"How long to run."_s, u"N"_s, u"60"_s},
-                {u"schermate"_s, u"Folder for pictures of the main window (none without it)."_s, u"DIR"_s},
-                {u"ogni"_s, u"Seconds between two pictures."_s, u"N"_s, u"10"_s}});
+  p.addOptions(
+      {{u"cartella"_s, u"Folder of lokera.mdb."_s, u"DIR"_s, QCoreApplication::applicationDirPath()},
+       {u"secondi"_s, u"How long to run."_s, u"N"_s, u"60"_s},
+       {u"schermate"_s, u"Folder for pictures of the main window (none without it)."_s, u"DIR"_s},
+       {u"schermo"_s, u"Size of the screen, as 1280x800."_s, u"WxH"_s},
+       {u"ogni"_s, u"Seconds between two pictures."_s, u"N"_s, u"10"_s},
+       {u"scarica"_s, u"Every so many seconds, move on to the next cabinet as the menu does; 0: never."_s,
+        u"N"_s, u"0"_s}});
   p.process(applicazione);
-  const Opzioni o{p.value(u"cartella"_s), p.value(u"schermate"_s), p.value(u"secondi"_s).toInt(),
-                  p.value(u"ogni"_s).toInt()};
+  const Opzioni o{p.value(u"cartella"_s),        p.value(u"schermate"_s),
+                  p.value(u"secondi"_s).toInt(), p.value(u"ogni"_s).toInt(),
+                  p.value(u"scarica"_s).toInt(), leggi_schermo(p.value(u"schermo"_s))};
   if (o.secondi <= 0 || o.ogni <= 0) {
     std::fputs("secondi and ogni must be positive numbers\n", stderr);
     std::exit(2);
@@ -63,7 +77,7 @@ int main(int argc, char** argv) {
   const QApplication applicazione(argc, argv);
   const Opzioni opzioni = leggi(applicazione);
   lokera::prepara_aspetto();
-  lokera::Avvio avvio(opzioni.cartella);
+  lokera::Avvio avvio(opzioni.cartella, opzioni.schermo);
   if (!avvio.apri()) return 1;
 
   lokera::frm_Main& principale = avvio.console().principale();
@@ -73,6 +87,9 @@ int main(int argc, char** argv) {
   QTimer intervallo;
   intervallo.callOnTimeout([&schermate] { schermate.scatta(u"principale"_s); });
   intervallo.start(opzioni.ogni * 1000);
+  QTimer scarica;
+  scarica.callOnTimeout([&principale] { principale.mnuScarTrans_Click(); });
+  if (opzioni.scarica > 0) scarica.start(opzioni.scarica * 1000);
   QTimer::singleShot(opzioni.secondi * 1000, [&] {
     schermate.scatta(u"fine"_s);
     avvio.console().macchina().programma.fine();  // as the menu's last entry does, wherever a wait may stand

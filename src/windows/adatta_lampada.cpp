@@ -24,6 +24,7 @@ class AdattaLampada : public AdattatoreDi<Shape, LampadaWidget> {
     w_.mostra(s.aspetto, colore());
     w_.setAccessibleDescription(s.parola);
     if (tipo_ == QStringLiteral("attivita")) w_.setAccessibleName(s.parola);
+    if (const QString nome = nome_parlato(); !nome.isEmpty()) w_.setAccessibleName(nome);
     w_.setToolTip(s.parola);
   }
 
@@ -58,6 +59,13 @@ class AdattaLampada : public AdattatoreDi<Shape, LampadaWidget> {
   QString parola(QStringView etichetta) const {
     const auto* label = dynamic_cast<Label*>(c_.finestra().controllo(etichetta));
     return label ? label->Caption() : QString();
+  }
+  /// The drawing names the labels that speak for the lamp ("etichette"); other words stand for themselves.
+  QString nome_parlato() const {
+    QStringList parole = w_.property("etichette").toString().split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    for (QString& p : parole)
+      if (const QString testo = parola(p); !testo.isEmpty()) p = testo;
+    return parole.join(QLatin1Char(' '));
   }
   QString traduci(QStringView testo) const { return traduttore_.traduci(testo.toString()); }
 

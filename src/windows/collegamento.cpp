@@ -94,9 +94,10 @@ void Collegamento::lega(Controllo& controllo, const QHash<QString, QWidget*>& di
   QWidget* widget = disegno.value(nome_widget(controllo));
   auto adattatore = widget ? adatta(controllo, *widget, traduttore_) : nullptr;
   if (!adattatore) {
-    discordanze_.append(widget ? QStringLiteral("%1: a %2 doesn't fit it")
-                                     .arg(controllo.nome(), QLatin1StringView(widget->metaObject()->className()))
-                               : QStringLiteral("%1: a control without a widget").arg(controllo.nome()));
+    discordanze_.append(widget
+                            ? QStringLiteral("%1: a %2 doesn't fit it")
+                                  .arg(controllo.nome(), QLatin1StringView(widget->metaObject()->className()))
+                            : QStringLiteral("%1: a control without a widget").arg(controllo.nome()));
     return;
   }
   QWidget* col_fuoco = widget->focusProxy() ? widget->focusProxy() : widget;

@@ -20,8 +20,8 @@ namespace lokera {
 class Collegamento : public QObject, public VistaFinestra {
  public:
   /// Makes the menu, sizes the window for the free part of the screen (an empty one leaves it as drawn) and
-  /// ties every control. Panels get their `Top` here, so it comes before Form_Load. `traduttore` for the words
-  /// that lamps stand for.
+  /// ties every control. Panels get their `Top` here, so it comes before Form_Load. `traduttore` for the
+  /// words that lamps stand for.
   Collegamento(Finestra& finestra, QWidget& forma, Traduttore& traduttore, const QRect& schermo = {});
   ~Collegamento() override;
   Q_DISABLE_COPY_MOVE(Collegamento)

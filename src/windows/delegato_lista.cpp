@@ -126,7 +126,8 @@ void DelegatoLista::paint(QPainter* p, const QStyleOptionViewItem& opzione, cons
                                     stile.pixelMetric(QStyle::PM_IndicatorHeight, nullptr, o.widget)},
                                    opzione.rect);
   segno.palette = opzione.palette;
-  segno.state = QStyle::State_Enabled | (spunta.toInt() == Qt::Checked ? QStyle::State_On : QStyle::State_Off);
+  segno.state =
+      QStyle::State_Enabled | (spunta.toInt() == Qt::Checked ? QStyle::State_On : QStyle::State_Off);
   stile.drawPrimitive(QStyle::PE_IndicatorCheckBox, &segno, p, o.widget);
 }
 

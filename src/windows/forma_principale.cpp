@@ -28,13 +28,14 @@ void FormaPrincipale::crea_lampade() {
       const int posizione = p * Tabellone::posizioni_pannello + i + 1;
       lampada->setObjectName(QStringLiteral("lampade_chiave_%1").arg(posizione));
       lampada->setProperty("tipo", QStringLiteral("chiave"));
-      lampada->setGeometry(i * passo, 0, passo, pannello->height());
+      lampada->setGeometry(i * passo, 1, passo, pannello->height() - 2);
     }
   }
 }
 
 bool FormaPrincipale::eventFilter(QObject* oggetto, QEvent* evento) {
-  if (oggetto == ui_->grdLokere && (evento->type() == QEvent::ShowToParent || evento->type() == QEvent::HideToParent))
+  if (oggetto == ui_->grdLokere &&
+      (evento->type() == QEvent::ShowToParent || evento->type() == QEvent::HideToParent))
     disponi_liste();
   return QMainWindow::eventFilter(oggetto, evento);
 }

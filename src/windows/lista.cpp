@@ -5,8 +5,7 @@
 
 namespace lokera {
 
-Lista::Lista(QWidget* padre)
-    : QFrame(padre), titolo_(new QLabel(this)), tabella_(new TabellaLista(this)) {
+Lista::Lista(QWidget* padre) : QFrame(padre), titolo_(new QLabel(this)), tabella_(new TabellaLista(this)) {
   auto* colonna = new QVBoxLayout(this);
   colonna->setContentsMargins(1, 1, 1, 1);
   colonna->setSpacing(0);

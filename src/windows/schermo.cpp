@@ -11,7 +11,8 @@ namespace lokera {
 
 Schermo::Schermo(Console& console, const QRect& disponibile)
     : console_(console),
-      disponibile_(disponibile.isValid() ? disponibile : QGuiApplication::primaryScreen()->availableGeometry()) {
+      disponibile_(disponibile.isValid() ? disponibile
+                                         : QGuiApplication::primaryScreen()->availableGeometry()) {
   console.griglie().larghezza_schermo = disponibile_.width();
   console.finestre().collega = [this](Finestra& f) { apri(f); };
   console.finestre().in_primo_piano = [this](Finestra& f) { in_primo_piano(f); };
@@ -42,7 +43,9 @@ void Schermo::apri(Finestra& finestra) {
   QWidget* forma = disegna(finestra);
   // Shown when its loading first lets the loop run: by then it is in its language, and a long list shows
   // its progress.
-  if (forma) QMetaObject::invokeMethod(forma, [forma] { forma->show(); }, Qt::QueuedConnection);
+  if (forma)
+    QMetaObject::invokeMethod(
+        forma, [forma] { forma->show(); }, Qt::QueuedConnection);
 }
 
 void Schermo::togli(const Finestra* finestra) {

@@ -1,0 +1,200 @@
+// Windows made for the test: lists by keyboard, and either end going first.
+#include "windows/lista.h"
+
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPushButton>
+
+#include "windows/ambiente.h"
+
+namespace lokera::prova {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+class Regole : public Finestra {
+ public:
+  explicit Regole(ElencoFinestre& elenco) : Finestra(elenco, u"frm_prova"_s) {
+    std::vector<Colonna> colonne(4);
+    const QStringList nomi{u"codice"_s, u"descrizione"_s, u"nota"_s, u"attivo"_s};
+    for (int i = 0; i < 4; ++i) colonne[static_cast<size_t>(i)].Caption = nomi[i];
+    grd.imposta_colonne(colonne);
+    Colonna codice = grd.Columns(0);
+    codice.elenco = &drp;
+    grd.imposta_colonna(0, codice);
+    Colonna descrizione = grd.Columns(1);
+    descrizione.caratteri = 5;
+    grd.imposta_colonna(1, descrizione);
+    Colonna nota = grd.Columns(2);
+    nota.bloccata = true;
+    grd.imposta_colonna(2, nota);
+    Colonna attivo = grd.Columns(3);
+    attivo.stile = StileCella::spunta;
+    grd.imposta_colonna(3, attivo);
+    grd.AllowAddNew = grd.AllowDelete = grd.AllowUpdate = true;
+    drp.AddItem({u"10"_s, u"officina"_s});
+    drp.AddItem({u"20"_s, u"uffici"_s});
+    grd.AddItem(QStringList{u"10"_s, u"uno"_s, u"a"_s, u"0"_s});
+    grd.AddItem(QStringList{u"20"_s, u"due"_s, u"b"_s, u"0"_s});
+    grd.Row(0);
+  }
+  SSOleDBGrid grd{*this, u"grd"_s};
+  SSOleDBDropDown drp{*this, u"drp"_s};
+  CommandButton Command5{*this, u"Command5"_s, u"registra modifiche"_s};
+};
+
+QWidget* disegno_di_prova() {
+  auto* forma = new QWidget;
+  forma->resize(600, 400);
+  auto* grd = new Lista(forma);
+  grd->setObjectName(u"grd"_s);
+  grd->setGeometry(0, 0, 600, 300);
+  auto* pulsante = new QPushButton(forma);
+  pulsante->setObjectName(u"Command5"_s);
+  pulsante->setGeometry(0, 320, 200, 30);
+  return forma;
+}
+
+class ListaDisegnata : public testing::Test {
+ protected:
+  ListaDisegnata() {
+    forma->show();
+    forma->activateWindow();
+    tabella().setFocus();
+    QCoreApplication::processEvents();
+  }
+  TabellaLista& tabella() { return *forma->findChild<TabellaLista*>(); }
+  template <class W>
+  W& editor() {
+    auto* w = tabella().viewport()->findChild<W*>();
+    EXPECT_TRUE(w);
+    return *w;
+  }
+  QStringList riga(int i) const {
+    return {r->grd.cella(i, 0), r->grd.cella(i, 1), r->grd.cella(i, 2), r->grd.cella(i, 3)};
+  }
+
+  Banco banco;
+  ElencoFinestre elenco;
+  std::unique_ptr<Regole> r = std::make_unique<Regole>(elenco);
+  std::unique_ptr<QWidget> forma{disegno_di_prova()};
+  std::unique_ptr<Collegamento> c = std::make_unique<Collegamento>(*r, *forma, banco.console->traduttore());
+};
+
+TEST_F(ListaDisegnata, ReturnHandsTheEditOverAndGoesOnToANewRow) {
+  EXPECT_TRUE(c->discordanze().isEmpty());
+  QStringList uscite;
+  r->grd.AfterUpdate = [&uscite](int i) { uscite.append(QString::number(i)); };
+  r->grd.utente_sceglie(1, 1);
+  premi(tabella(), Qt::Key_F2);
+  EXPECT_EQ(editor<QLineEdit>().maxLength(), 5);
+  editor<QLineEdit>().setText(u"nuovo"_s);
+  premi(editor<QLineEdit>(), Qt::Key_Return);
+  EXPECT_EQ(riga(1).at(1), u"nuovo"_s);
+  EXPECT_EQ(r->grd.Col(), 3) << "the locked column is passed over";
+  premi(tabella(), Qt::Key_Space);
+  EXPECT_TRUE(r->grd.spuntata(1, 3));
+  premi(tabella(), Qt::Key_Return);
+  EXPECT_EQ(r->grd.Rows(), 3);
+  EXPECT_EQ(r->grd.Row(), 2);
+  EXPECT_EQ(tabella().currentIndex(), tabella().model()->index(2, 0));
+  EXPECT_EQ(uscite, QStringList{u"1"_s});
+  premi(tabella(), Qt::Key_Up);
+  EXPECT_EQ(r->grd.Rows(), 2) << "a row that nobody wrote in goes away again";
+  EXPECT_EQ(tabella().model()->rowCount(), 2);
+}
+
+TEST_F(ListaDisegnata, EscapeKeepsTheCellAndDeleteTakesTheRow) {
+  r->grd.utente_sceglie(0, 1);
+  premi(tabella(), Qt::Key_F2);
+  editor<QLineEdit>().setText(u"altro"_s);
+  premi(editor<QLineEdit>(), Qt::Key_Escape);
+  EXPECT_EQ(riga(0).at(1), u"uno"_s);
+  premi(tabella(), Qt::Key_Delete, {}, Qt::ControlModifier);
+  EXPECT_EQ(r->grd.Rows(), 1);
+  EXPECT_EQ(riga(0).at(1), u"due"_s);
+  EXPECT_EQ(tabella().model()->rowCount(), 1);
+}
+
+TEST_F(ListaDisegnata, EditIsKeptWhenTheUserGoesElsewhere) {
+  QString visto;
+  r->Command5.Click = [this, &visto] {
+    r->grd.Update();
+    visto = riga(0).at(1);
+  };
+  r->grd.utente_sceglie(0, 1);
+  premi(tabella(), Qt::Key_F2);
+  editor<QLineEdit>().setText(u"salva"_s);
+  forma->findChild<QPushButton*>()->click();
+  EXPECT_EQ(visto, u"salva"_s);
+  ripulisci();
+  premi(tabella(), Qt::Key_F2);
+  editor<QLineEdit>().setText(u"altra"_s);
+  forma->close();
+  EXPECT_EQ(riga(0).at(1), u"altra"_s) << "closing the window is going elsewhere too";
+  EXPECT_TRUE(r->chiusa());
+}
+
+TEST_F(ListaDisegnata, ChoiceIsPickedOrTyped) {
+  int chiusi = 0;
+  r->drp.CloseUp = [&chiusi](int voce) { chiusi += voce == 1; };
+  premi(tabella(), Qt::Key_F2);
+  auto& scelta = editor<QComboBox>();
+  EXPECT_EQ(scelta.itemText(1), u"20   uffici"_s);
+  scelta.setEditText(u"20"_s);
+  premi(scelta, Qt::Key_Return);
+  EXPECT_EQ(riga(0).at(0), u"20"_s);
+  EXPECT_EQ(chiusi, 1);
+}
+
+TEST_F(ListaDisegnata, EitherEndMayGoFirst) {
+  premi(tabella(), Qt::Key_F2);
+  bool finita = false;
+  c->Finita = [&finita] { finita = true; };
+  r.reset();
+  EXPECT_TRUE(finita);
+  EXPECT_EQ(tabella().model()->rowCount(), 0);
+  forma->repaint();
+  forma->findChild<QPushButton*>()->click();
+  premi(tabella(), Qt::Key_Return);
+}
+
+TEST_F(ListaDisegnata, RulesGoOnWithoutTheirDrawing) {
+  forma.reset();
+  r->grd.AddItem(QStringList{u"30"_s});
+  r->Command5.Caption = u"altro"_s;
+  r->Caption(u"titolo"_s);
+  c.reset();
+  r->grd.RemoveAll();
+  r->Command5.SetFocus();
+}
+
+TEST_F(ListaDisegnata, LongFillingIsShownByAndByAndWhole) {
+  r->grd.RemoveAll();
+  constexpr int righe = 100000;
+  for (int i = 0; i < righe; ++i) r->grd.AddItem(QByteArrayView("10\tuno\ta\t0"));
+  EXPECT_LT(tabella().model()->rowCount(), righe) << "not one by one: each costs the view";
+  r->grd.Row(righe - 1);
+  EXPECT_EQ(tabella().model()->rowCount(), righe);
+  EXPECT_EQ(tabella().currentIndex().row(), righe - 1);
+}
+
+TEST(Collegamento, MismatchesAreNamed) {
+  Banco banco;
+  ElencoFinestre elenco;
+  Regole r(elenco);
+  CommandButton orfano(r, u"Command9"_s, u"x"_s);
+  const std::unique_ptr<QWidget> forma(disegno_di_prova());
+  auto* di_troppo = new QLineEdit(forma.get());
+  di_troppo->setObjectName(u"txtDiTroppo"_s);
+  forma->findChild<QPushButton*>()->setObjectName(u"drp"_s);
+  const Collegamento c(r, *forma, banco.console->traduttore());
+  QStringList attese{u"Command5: a control without a widget"_s, u"Command9: a control without a widget"_s,
+                     u"txtDiTroppo: a widget without a control"_s};
+  QStringList trovate = c.discordanze();
+  trovate.sort();
+  EXPECT_EQ(trovate, attese);
+}
+
+}  // namespace
+}  // namespace lokera::prova

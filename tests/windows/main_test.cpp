@@ -1,0 +1,179 @@
+// The main window as it is drawn.
+#include <QCloseEvent>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QPushButton>
+
+#include "windows/ambiente.h"
+#include "windows/etichetta_dati.h"
+#include "windows/lampada_widget.h"
+#include "windows/lista.h"
+#include "windows/misura.h"
+
+namespace lokera::prova {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+std::string elenco(const QStringList& voci) {
+  return voci.join(u'\n').toStdString();
+}
+
+TEST(FinestraPrincipale, EveryControlHasItsWidgetAndEveryWidgetItsControl) {
+  BancoDisegnato b;
+  b.forma();
+  EXPECT_EQ(elenco(b.schermo().collegamento(b.main())->discordanze()), "");
+}
+
+struct Vista {
+  QSize schermo;
+  int lingua;
+};
+
+class Aspetto : public testing::TestWithParam<Vista> {};
+
+TEST_P(Aspetto, NothingIsCutOffHiddenOrNameless) {
+  const Vista v = GetParam();
+  BancoDisegnato b({QPoint(0, 0), v.schermo});
+  for (int i = 1; i <= 3; ++i) b.lokera(i, i == 1);
+  b.sql(u"update parametri set lingua = ?"_s, {v.lingua});
+  b.carica();
+  ASSERT_EQ(b.db().lingua_interfaccia, v.lingua);
+  b.main().accesso.mnuAbile_Click();
+  b.main().lblOrario.Caption = u"Wednesday   30/11/2008  08:00"_s;
+  b.main().lblNome.Caption = u"Portineria centrale (0)"_s;
+  PannelloLive& p = b.main().pannello;
+  for (Label* codice : {&p.lblP, &p.lblSX, &p.lblDX}) codice->Caption = u"0000100002"_s;
+  b.main().acquisizione.lblUltimaTrans.Caption =
+      u"28/11/08 15.45.01 OUT Bianchi Giuseppe - chiave: 0000100002 lok. 1"_s;
+  QCoreApplication::processEvents();
+  EXPECT_EQ(elenco(testi_tagliati(b.forma())), "");
+  EXPECT_EQ(elenco(fuori_posto(b.forma())), "");
+  EXPECT_EQ(elenco(senza_nome_accessibile(b.forma())), "");
+  EXPECT_LE(b.forma().frameGeometry().width(), v.schermo.width());
+  EXPECT_LE(b.forma().frameGeometry().height(), v.schermo.height());
+}
+
+INSTANTIATE_TEST_SUITE_P(Screens, Aspetto,
+                         testing::Values(Vista{{1280, 800}, 0}, Vista{{1280, 800}, 1}, Vista{{1280, 735}, 0},
+                                         Vista{{1920, 1080}, 0}, Vista{{1920, 1080}, 1}));
+
+TEST(FinestraPrincipale, StretchesToTheScreenByTheRatioAndKeepsLabelHeights) {
+  BancoDisegnato piccola({0, 0, 1280, 735});
+  BancoDisegnato grande({0, 0, 1920, 1080});
+  EXPECT_FALSE(piccola.schermo().collegamento(piccola.main())->stirata());
+  EXPECT_TRUE(grande.schermo().collegamento(grande.main())->stirata());
+  const QRect prima = piccola.widget<QWidget>("riquadroTabellone").geometry();
+  const QRect dopo = grande.widget<QWidget>("riquadroTabellone").geometry();
+  EXPECT_NEAR(dopo.width(), prima.width() * 1920.0 / 1244, 1);
+  EXPECT_EQ(grande.widget<QWidget>("lblNome").height(), piccola.widget<QWidget>("lblNome").height());
+  EXPECT_GT(grande.forma().height(), 1080 - 60);
+  // Panels take their place from the stretched drawing, before the rules note it.
+  grande.carica();
+  EXPECT_EQ(grande.main().tabellone.pos_pannelli[7], grande.widget<QWidget>("pnlK_7").y());
+}
+
+TEST(FinestraPrincipale, BoardClosesUpAndSaysItsKeysByForm) {
+  BancoDisegnato b;
+  b.lokera(1);
+  b.chiave(u"0000000001"_s, 1, 0);
+  b.chiave(u"0000000002"_s, 1, 1);
+  b.sql(u"update tessere_chiavi set operatore = '0000000099' where posizione = 1"_s);
+  b.carica();
+  const int fondo = b.main().tabellone.pos_pannelli[7];
+  EXPECT_EQ(b.widget<QWidget>("pnlK_0").y(), fondo);
+  EXPECT_FALSE(b.widget<QWidget>("pnlK_1").isVisible());
+  auto& dentro = b.widget<LampadaWidget>("lampade_chiave_1");
+  auto& fuori = b.widget<LampadaWidget>("lampade_chiave_2");
+  auto& nessuna = b.widget<LampadaWidget>("lampade_chiave_3");
+  EXPECT_EQ(dentro.aspetto(), lokera::Aspetto::disco);
+  EXPECT_EQ(fuori.aspetto(), lokera::Aspetto::quadro);
+  EXPECT_EQ(nessuna.aspetto(), lokera::Aspetto::tratteggio);
+  EXPECT_EQ(fuori.numero(), u"2"_s);
+  EXPECT_EQ(fuori.accessibleDescription(), u"chiave uscita"_s);
+}
+
+TEST(FinestraPrincipale, LampsAndLabelsFollowTheRules) {
+  BancoDisegnato b;
+  b.carica();
+  PannelloLive& p = b.main().pannello;
+  p.mostra_lato(PannelloLive::Lato::sinistro, rosso, u"<b>0001</b>"_s, u"3"_s);
+  EXPECT_EQ(b.widget<LampadaWidget>("ShapeSX").aspetto(), lokera::Aspetto::croce);
+  EXPECT_EQ(b.widget<LampadaWidget>("ShapeSX").accessibleDescription(), u"rifiutato"_s);
+  EXPECT_EQ(b.widget<QLabel>("lblSX").text(), u"<b>0001</b>"_s);
+  EXPECT_EQ(b.widget<QLabel>("lblSX").textFormat(), Qt::PlainText);
+}
+
+TEST(FinestraPrincipale, CloseBoxDoesNothing) {
+  BancoDisegnato b;
+  b.carica();
+  EXPECT_FALSE(b.forma().close());
+  EXPECT_TRUE(b.forma().isVisible());
+  EXPECT_FALSE(b.vm.programma().finito);
+}
+
+TEST(FinestraPrincipale, LoginByKeyboard) {
+  BancoDisegnato b;
+  b.carica();
+  b.sql(u"insert into operatori (user, pwd, su) values ('anna', 'segreta', 0)"_s);
+  b.forma().activateWindow();
+  b.main().accesso.mnuAbile_Click();
+  auto& utente = b.widget<QLineEdit>("txtUtente");
+  auto& password = b.widget<QLineEdit>("txtPassword");
+  const QStringList giro = ordine_tab(b.forma());
+  EXPECT_EQ((giro + giro).mid(giro.indexOf(u"txtUtente"_s), 5).join(u' ').toStdString(),
+            "txtUtente txtPassword cmdLogin Command6 grdAggOper");
+  utente.clear();
+  scrivi(utente, u"anna"_s);
+  scrivi(password, u"segreta"_s);
+  EXPECT_EQ(password.echoMode(), QLineEdit::Password);
+  premi(password, Qt::Key_Return);
+  EXPECT_TRUE(b.main().accesso.accesso_abilitato);
+  EXPECT_FALSE(b.widget<QWidget>("pctLogin").isVisible());
+  b.main().accesso.mnuAbile_Click();
+  b.main().accesso.mnuAbile_Click();
+  EXPECT_TRUE(b.widget<QWidget>("pctLogin").isVisible());
+  premi(b.widget<QLineEdit>("txtUtente"), Qt::Key_Escape);
+  EXPECT_FALSE(b.widget<QWidget>("pctLogin").isVisible());
+}
+
+TEST(FinestraPrincipale, MenuTreeAsDeclared) {
+  BancoDisegnato b;
+  b.carica();
+  QStringList voci;
+  const auto barra = b.widget<QMenuBar>("menubar").actions();
+  for (const QAction* a : barra) voci.append(a->text() + (a->isEnabled() ? u"+"_s : u"-"_s));
+  EXPECT_EQ(voci.join(u' ').toStdString(), "abilita+ Tabelle- Movimenti- Utilità- Fine Lavoro+");
+  b.widget<QAction>("mnuEsc").trigger();
+  EXPECT_TRUE(b.vm.programma().finito);
+  EXPECT_EQ(b.widget<QAction>("mnuTesCh").associatedObjects().size(), 1);
+}
+
+TEST(FinestraPrincipale, OneCabinetLeavesTheRoomToTheQueue) {
+  BancoDisegnato uno;
+  uno.lokera(1);
+  uno.carica();
+  BancoDisegnato due;
+  due.lokera(1);
+  due.lokera(2);
+  due.carica();
+  EXPECT_FALSE(uno.widget<Lista>("grdLokere").isVisible());
+  EXPECT_EQ(uno.widget<Lista>("grdAggOper").x(), uno.widget<Lista>("grdLokere").x());
+  EXPECT_GT(due.widget<Lista>("grdAggOper").x(), due.widget<Lista>("grdLokere").geometry().right());
+}
+
+TEST(FinestraPrincipale, WindowThatTakesNoInputGetsNone) {
+  BancoDisegnato b;
+  b.carica();
+  b.main().accesso.mnuAbile_Click();
+  auto& utente = b.widget<QLineEdit>("txtUtente");
+  b.main().Enabled(false);
+  scrivi(utente, u"x"_s);
+  EXPECT_EQ(utente.text(), QString());
+  b.main().Enabled(true);
+  scrivi(utente, u"x"_s);
+  EXPECT_EQ(b.main().accesso.txtUtente.Text(), u"x"_s);
+}
+
+}  // namespace
+}  // namespace lokera::prova

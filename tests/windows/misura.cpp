@@ -1,0 +1,110 @@
+#include "windows/misura.h"
+
+#include <QAbstractButton>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QTableView>
+
+#include "windows/disegno.h"
+#include "windows/etichetta_dati.h"
+#include "windows/lampada_widget.h"
+#include "windows/lista.h"
+#include "windows/tabella_lista.h"
+
+namespace lokera::prova {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString nome(const QWidget& w) {
+  return w.objectName();
+}
+
+bool stretto(const QWidget& w, const QString& testo, int margine = 0) {
+  return w.fontMetrics().horizontalAdvance(testo) + margine > w.contentsRect().width() ||
+         w.fontMetrics().height() > w.contentsRect().height();
+}
+
+void misura_lista(const TabellaLista& t, QStringList& guasti) {
+  const QHeaderView& testata = *t.horizontalHeader();
+  for (int i = 0; i < testata.count(); ++i) {
+    const QString titolo = t.model()->headerData(i, Qt::Horizontal).toString();
+    if (!t.isColumnHidden(i) && testata.fontMetrics().horizontalAdvance(titolo) + 8 > t.columnWidth(i))
+      guasti.append(nome(*t.parentWidget()) + u": "_s + titolo);
+  }
+}
+
+bool testo_tagliato(const QWidget& w) {
+  if (qobject_cast<const QLabel*>(&w)) return stretto(w, static_cast<const QLabel&>(w).text());
+  const auto* pulsante = qobject_cast<const QAbstractButton*>(&w);
+  if (!pulsante || pulsante->text().isEmpty()) return false;
+  return pulsante->sizeHint().width() > w.width() && stretto(w, pulsante->text(), 20);
+}
+
+bool da_raggiungere(const QWidget& w) {
+  return qobject_cast<const QAbstractButton*>(&w) || qobject_cast<const QLineEdit*>(&w) ||
+         qobject_cast<const QComboBox*>(&w) || qobject_cast<const LampadaWidget*>(&w) ||
+         qobject_cast<const Lista*>(&w);
+}
+
+}  // namespace
+
+QStringList testi_tagliati(const QWidget& forma) {
+  QStringList guasti;
+  const auto tutti = widget_con_nome(forma);
+  for (QWidget* w : tutti) {
+    if (testo_tagliato(*w)) guasti.append(nome(*w) + u": "_s + w->property("text").toString());
+    if (auto* lista = qobject_cast<Lista*>(w)) misura_lista(lista->tabella(), guasti);
+  }
+  return guasti;
+}
+
+QStringList fuori_posto(const QWidget& forma) {
+  QStringList guasti;
+  const auto tutti = widget_con_nome(forma);
+  for (const QWidget* w : tutti) {
+    const QWidget* sopra = w->parentWidget();
+    if (sopra && !sopra->rect().contains(w->geometry())) guasti.append(nome(*w) + u" lies outside"_s);
+    if (solo_contiene(*w)) continue;
+    for (const QWidget* altro : tutti)
+      if (altro > w && altro->parentWidget() == sopra && !solo_contiene(*altro) &&
+          altro->geometry().intersects(w->geometry()))
+        guasti.append(nome(*w) + u" and "_s + nome(*altro) + u" overlap"_s);
+  }
+  return guasti;
+}
+
+QStringList senza_nome_accessibile(const QWidget& forma) {
+  QStringList guasti;
+  const auto tutti = widget_con_nome(forma);
+  for (QWidget* w : tutti) {
+    if (!da_raggiungere(*w)) continue;
+    auto* lista = qobject_cast<Lista*>(w);
+    const QWidget& letto = lista ? static_cast<QWidget&>(lista->tabella()) : *w;
+    const QString testo = letto.property("text").toString();
+    const bool parla =
+        !letto.accessibleName().isEmpty() || (qobject_cast<const QCheckBox*>(&letto) && !testo.isEmpty());
+    if (!parla) guasti.append(nome(*w));
+    if (qobject_cast<LampadaWidget*>(w) && w->accessibleDescription().isEmpty())
+      guasti.append(nome(*w) + u" tells no state"_s);
+  }
+  return guasti;
+}
+
+QStringList ordine_tab(QWidget& forma) {
+  QStringList nomi;
+  for (QWidget* w = forma.nextInFocusChain(); w != &forma; w = w->nextInFocusChain()) {
+    const bool arriva =
+        w->isVisibleTo(&forma) && w->isEnabled() && (w->focusPolicy() & Qt::TabFocus) && !w->focusProxy();
+    if (!arriva) continue;
+    const auto* lista = qobject_cast<Lista*>(w->parentWidget());
+    nomi.append(lista ? nome(*lista) : nome(*w));
+  }
+  return nomi;
+}
+
+}  // namespace lokera::prova
