@@ -54,7 +54,7 @@ QString frm_traduzioni::registra(const QString& italiano, const QString& tedesco
   if (!errore) errore = rs.imposta(u"italiano", italiano);
   if (!errore) errore = rs.imposta(u"tedesco", tedesco);
   if (!errore) maschera_.update_record(rs);
-  const QString testo = errore ? errore.descrizione : maschera_.errore();
+  QString testo = errore ? errore.descrizione : maschera_.errore();
   if (!testo.isEmpty()) rs.CancelUpdate();
   return testo;
 }
