@@ -1,0 +1,97 @@
+// A window of 60 captions with 2,000 texts in the table, beside bare queries of the table.
+#include <memory>
+
+#include "bench/misura.h"
+#include "bench/nudo.h"
+#include "bench/sito_misure.h"
+#include "forms/controlli.h"
+#include "forms/traduttore.h"
+#include "store/recordset.h"
+
+using namespace lokera;
+using namespace lokera::bench;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int testi = 2000;
+constexpr int didascalie = 60;
+constexpr int giri = 100;
+
+QString italiano(int i) {
+  return u"Dicitura numero %1 della finestra"_s.arg(i);
+}
+
+void riempi(Connection& c) {
+  Recordset rs;
+  (void)rs.Open(u"select count(*) from traduzioni"_s, c);
+  const int gia = rs.valore(0).toInt();
+  rs.Close();
+  Transazione t(c);
+  for (int i = 0; i < testi - gia; ++i)
+    (void)c.Execute(u"insert into traduzioni (italiano, inglese) values (?, ?)"_s,
+                    {italiano(i), u"Window caption number %1"_s.arg(i)});
+  if (t.conferma()) rinuncia("traduzioni");
+}
+
+class FinestraMisure : public Finestra {
+ public:
+  explicit FinestraMisure(ElencoFinestre& elenco) : Finestra(elenco, u"frm_misure"_s) {
+    for (int i = 0; i < didascalie; ++i)
+      etichette_.push_back(std::make_unique<Label>(*this, u"lbl%1"_s.arg(i)));
+  }
+  void in_italiano() {
+    for (int i = 0; i < didascalie; ++i) etichette_[static_cast<size_t>(i)]->Caption = italiano(i * 7);
+  }
+  bool tradotta() const {
+    return std::ranges::all_of(etichette_, [](const auto& e) { return e->Caption().startsWith(u'W'); });
+  }
+
+ private:
+  std::vector<std::unique_ptr<Label>> etichette_;
+};
+
+struct Banco {
+  SitoMisure sito{{}};
+  Database db;
+  ElencoFinestre elenco;
+  Traduttore traduttore{db};
+  FinestraMisure finestra{elenco};
+  std::unique_ptr<Nudo> nudo, altro;
+
+  Banco() {
+    if (apri_database(db, sito.cartella())) rinuncia("file");
+    riempi(db.connessione_db);
+    db.lingua_interfaccia = 1;
+    nudo = std::make_unique<Nudo>(sito.file());
+    altro = std::make_unique<Nudo>(sito.file());
+  }
+
+  /// `prima` stands before each side of each round, and is not timed.
+  template <class F>
+  void misura(const char* nome, F prima) {
+    Istruzione tabella(*nudo, "Select italiano, inglese from traduzioni");
+    Confronto c;
+    for (int i = 0; i < giri; ++i) {
+      finestra.in_italiano();
+      prima();
+      c.nostro.aggiungi(cronometra([&] { traduttore.traduci_form(finestra); }));
+      if (!finestra.tradotta()) rinuncia("finestra non tradotta");
+      c.pavimento.aggiungi(cronometra([&] { (void)tabella.leggi_tutto(); }));
+    }
+    stampa_rapporto(nome, c.nostro.mediana(), c.pavimento.mediana(), 2);
+  }
+};
+
+}  // namespace
+
+int main() {
+  Banco b;
+  const QString tocca = u"update traduzioni set tedesco = ' ' where italiano = ?"_s;
+  b.misura("60 captions, table of 2,000, warm / one bare query of the table", [] {});
+  b.misura("60 captions after a change of one's own / one bare query",
+           [&] { (void)b.db.connessione_db.Execute(tocca, {italiano(3)}); });
+  b.misura("60 captions after another console's change / one bare query", [&] {
+    b.altro->esegui("update traduzioni set tedesco = ' ' where italiano like 'Dicitura numero 3 %'");
+  });
+}
