@@ -1,6 +1,8 @@
 #include "access/fasce.h"
 
+#include <map>
 #include <optional>
+#include <set>
 #include <vector>
 
 #include "store/date_jet.h"
@@ -67,24 +69,59 @@ Errore leggi_colonna(Connection& c, const QString& sql, const QVariantList& valo
   return e;
 }
 
-/// The run: as many cards in one transaction as fit into a short stretch, then the loop, then the next
-/// stretch.
+/// The run: first the cards that the bands touch are looked up, then they are queued in the order of their
+/// codes, so that a transaction writes to few places of the file. Each transaction is one short stretch, and
+/// the loop runs between them.
 class Applicazione {
  public:
   Applicazione(Connection& c, PolledWait& attesa, const QString& giorno)
-      : c_(c), attesa_(attesa), giorno_(giorno) {}
+      : c_(c), attesa_(attesa), giorno_(giorno), inizio_(attesa.orologio().monotono()) {}
 
-  Errore accoda(const Fascia& fascia) {
-    QVariantList tessere;
+  // Every card of the operator group that may use the key group, and every cabinet that holds a key of it.
+  Errore cerca(const Fascia& fascia) {
     QVariantList lokere;
-    if (Errore e = cerca(fascia, tessere, lokere)) return e;
+    QVariantList tessere;
+    if (Errore e = leggi_colonna(
+            c_,
+            QStringLiteral(
+                "select distinct lokera from tessere_chiavi where gruppo = ? and lokera is not null"),
+            {fascia.gruppo_chiavi}, lokere))
+      return e;
+    if (lokere.isEmpty()) return {};
+    if (Errore e = leggi_colonna(
+            c_,
+            QStringLiteral(
+                "select tessere_operatori.codice from (tessere_operatori inner join gruppi_tessera on"
+                " tessere_operatori.codice = gruppi_tessera.tessera) where tessere_operatori.gruppo = ? and"
+                " gruppi_tessera.codice = ?"),
+            {fascia.gruppo_oper, fascia.gruppo_chiavi}, tessere))
+      return e;
     for (const QVariant& tessera : tessere) {
-      for (const QVariant& lokera : lokere) {
+      std::set<qlonglong>& dove = coppie_[tessera.toString()];
+      for (const QVariant& lokera : lokere) dove.insert(lokera.toLongLong());
+    }
+    return respira();
+  }
+
+  Errore accoda() {
+    for (const auto& [tessera, lokere] : coppie_) {
+      for (const qlonglong lokera : lokere) {
         if (Errore e = accoda_coppia(tessera, lokera)) return e;
       }
       if (Errore e = respira()) return e;
     }
-    return segna_eseguita(fascia);
+    return {};
+  }
+
+  Errore segna_eseguita(const Fascia& fascia) {
+    if (Errore e = inizia()) return e;
+    if (Errore e =
+            c_.Execute(QStringLiteral("update fascie_orarie set data_esecuzione = ? where gruppo_oper = ? and"
+                                      " gruppo_chiavi = ? and giorno = ? and dalle_ore = ? and alle_ore = ?"),
+                       {attesa_.orologio().adesso(), fascia.gruppo_oper, fascia.gruppo_chiavi, giorno_,
+                        fascia.dalle_ore, fascia.alle_ore}))
+      return e;
+    return respira();
   }
 
   Errore finisci() {
@@ -94,34 +131,9 @@ class Applicazione {
     return e;
   }
 
-  Errore respira() {
-    if (!transazione_ || attesa_.orologio().monotono() - inizio_ < tratto_massimo) return {};
-    if (Errore e = finisci()) return e;
-    attesa_.cedi();
-    return {};
-  }
-
  private:
-  // Every card of the operator group that may use the key group, and every cabinet that holds a key of it.
-  Errore cerca(const Fascia& fascia, QVariantList& tessere, QVariantList& lokere) {
-    if (Errore e = leggi_colonna(
-            c_,
-            QStringLiteral(
-                "select distinct lokera from tessere_chiavi where gruppo = ? and lokera is not null"),
-            {fascia.gruppo_chiavi}, lokere))
-      return e;
-    if (lokere.isEmpty()) return {};
-    return leggi_colonna(
-        c_,
-        QStringLiteral(
-            "select distinct tessere_operatori.codice from (tessere_operatori inner join gruppi_tessera on"
-            " tessere_operatori.codice = gruppi_tessera.tessera) where tessere_operatori.gruppo = ? and"
-            " gruppi_tessera.codice = ?"),
-        {fascia.gruppo_oper, fascia.gruppo_chiavi}, tessere);
-  }
-
   // A pair that is queued already stays as it is, also a deletion.
-  Errore accoda_coppia(const QVariant& tessera, const QVariant& lokera) {
+  Errore accoda_coppia(const QString& tessera, qlonglong lokera) {
     if (Errore e = inizia()) return e;
     return c_.Execute(
         QStringLiteral(
@@ -130,37 +142,40 @@ class Applicazione {
         {tessera, lokera, tessera, lokera});
   }
 
-  Errore segna_eseguita(const Fascia& fascia) {
-    if (Errore e = inizia()) return e;
-    return c_.Execute(QStringLiteral("update fascie_orarie set data_esecuzione = ? where gruppo_oper = ? and"
-                                     " gruppo_chiavi = ? and giorno = ? and dalle_ore = ? and alle_ore = ?"),
-                      {attesa_.orologio().adesso(), fascia.gruppo_oper, fascia.gruppo_chiavi, giorno_,
-                       fascia.dalle_ore, fascia.alle_ore});
-  }
-
   Errore inizia() {
     if (transazione_) return {};
-    inizio_ = attesa_.orologio().monotono();
     transazione_.emplace(c_);
     return transazione_->inizio();
+  }
+
+  Errore respira() {
+    if (attesa_.orologio().monotono() - inizio_ < tratto_massimo) return {};
+    if (Errore e = finisci()) return e;
+    attesa_.cedi();
+    inizio_ = attesa_.orologio().monotono();
+    return {};
   }
 
   Connection& c_;
   PolledWait& attesa_;
   const QString giorno_;
+  Monotonic inizio_;
   std::optional<Transazione> transazione_;
-  Monotonic inizio_{};
+  std::map<QString, std::set<qlonglong>> coppie_;  ///< the cabinets that each card is queued for
 };
 
 Errore applica(Connection& c, PolledWait& attesa, const QString& giorno) {
   std::vector<Fascia> fasce;
   if (Errore e = leggi_fasce(c, giorno, fasce)) return e;
   const QDateTime adesso = attesa.orologio().adesso();
+  std::erase_if(fasce, [&](const Fascia& f) { return !da_applicare(f, adesso); });
   Applicazione applicazione(c, attesa, giorno);
   for (const Fascia& fascia : fasce) {
-    if (!da_applicare(fascia, adesso)) continue;
-    if (Errore e = applicazione.accoda(fascia)) return e;
-    if (Errore e = applicazione.respira()) return e;
+    if (Errore e = applicazione.cerca(fascia)) return e;
+  }
+  if (Errore e = applicazione.accoda()) return e;
+  for (const Fascia& fascia : fasce) {
+    if (Errore e = applicazione.segna_eseguita(fascia)) return e;
   }
   return applicazione.finisci();
 }

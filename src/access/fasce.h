@@ -15,8 +15,8 @@ class FasceOrarie {
   FasceOrarie(Database& db, PolledWait& attesa, Giorno& giorno);
 
   /// Looks at today's bands. Works in short stretches and runs the loop between them, with nothing held; a
-  /// call that comes meanwhile does nothing. A band counts as handled only together with the last of its
-  /// cards, so what an error or the end of the program cuts short is done again at the next run.
+  /// call that comes meanwhile does nothing. The bands count as handled only once all their cards are queued,
+  /// so what an error or the end of the program cuts short is done again at the next run.
   void applica_fasce_orarie();
 
   std::function<void(const Errore&)> segnala;
