@@ -61,14 +61,17 @@ Traduttore::Traduttore(Database& db) : db_(db), memoria_(std::make_unique<Memori
 
 Traduttore::~Traduttore() = default;
 
+bool Traduttore::pronto() {
+  return db_.lingua_interfaccia != 0 && memoria_->aggiorna(db_.connessione_db);
+}
+
 QString Traduttore::traduci(const QString& testo) {
-  return traduci(testo, false);
+  return pronto() ? traduci(testo, false) : testo;
 }
 
 QString Traduttore::traduci(const QString& testo, bool forse_gia_tradotto) {
-  if (db_.lingua_interfaccia == 0) return testo;
   const QStringView nudo = senza_blank(testo);
-  if (nudo.isEmpty() || !memoria_->aggiorna(db_.connessione_db)) return testo;
+  if (nudo.isEmpty()) return testo;
   const QByteArray cercato = nudo.toUtf8();
   const auto trovato = memoria_->vocabolario.trova(cercato);
   if (!trovato) {
@@ -100,6 +103,7 @@ bool Traduttore::traduci_colonne(Controllo& controllo) {
 }
 
 void Traduttore::traduci_form(Finestra& finestra) {
+  if (!pronto()) return;
   for (Controllo* c : finestra.Controls()) {
     if (traduci_caption<CommandButton>(*c) || traduci_caption<Label>(*c) || traduci_caption<Menu>(*c))
       continue;

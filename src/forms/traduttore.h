@@ -30,6 +30,8 @@ class Traduttore {
 
  private:
   struct Memoria;
+  /// Whether there is something to translate, with the table as it stands now.
+  bool pronto();
   /// A caption may be in the second language already, when its window is translated once more; such a text is
   /// none that the table lacks.
   QString traduci(const QString& testo, bool forse_gia_tradotto);
