@@ -1,5 +1,6 @@
 #pragma once
 
+#include "adapters/fuso_orario.h"
 #include "adapters/qt_clock.h"
 #include "adapters/qt_desktop.h"
 #include "adapters/qt_dialogs.h"
@@ -13,7 +14,7 @@ namespace lokera {
 /// The computer that the program runs on. The application object must exist before it and outlive it.
 class RealMachine {
  public:
-  RealMachine() : ciclo_(orologio_) {}
+  RealMachine() : ciclo_(orologio_) { fissa_fuso_orario(); }
   Machine macchina() { return {orologio_, ciclo_, timer_, socket_, messaggi_, desktop_, programma_}; }
 
  private:

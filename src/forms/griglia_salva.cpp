@@ -43,8 +43,10 @@ void griglia::salva_cella(Recordset& rs, int riga, int colonna, const Campo& cam
   const QString testo = grd_.cella(riga, colonna);
   if (grd_.Columns(colonna).stile == StileCella::spunta)
     return annota(rs.imposta(campo.nome, testo == testo_spuntato));
-  if (e_numero(campo.tipo) && !leggi_numero(testo)) grd_.imposta_cella(riga, colonna, QStringLiteral("0"));
-  annota(rs.imposta(campo.nome, valore(testo, campo.tipo)));
+  if (!e_numero(campo.tipo)) return annota(rs.imposta(campo.nome, valore(testo, campo.tipo)));
+  const auto letto = leggi_numero(testo);
+  if (!letto) grd_.imposta_cella(riga, colonna, QStringLiteral("0"));
+  annota(rs.imposta(campo.nome, numero(letto.value_or(0))));
 }
 
 void griglia::salva_record(Recordset& rs, int riga) {
