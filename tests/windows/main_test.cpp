@@ -30,6 +30,10 @@ struct Vista {
   int lingua;
 };
 
+void PrintTo(const Vista& v, std::ostream* o) {
+  *o << v.schermo.width() << 'x' << v.schermo.height() << " lingua " << v.lingua;
+}
+
 class Aspetto : public testing::TestWithParam<Vista> {};
 
 TEST_P(Aspetto, NothingIsCutOffHiddenOrNameless) {
