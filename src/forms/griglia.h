@@ -72,7 +72,7 @@ class griglia {
   bool riempi(Recordset& rs);
   bool popolamento_fallito(const Errore& errore);
   void annota(const Errore& errore);
-  void salva_cella(Recordset& rs, int riga, int colonna, const Campo& campo);
+  void salva_cella(Recordset& rs, int riga, int colonna, int indice);
   bool salva_riga(Recordset& rs, int riga, const QStringList& valori, const Completa& completa);
   Errore riscrivi(Connection& conn, const TabellaDaLista& tabella);
 

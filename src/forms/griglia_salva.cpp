@@ -39,21 +39,22 @@ void griglia::annota(const Errore& errore) {
   if (!errore_) errore_ = errore;
 }
 
-void griglia::salva_cella(Recordset& rs, int riga, int colonna, const Campo& campo) {
+void griglia::salva_cella(Recordset& rs, int riga, int colonna, int indice) {
   const QString testo = grd_.cella(riga, colonna);
   if (grd_.Columns(colonna).stile == StileCella::spunta)
-    return annota(rs.imposta(campo.nome, testo == testo_spuntato));
-  if (!e_numero(campo.tipo)) return annota(rs.imposta(campo.nome, valore(testo, campo.tipo)));
+    return annota(rs.imposta(indice, testo == testo_spuntato));
+  const TipoCampo tipo = rs.campo(indice).tipo;
+  if (!e_numero(tipo)) return annota(rs.imposta(indice, valore(testo, tipo)));
   const auto letto = leggi_numero(testo);
   if (!letto) grd_.imposta_cella(riga, colonna, QStringLiteral("0"));
-  annota(rs.imposta(campo.nome, numero(letto.value_or(0))));
+  annota(rs.imposta(indice, numero(letto.value_or(0))));
 }
 
 void griglia::salva_record(Recordset& rs, int riga) {
   for (int i = 0; i < grd_.Cols(); ++i) {
     const QString& nome = grd_.Columns(i).campo;
-    const int campo = nome.isEmpty() ? -1 : rs.indice(nome);
-    if (campo >= 0) salva_cella(rs, riga, i, rs.campo(campo));
+    const int indice = nome.isEmpty() ? -1 : rs.indice(nome);
+    if (indice >= 0) salva_cella(rs, riga, i, indice);
   }
   pulisci_valori(rs);
 }

@@ -33,7 +33,7 @@ void pulisci_valori(Recordset& rs) {
     const bool manca = !valore.isValid() || valore.isNull() || (testo && valore.toString().isEmpty());
     if (!manca) continue;
     // What can't be set is left for Update to refuse.
-    (void)rs.imposta(campo.nome, testo ? QVariant(QStringLiteral(" ")) : QVariant(0));
+    (void)rs.imposta(i, testo ? QVariant(QStringLiteral(" ")) : QVariant(0));
   }
 }
 

@@ -91,6 +91,7 @@ class Recordset {
   /// an AddNew the recordset stands on the new row, behind all others.
   Errore AddNew();
   Errore imposta(QStringView nome, const QVariant& valore);
+  Errore imposta(int indice, const QVariant& valore);
   Errore Update();
   void CancelUpdate();
   Errore Delete();

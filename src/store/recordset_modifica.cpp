@@ -40,9 +40,15 @@ Errore Recordset::AddNew() {
 
 Errore Recordset::imposta(QStringView nome, const QVariant& valore) {
   if (!stato_->memoria) return sola_lettura();
-  RigheInMemoria& m = *stato_->memoria;
   const int i = indice(nome);
   if (i < 0) return {SQLITE_RANGE, u"Colonna sconosciuta: "_s + nome.toString()};
+  return imposta(i, valore);
+}
+
+Errore Recordset::imposta(int i, const QVariant& valore) {
+  if (!stato_->memoria) return sola_lettura();
+  RigheInMemoria& m = *stato_->memoria;
+  if (i < 0 || i >= conta_campi()) return {SQLITE_RANGE, u"Colonna sconosciuta: "_s + QString::number(i)};
   if (m.valori() == nullptr) return nessuna_riga();
   QVariant convertito;
   if (Errore e = converti_valore(campo(i), valore, convertito)) return e;
