@@ -126,7 +126,7 @@ class Applicazione {
 
   Errore finisci() {
     if (!transazione_) return {};
-    const Errore e = transazione_->conferma();
+    Errore e = transazione_->conferma();
     transazione_.reset();
     return e;
   }
