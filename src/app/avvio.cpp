@@ -19,7 +19,7 @@ void prepara_aspetto() {
 Avvio::Avvio(const QString& cartella, const QRect& disponibile)
     : cartella_(cartella),
       disponibile_(disponibile),
-      console_(macchina_.macchina(), [this] { return !istanza_->presa(); }) {}
+      console_(macchina_.macchina(), [this] { return !istanza_->presa() && !istanza_->chi().isEmpty(); }) {}
 
 bool Avvio::apri() {
   istanza_ = std::make_unique<IstanzaUnica>(QDir(cartella_).filePath(nome_file_database()));
