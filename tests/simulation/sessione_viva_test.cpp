@@ -9,177 +9,98 @@
 namespace lokera::simulazione {
 namespace {
 
-using prova::FintoCanale;
+/// The words of the scripts: ">" what has to go out next, "<" an answer, "=" bytes as they are.
+const QByteArray frasi = R"(
+    >shown 000900000000000011TESSERA001    >gone 000900000000000010TESSERA001
+    >takes 000910000000000011CHIAVE0004    >brings 000910000000000010CHIAVE0004
+    >taken 000920CHIAVE0004003             >left 000920CHIAVE0004002
+    >brought 000920CHIAVE0004001           >kept 000920CHIAVE0004000
+    <card1 00090001    <card0 00090000     <key1 00091001    <key0 00091000
+    <end0 00092CHIAVE00040                 <end1 00092CHIAVE00041    <end- 00092CHIAVE0004
+    =half 000900       =garbled 0009200000000000FF)";
+
+QByteArray frase(const QByteArray& parola) {
+  if (parola == "=rest") return componi_frame("00090001").mid(6);
+  const QByteArrayList parole = frasi.simplified().split(' ');
+  return parole.value(parole.indexOf(parola) + 1) + (parola == "=garbled" ? "\r" : "");
+}
+
+/// One operation; "." in its script lets so many milliseconds pass, "!" is the loss of the connection.
+struct Copia {
+  QByteArray passi;
+  Fine come;
+  QByteArray chi;      ///< who has the key afterwards
+  QByteArray verbi{};  ///< the ledger's lines, by their first letters; unless empty
+  bool completa = true;
+  int pausa = 0;
+};
 
 class SessioneVivaTest : public testing::Test {
  protected:
-  SessioneVivaTest() {
-    cabinet.appendi(4, chiave);
+  void vivi(const Copia& c) {
+    SCOPED_TRACE(c.passi.data());
+    righe.clear();
+    canale = std::make_shared<prova::FintoCanale>();
     viva.collega(canale);
-    registro.Riga = [this](const QByteArray& riga) { righe << riga; };
+    std::vector<Fine> fini;
+    const char tipo = c.passi.contains(">br") || c.passi.contains(">kept") ? restituzione : prelievo;
+    const Richiesta richiesta{"TESSERA001", "CHIAVE0004", tipo, c.completa, c.pausa, "x"};
+    ASSERT_TRUE(viva.presenta(richiesta, [&](Fine come) { fini.push_back(come); }));
+    EXPECT_FALSE(viva.presenta(richiesta, {}));
+    for (const QByteArray& p : c.passi.split(' ')) passo(p);
+    EXPECT_TRUE(canale->mandati.isEmpty());
+    EXPECT_EQ(fini, std::vector{c.come});
+    EXPECT_EQ(cabinet.chiavi().at("CHIAVE0004").chi, c.chi);
+    QByteArray verbi;
+    for (const QByteArray& r : righe) verbi += r.left(2) + ' ';
+    EXPECT_TRUE(c.verbi.isEmpty() || verbi.trimmed() == c.verbi) << verbi.data();
   }
-  ~SessioneVivaTest() override { viva.scollega(); }
+  void passo(const QByteArray& p) {
+    if (p[0] == '.') return macchina.esegui_per(std::chrono::milliseconds(p.mid(1).toInt()));
+    if (p[0] == '!') return canale->cade();
+    const QByteArray testo = frase(p);
+    if (p[0] == '=') return canale->ricevi(testo);
+    if (p[0] == '<') return canale->ricevi(componi_frame(testo));
+    ASSERT_FALSE(canale->mandati.isEmpty()) << p.data();
+    EXPECT_EQ(canale->mandati.takeFirst(), componi_frame(testo)) << p.data();
+  }
 
-  bool presenta(char tipo, bool completa = true, int pausa_ms = 0) {
-    return viva.presenta({tessera, chiave, tipo, completa, pausa_ms, "x"},
-                         [this](Fine come) { fini.push_back(come); });
-  }
-  void rispondi(const QByteArray& testo) { canale->ricevi(componi_frame(testo)); }
-  /// The payloads that went out since the last call.
-  QByteArrayList usciti() {
-    QByteArrayList testi;
-    for (const QByteArray& f : canale->presi()) {
-      EXPECT_EQ(f, componi_frame(f.chopped(3)));
-      testi << f.chopped(3);
-    }
-    return testi;
-  }
-  void passa(int ms) { macchina.esegui_per(std::chrono::milliseconds(ms)); }
-
-  const QByteArray tessera = "TESSERA001";
-  const QByteArray chiave = "CHIAVE0004";
-  const QByteArray mostrata =
-      "0009000"
-      "0000000001"
-      "1"
-      "TESSERA001";
-  const QByteArray tolta =
-      "0009000"
-      "0000000001"
-      "0"
-      "TESSERA001";
   VirtualMachine macchina;
   Registro registro;
   QByteArrayList righe;
-  std::vector<Fine> fini;
   Cabinet cabinet{{QStringLiteral("127.0.0.2")}, macchina.orologio(), registro};
   SessioneViva viva{cabinet, macchina.orologio(), macchina.primo().timer};
-  std::shared_ptr<FintoCanale> canale = std::make_shared<FintoCanale>();
+  std::shared_ptr<prova::FintoCanale> canale;
 };
 
-TEST_F(SessioneVivaTest, ReportsWithdrawalsAndReturnsDoneOrGivenUp) {
-  const struct {
-    char tipo;
-    bool completa;
-    QByteArray verso;
-    QByteArray esito;
-    QByteArray cifra;
-    Fine fine;
-  } tabella[] = {
-      {prelievo, false, "1", "02", "1", Fine::Rinunciata},
-      {prelievo, true, "1", "03", "0", Fine::Fatta},
-      {restituzione, false, "0", "00", "1", Fine::Rinunciata},
-      {restituzione, true, "0", "01", "0", Fine::Fatta},
+TEST_F(SessioneVivaTest, ReportsWhatIsDoneObeysRefusalsAndStoresWhatTheConsoleMissed) {
+  registro.Riga = [this](const QByteArray& riga) { righe << riga; };
+  cabinet.appendi(4, "CHIAVE0004");
+  const QByteArray T = "TESSERA001";
+  const Copia copie[] = {
+      {">shown <card1 >takes <key1 >left <end1 >gone <card0", Fine::Rinunciata, "", "", false},
+      {">shown <card1 >takes <key1 >taken <end0 >gone <card0", Fine::Fatta, T, "ri ri ev ri ri ri"},
+      {">shown <card1 >brings <key1 >kept <end1 >gone <card0", Fine::Rinunciata, T, "", false},
+      {">shown <card1 >brings <key1 >brought <end0 >gone <card0", Fine::Fatta, ""},
+      {">shown <card0 .500 >gone <card0", Fine::TesseraRifiutata, "", "", true, 500},
+      {">shown <card1 >takes <key0 >gone <card0", Fine::ChiaveRifiutata, ""},
+      // no answer to the request; one that is late or garbled is none
+      {">shown <card1 >takes .3000 >left <key1 =garbled <end- >gone .3000", Fine::Muta, ""},
+      // the report without an answer, without its digit, cut off
+      {">shown <card1 >takes <key1 >taken .3000 >gone <card0", Fine::Fatta, T, "ri ri ev ri mu me ri"},
+      {">shown <card1 >takes <key1 >taken <end- >gone <card0", Fine::Fatta, T, "ri ri ev ri ri me ri"},
+      {">shown <card1 >brings <key1 >brought !", Fine::Fatta, "", "ri ri ev ri mu me"},
+      // cut off before the grant, and while the person's hand is at the key
+      {">shown !", Fine::Caduta, ""},
+      {">shown =half =rest >takes !", Fine::Caduta, ""},
+      {">shown <card1 .1000 >takes <key1 !", Fine::Fatta, T, "ri ri ev", true, 1000},
   };
-  for (const auto& caso : tabella) {
-    fini.clear();
-    ASSERT_TRUE(presenta(caso.tipo, caso.completa));
-    EXPECT_FALSE(presenta(caso.tipo));
-    EXPECT_EQ(usciti(), QByteArrayList{mostrata});
-    rispondi("00090001");
-    EXPECT_EQ(usciti(), QByteArrayList{"0009100"
-                                       "0000000001" +
-                                       caso.verso + chiave});
-    rispondi("00091001");
-    EXPECT_EQ(usciti(), QByteArrayList{"000920" + chiave + "0" + caso.esito});
-    rispondi("00092" + chiave + caso.cifra);
-    EXPECT_EQ(usciti(), QByteArrayList{tolta});
-    rispondi("00090000");
-    EXPECT_EQ(fini, std::vector{caso.fine});
-  }
-  EXPECT_EQ(registro.voci().size(), 2U);
-  EXPECT_TRUE(registro.voci()[0].risposta && registro.voci()[1].risposta);
-  EXPECT_EQ(cabinet.stato().transazioni.numero(), 0);
-}
-
-TEST_F(SessioneVivaTest, ObeysARefusalOfTheCard) {
-  presenta(prelievo, true, 500);
-  rispondi("00090000");
-  passa(500);
-  EXPECT_EQ(usciti(), (QByteArrayList{mostrata, tolta}));
-  rispondi("00090000");
-  EXPECT_EQ(fini, std::vector{Fine::TesseraRifiutata});
-  EXPECT_FALSE(cabinet.chiavi().at(chiave).fuori);
-}
-
-TEST_F(SessioneVivaTest, ObeysARefusalOfTheKey) {
-  presenta(prelievo);
-  rispondi("00090001");
-  rispondi("00091000");
-  EXPECT_EQ(usciti().last(), tolta);
-  rispondi("00090000");
-  EXPECT_EQ(fini, std::vector{Fine::ChiaveRifiutata});
-  EXPECT_TRUE(registro.voci().empty());
-}
-
-TEST_F(SessioneVivaTest, GivesUpAnUnansweredRequestAndClosesAGrantNotHeard) {
-  presenta(prelievo);
-  rispondi("00090001");
-  usciti();
-  passa(3000);
-  EXPECT_EQ(usciti(), QByteArrayList{"000920" + chiave +
-                                     "0"
-                                     "02"});
-  rispondi("00091001");                    // too late
-  canale->ricevi("0009200000000000FF\r");  // garbled
-  EXPECT_TRUE(usciti().isEmpty());
-  rispondi("00092" + chiave);
-  EXPECT_EQ(usciti(), QByteArrayList{tolta});
-  passa(3000);
-  EXPECT_EQ(fini, std::vector{Fine::Muta});
-  EXPECT_TRUE(righe[1].contains("00091") && righe[1].endsWith("muto\t3000000\tx")) << righe[1].data();
-}
-
-TEST_F(SessioneVivaTest, StoresAMovementThatTheConsoleDidNotTake) {
-  const struct {
-    const char* nome;
-    std::function<void()> risposta;
-    QByteArray riga;
-  } tabella[] = {
-      {"no answer", [this] { passa(3000); }, "muto\t"},
-      {"no digit", [this] { rispondi("00092" + chiave); }, "risposto\t"},
-      {"connection lost", [this] { canale->cade(); }, "muto\t"},
-  };
-  int memorizzati = 0;
-  for (const auto& caso : tabella) {
-    righe.clear();
-    presenta(prelievo);
-    rispondi("00090001");
-    rispondi("00091001");
-    caso.risposta();
-    EXPECT_EQ(cabinet.stato().transazioni.numero(), ++memorizzati) << caso.nome;
-    EXPECT_TRUE(righe[4].startsWith(caso.riga)) << righe[4].data();
-    EXPECT_TRUE(righe[5].startsWith("memorizzato\t")) << righe[5].data();
-    if (viva.viva()) rispondi("00090000");
-  }
-  EXPECT_EQ(fini, (std::vector{Fine::Fatta, Fine::Fatta, Fine::Fatta}));
-  EXPECT_FALSE(viva.viva());
-  EXPECT_FALSE(presenta(prelievo));
-}
-
-TEST_F(SessioneVivaTest, AKeyGrantedIsTakenEvenWhenTheConnectionGoes) {
-  presenta(prelievo, true, 1000);
-  rispondi("00090001");
-  passa(1000);
-  rispondi("00091001");
-  canale->cade();
-  EXPECT_EQ(fini, std::vector{Fine::Fatta});
-  EXPECT_TRUE(cabinet.chiavi().at(chiave).fuori);
-  ASSERT_EQ(registro.voci().size(), 1U);
-  EXPECT_EQ(registro.voci()[0].come, Come::Memoria);
-  EXPECT_EQ(cabinet.stato().transazioni.numero(), 1);
-}
-
-TEST_F(SessioneVivaTest, AConnectionLostBeforeAGrantEndsTheOperation) {
-  presenta(prelievo);
-  canale->cade();
-  EXPECT_EQ(fini, std::vector{Fine::Caduta});
-  canale = std::make_shared<FintoCanale>();
-  viva.collega(canale);
-  EXPECT_TRUE(presenta(prelievo));
-  canale->ricevi("000900");
-  canale->ricevi(componi_frame("00090001").mid(6));  // in two pieces
-  EXPECT_EQ(usciti().size(), 2);
+  for (const Copia& c : copie) vivi(c);
+  ASSERT_EQ(registro.voci().size(), 6U);
+  for (const VoceRegistro& v : registro.voci()) EXPECT_EQ(v.risposta, v.n <= 2) << v.n;
+  EXPECT_EQ(registro.voci().back().come, Come::Memoria);
+  EXPECT_EQ(cabinet.stato().transazioni.numero(), 4);
+  EXPECT_FALSE(viva.viva() || viva.presenta({}, {}));
 }
 
 }  // namespace

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "simulation/finta_rete.h"
 #include "simulation/richieste.h"
 #include "simulation/virtual_machine.h"
 
@@ -43,32 +42,6 @@ TEST(SitoTest, NamesTheLineThatIsWrong) {
     std::vector<RigaRichiesta> righe;
     EXPECT_TRUE(leggi_richieste(riga, righe).startsWith(u"line 1: ")) << riga;
   }
-}
-
-TEST(CopioneTest, PlaysItsLinesInOrderOnceTheConsoleIsThere) {
-  VirtualMachine macchina;
-  prova::FintaRete rete;
-  Registro registro;
-  QByteArrayList etichette;
-  registro.Riga = [&](const QByteArray& riga) { etichette << riga.split('\t').last(); };
-  Cabinet cabinet({u"127.0.0.2"_s}, macchina.orologio(), registro);
-  cabinet.imposta_gestito(true);
-  CabinetServer server(cabinet, rete, macchina.orologio(), macchina.primo().timer);
-  server.apri();
-  std::vector<RigaRichiesta> righe;
-  ASSERT_EQ(leggi_richieste("500\t1\tTESSERA001\tCHIAVE0001\tP\tcompleta\tdopo\n"
-                            "100\t1\tTESSERA002\t-\tP\tcompleta\n",
-                            righe),
-            QString());
-  Copione copione(server, macchina.orologio(), macchina.primo().timer, righe);
-  copione.inizia();
-  macchina.esegui_per(std::chrono::seconds(2));
-  EXPECT_FALSE(copione.finito());
-  const auto console = rete.chiama(u"127.0.0.2"_s, porta_viva);
-  macchina.esegui_per(std::chrono::seconds(20));  // no answer at all
-  EXPECT_TRUE(copione.finito());
-  EXPECT_EQ(etichette, (QByteArrayList{"2", "2", "2", "dopo", "dopo", "dopo"}));
-  EXPECT_EQ(console->presi().first().mid(17, 11), "1TESSERA002");
 }
 
 }  // namespace
