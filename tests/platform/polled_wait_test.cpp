@@ -14,20 +14,18 @@ double secondi(Monotonic durata) {
   return std::chrono::duration<double>(durata).count();
 }
 
-struct Caso {
-  QTime inizio;
-  int limite;
-  Monotonic atteso;
-};
-
 TEST(PolledWait, ends_with_the_tick_of_the_second_after_its_limit) {
-  const Caso casi[] = {
+  const struct {
+    QTime inizio;
+    int limite;
+    Monotonic atteso;
+  } casi[] = {
       {QTime(8, 0, 0, 0), 2, 3000ms},      {QTime(8, 0, 0, 1), 2, 2999ms},  {QTime(8, 0, 0, 500), 2, 2500ms},
       {QTime(8, 0, 0, 999), 2, 2001ms},    {QTime(8, 0, 0, 250), 0, 750ms}, {QTime(8, 0, 0, 999), 0, 1ms},
       {QTime(23, 59, 59, 900), 5, 5100ms},  // over midnight
       {QTime(23, 59, 58, 0), 10, 11000ms},
   };
-  for (const Caso& caso : casi) {
+  for (const auto& caso : casi) {
     VirtualMachine pc(1, QDateTime(QDate(2008, 11, 30), caso.inizio));
     PolledWait attesa(pc.orologio(), pc.ciclo());
     EXPECT_FALSE(attesa.attendi(caso.limite, [] { return false; }));
