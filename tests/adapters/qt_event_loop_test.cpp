@@ -11,10 +11,8 @@ namespace {
 
 using namespace std::chrono_literals;
 
-struct Tempo {
-  RealMachine computer;
-  Machine pc = computer.macchina();
-  PolledWait attesa{pc.orologio, pc.ciclo};
+struct Tempo : BancoReale {
+  Tempo() : BancoReale({}) {}
   Monotonic inizio = pc.orologio.monotono();
   Monotonic passato() const { return pc.orologio.monotono() - inizio; }
 };
