@@ -42,9 +42,8 @@ Opzioni leggi(const QCoreApplication& applicazione) {
        {u"scarica"_s, u"Every so many seconds, move on to the next cabinet as the menu does; 0: never."_s,
         u"N"_s, u"0"_s}});
   p.process(applicazione);
-  const Opzioni o{p.value(u"cartella"_s),        p.value(u"schermate"_s),
-                  p.value(u"secondi"_s).toInt(), p.value(u"ogni"_s).toInt(),
-                  p.value(u"scarica"_s).toInt(), leggi_schermo(p.value(u"schermo"_s))};
+  Opzioni o{p.value(u"cartella"_s),     p.value(u"schermate"_s),       p.value(u"secondi"_s).toInt(),
+            p.value(u"ogni"_s).toInt(), p.value(u"scarica"_s).toInt(), leggi_schermo(p.value(u"schermo"_s))};
   if (o.secondi <= 0 || o.ogni <= 0) {
     std::fputs("secondi and ogni must be positive numbers\n", stderr);
     std::exit(2);
