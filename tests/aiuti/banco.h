@@ -3,12 +3,11 @@
 #include <QFile>
 #include <QTemporaryDir>
 
-#include <gtest/gtest.h>
 #include <memory>
 #include <utility>
 
+#include "aiuti/righe.h"
 #include "simulation/virtual_machine.h"
-#include "store/recordset.h"
 #include "store/schema_base.h"
 #include "supervisor/console.h"
 
@@ -42,8 +41,7 @@ class Banco {
   frm_Main& main() { return console->principale(); }
 
   void sql(const QString& statement, const QVariantList& valori = {}) {
-    const Errore e = db().connessione_db.Execute(statement, valori);
-    EXPECT_FALSE(e) << statement.toStdString() << ": " << e.descrizione.toStdString();
+    esegui(db().connessione_db, statement, valori);
   }
 
   /// First column of the first row; invalid for no row.

@@ -2,8 +2,7 @@
 
 #include <QTemporaryDir>
 
-#include <gtest/gtest.h>
-
+#include "aiuti/righe.h"
 #include "forms/ambiente.h"
 #include "simulation/virtual_machine.h"
 #include "store/schema_base.h"
@@ -17,22 +16,15 @@ class BancoFinestre : public ::testing::Test {
     EXPECT_FALSE(crea_database(cartella.filePath(nome_file_database())));
     EXPECT_FALSE(apri_database(db, cartella.path()));
   }
-  void sql(const QString& statement, const QVariantList& valori = {}) {
-    const Errore e = db.connessione_db.Execute(statement, valori);
-    EXPECT_FALSE(e) << statement.toStdString() << ": " << e.descrizione.toStdString();
+  /// An empty file of the given name instead.
+  explicit BancoFinestre(const QString& nome) {
+    EXPECT_FALSE(db.connessione_db.crea(cartella.filePath(nome), QStringLiteral("prova")));
   }
-  /// All rows of a query, cells joined by "|", Null as "-".
+  void sql(const QString& statement, const QVariantList& valori = {}) {
+    esegui(db.connessione_db, statement, valori);
+  }
   QStringList righe(const QString& statement, const QVariantList& valori = {}) {
-    QStringList tutte;
-    Recordset rs;
-    EXPECT_FALSE(rs.Open(statement, db.connessione_db, valori)) << statement.toStdString();
-    for (; !rs.eof(); (void)rs.MoveNext()) {
-      QStringList celle;
-      for (int i = 0; i < rs.conta_campi(); ++i)
-        celle += rs.nullo(i) ? QStringLiteral("-") : QString::fromUtf8(rs.testo_grezzo(i));
-      tutte += celle.join(u'|');
-    }
-    return tutte;
+    return prova::righe(db.connessione_db, statement, valori);
   }
 
   QTemporaryDir cartella;
@@ -73,7 +65,3 @@ inline QStringList testi_difficili() {
 }
 
 }  // namespace lokera::prova
-
-inline void PrintTo(const QString& testo, std::ostream* os) {
-  *os << '"' << testo.toStdString() << '"';
-}

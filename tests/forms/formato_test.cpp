@@ -7,6 +7,8 @@
 namespace lokera {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 TEST(Formato, StoredValuesAsAUserReadsThem) {
   struct Caso {
     TipoCampo tipo;
@@ -47,46 +49,45 @@ TEST(Formato, StoredValuesAsAUserReadsThem) {
 }
 
 TEST(Formato, ValuesReadTheSameAsStoredTexts) {
-  EXPECT_EQ(formatta(QDateTime(QDate(2008, 11, 30), QTime(15, 45, 1))),
-            QStringLiteral("30/11/2008 15.45.01"));
-  EXPECT_EQ(formatta(ora(QTime(8, 5))), QStringLiteral("08.05"));
-  EXPECT_EQ(formatta(2.5), QStringLiteral("2,5"));
-  EXPECT_EQ(formatta(QVariant(qlonglong(12)), u"0000"), QStringLiteral("0012"));
+  EXPECT_EQ(formatta(QDateTime(QDate(2008, 11, 30), QTime(15, 45, 1))), u"30/11/2008 15.45.01"_s);
+  EXPECT_EQ(formatta(ora(QTime(8, 5))), u"08.05"_s);
+  EXPECT_EQ(formatta(2.5), u"2,5"_s);
+  EXPECT_EQ(formatta(QVariant(qlonglong(12)), u"0000"), u"0012"_s);
   EXPECT_EQ(formatta(QVariant()), QString());
 }
 
 TEST(Formato, DatesAndTimesAsUsersWriteThem) {
   const auto giorno = [](int g, int m, int a, QTime t = QTime(0, 0)) { return QDateTime(QDate(a, m, g), t); };
   const std::pair<QString, QDateTime> casi[] = {
-      {QStringLiteral("8"), ora(QTime(8, 0))},
-      {QStringLiteral("8.30"), ora(QTime(8, 30))},
-      {QStringLiteral(" 08:30 "), ora(QTime(8, 30))},
-      {QStringLiteral("8.30.15"), ora(QTime(8, 30, 15))},
-      {QStringLiteral("30/11/2008"), giorno(30, 11, 2008)},
-      {QStringLiteral("1/2/08"), giorno(1, 2, 2008)},
-      {QStringLiteral("01-02-2008 8.05"), giorno(1, 2, 2008, QTime(8, 5))},
-      {QStringLiteral("24"), {}},
-      {QStringLiteral("8.60"), {}},
-      {QStringLiteral("30/2/2008"), {}},
-      {QStringLiteral("otto"), {}},
-      {QStringLiteral(""), {}},
+      {u"8"_s, ora(QTime(8, 0))},
+      {u"8.30"_s, ora(QTime(8, 30))},
+      {u" 08:30 "_s, ora(QTime(8, 30))},
+      {u"8.30.15"_s, ora(QTime(8, 30, 15))},
+      {u"30/11/2008"_s, giorno(30, 11, 2008)},
+      {u"1/2/08"_s, giorno(1, 2, 2008)},
+      {u"01-02-2008 8.05"_s, giorno(1, 2, 2008, QTime(8, 5))},
+      {u"24"_s, {}},
+      {u"8.60"_s, {}},
+      {u"30/2/2008"_s, {}},
+      {u"otto"_s, {}},
+      {u""_s, {}},
   };
   for (const auto& [testo, attesa] : casi)
     EXPECT_EQ(leggi_data_digitata(testo), attesa) << testo.toStdString();
 }
 
 TEST(Formato, NumbersAsUsersWriteThem) {
-  const std::pair<QString, std::optional<double>> casi[] = {{QStringLiteral("12"), 12},
-                                                            {QStringLiteral("-3,5"), -3.5},
-                                                            {QStringLiteral("3.5"), 3.5},
-                                                            {QStringLiteral("1.250"), 1250},
-                                                            {QStringLiteral("1.250,5"), 1250.5},
-                                                            {QStringLiteral(" 7 "), 7},
-                                                            {QStringLiteral(",5"), 0.5},
-                                                            {QStringLiteral("12a"), {}},
-                                                            {QStringLiteral(""), {}},
-                                                            {QStringLiteral("1.25.000"), {}},
-                                                            {QStringLiteral("99999999999"), 99999999999.0}};
+  const std::pair<QString, std::optional<double>> casi[] = {{u"12"_s, 12},
+                                                            {u"-3,5"_s, -3.5},
+                                                            {u"3.5"_s, 3.5},
+                                                            {u"1.250"_s, 1250},
+                                                            {u"1.250,5"_s, 1250.5},
+                                                            {u" 7 "_s, 7},
+                                                            {u",5"_s, 0.5},
+                                                            {u"12a"_s, {}},
+                                                            {u""_s, {}},
+                                                            {u"1.25.000"_s, {}},
+                                                            {u"99999999999"_s, 99999999999.0}};
   for (const auto& [testo, atteso] : casi) EXPECT_EQ(leggi_numero(testo), atteso) << testo.toStdString();
 }
 

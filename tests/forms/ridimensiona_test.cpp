@@ -5,6 +5,8 @@
 namespace lokera {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 using Classe = ClasseControllo;
 
 constexpr double larghezza = 9600;
@@ -58,7 +60,7 @@ TEST(Ridimensiona, EachClassChangesItsOwnMeasures) {
 }
 
 TEST(Ridimensiona, NoresizeKeepsTheSizeAndInsideSuchAContainerThePlaceToo) {
-  const QString no = QStringLiteral(" NoResize ");
+  const QString no = u" NoResize "_s;
   const Geometria fermo = stirato({Classe::altro, false, no, no, 100, 200, 300, 400});
   EXPECT_DOUBLE_EQ(fermo.left, 100);
   EXPECT_DOUBLE_EQ(fermo.width, 300);

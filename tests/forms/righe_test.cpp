@@ -28,14 +28,8 @@ TEST(Righe, CellsAreReplacedInsideTheirRowWhateverTheirLength) {
     righe.imposta_cella(1, c.colonna, c.testo);
     EXPECT_EQ(tutte(righe), "prima/" + c.attesa + "/dopo");
     EXPECT_EQ(righe.cella(1, c.colonna), QByteArray(c.testo).replace('\t', ' '));
+    EXPECT_EQ(righe.cella(1, 9), "");
   }
-}
-
-TEST(Righe, CellsBeyondTheEndAreEmpty) {
-  Righe righe;
-  righe.aggiungi("");
-  EXPECT_EQ(righe.cella(0, 0), "");
-  EXPECT_EQ(righe.cella(0, 3), "");
 }
 
 TEST(Righe, AListThatIsWrittenToAllDayDoesNotGrow) {

@@ -5,28 +5,29 @@
 namespace lokera {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 /// A list of three columns, the second hidden, that writes down what happens to it.
 struct Lista : VistaGriglia {
   Lista() {
     std::vector<Colonna> colonne(3);
-    colonne[0].campo = QStringLiteral("codice");
+    colonne[0].campo = u"codice"_s;
     colonne[1].Visible = false;
     colonne[2].caratteri = 5;
     grd.imposta_colonne(colonne);
     grd.AllowUpdate = grd.AllowAddNew = grd.AllowDelete = true;
     grd.vista(this);
-    grd.RowColChange = [this] { eventi += QStringLiteral("mosso %1").arg(grd.Row()); };
-    grd.Change = [this](int r, int c) { eventi += QStringLiteral("cambiata %1,%2").arg(r).arg(c); };
-    grd.AfterUpdate = [this](int r) { eventi += QStringLiteral("lasciata %1").arg(r); };
+    grd.RowColChange = [this] { eventi += u"mosso %1"_s.arg(grd.Row()); };
+    grd.Change = [this](int r, int c) { eventi += u"cambiata %1,%2"_s.arg(r).arg(c); };
+    grd.AfterUpdate = [this](int r) { eventi += u"lasciata %1"_s.arg(r); };
     grd.BeforeDelete = [this](int r) {
-      eventi += QStringLiteral("elimina? %1").arg(r);
+      eventi += u"elimina? %1"_s.arg(r);
       return cancellabile;
     };
-    grd.AfterDelete = [this](int r) { eventi += QStringLiteral("eliminata %1").arg(r); };
+    grd.AfterDelete = [this](int r) { eventi += u"eliminata %1"_s.arg(r); };
   }
   void riempi(int righe) {
-    for (int i = 0; i < righe; ++i)
-      grd.AddItem(QStringList{QString::number(i), QString(), QStringLiteral("testo")});
+    for (int i = 0; i < righe; ++i) grd.AddItem(QStringList{QString::number(i), QString(), u"testo"_s});
   }
   Cella corrente() const { return {grd.Row(), grd.Col()}; }
 
@@ -40,8 +41,8 @@ struct Lista : VistaGriglia {
   }
 
   ElencoFinestre elenco;
-  Finestra finestra{elenco, QStringLiteral("frm_prova")};
-  SSOleDBGrid grd{finestra, QStringLiteral("grd")};
+  Finestra finestra{elenco, u"frm_prova"_s};
+  SSOleDBGrid grd{finestra, u"grd"_s};
   QStringList eventi;
   bool cancellabile = true;
   std::function<void()> in_cella;  ///< the edit that a cell's editor still holds
@@ -51,22 +52,22 @@ TEST(SSOleDBGrid, AnEditIsToldOnceWhenItsRowIsLeft) {
   Lista l;
   l.riempi(3);
   l.grd.Row(0);
-  l.grd.utente_modifica(0, 2, QStringLiteral("uno"));
-  l.grd.utente_modifica(0, 0, QStringLiteral("9"));
-  l.grd.utente_modifica(0, 0, QStringLiteral("9"));
+  l.grd.utente_modifica(0, 2, u"uno"_s);
+  l.grd.utente_modifica(0, 0, u"9"_s);
+  l.grd.utente_modifica(0, 0, u"9"_s);
   l.grd.utente_sceglie(2, 2);
   l.grd.Update();
-  EXPECT_EQ(l.eventi.join(u'/'), QStringLiteral("mosso 0/cambiata 0,2/cambiata 0,0/lasciata 0/mosso 2"));
+  EXPECT_EQ(l.eventi.join(u'/'), u"mosso 0/cambiata 0,2/cambiata 0,0/lasciata 0/mosso 2"_s);
 }
 
 TEST(SSOleDBGrid, AnEditStillInItsCellSurvivesTheMove) {
   Lista l;
   l.riempi(2);
   l.grd.Row(0);
-  l.in_cella = [&] { l.grd.utente_modifica(0, 2, QStringLiteral("lungo testo")); };
+  l.in_cella = [&] { l.grd.utente_modifica(0, 2, u"lungo testo"_s); };
   l.grd.Row(1);
-  EXPECT_EQ(l.grd.cella(0, 2), QStringLiteral("lungo"));
-  EXPECT_EQ(l.eventi.join(u'/'), QStringLiteral("mosso 0/cambiata 0,2/lasciata 0/mosso 1"));
+  EXPECT_EQ(l.grd.cella(0, 2), u"lungo"_s);
+  EXPECT_EQ(l.eventi.join(u'/'), u"mosso 0/cambiata 0,2/lasciata 0/mosso 1"_s);
 }
 
 TEST(SSOleDBGrid, OnlyOpenCellsTakeAnEdit) {
@@ -75,11 +76,11 @@ TEST(SSOleDBGrid, OnlyOpenCellsTakeAnEdit) {
   Colonna bloccata = l.grd.Columns(0);
   bloccata.bloccata = true;
   l.grd.imposta_colonna(0, bloccata);
-  EXPECT_FALSE(l.grd.utente_modifica(0, 0, QStringLiteral("x")));
-  EXPECT_FALSE(l.grd.utente_modifica(1, 2, QStringLiteral("x")));
+  EXPECT_FALSE(l.grd.utente_modifica(0, 0, u"x"_s));
+  EXPECT_FALSE(l.grd.utente_modifica(1, 2, u"x"_s));
   l.grd.AllowUpdate = false;
-  EXPECT_FALSE(l.grd.utente_modifica(0, 2, QStringLiteral("x")));
-  EXPECT_EQ(l.grd.cella(0, u"CODICE"), QStringLiteral("0"));
+  EXPECT_FALSE(l.grd.utente_modifica(0, 2, u"x"_s));
+  EXPECT_EQ(l.grd.cella(0, u"CODICE"), u"0"_s);
 }
 
 TEST(SSOleDBGrid, ReturnWalksTheCellsAndOpensOneRowAtTheEnd) {
@@ -112,12 +113,12 @@ TEST(SSOleDBGrid, ANewRowStaysOnlyOnceItIsEdited) {
   EXPECT_EQ(l.grd.utente_aggiunge_riga(), 1);
   l.grd.Update();
   EXPECT_EQ(l.grd.Rows(), 1);
-  l.in_cella = [&] { l.grd.utente_modifica(1, 0, QStringLiteral("7")); };
+  l.in_cella = [&] { l.grd.utente_modifica(1, 0, u"7"_s); };
   EXPECT_EQ(l.grd.utente_aggiunge_riga(), 1) << "an edit of no row is dropped";
-  l.in_cella = [&] { l.grd.utente_modifica(1, 0, QStringLiteral("7")); };
+  l.in_cella = [&] { l.grd.utente_modifica(1, 0, u"7"_s); };
   l.grd.Update();
   EXPECT_EQ(l.grd.Rows(), 2);
-  EXPECT_EQ(l.grd.cella(1, 0), QStringLiteral("7"));
+  EXPECT_EQ(l.grd.cella(1, 0), u"7"_s);
   l.grd.AllowAddNew = false;
   EXPECT_EQ(l.grd.utente_aggiunge_riga(), -1);
 }
@@ -126,15 +127,15 @@ TEST(SSOleDBGrid, ADeletionAsksFirstAndDropsThePendingEdit) {
   Lista l;
   l.riempi(3);
   l.grd.Row(1);
-  l.grd.utente_modifica(1, 0, QStringLiteral("9"));
+  l.grd.utente_modifica(1, 0, u"9"_s);
   l.eventi.clear();
   l.cancellabile = false;
   EXPECT_FALSE(l.grd.utente_elimina(1));
   l.cancellabile = true;
   EXPECT_TRUE(l.grd.utente_elimina(1));
   l.grd.Row(0);
-  EXPECT_EQ(l.eventi.join(u'/'), QStringLiteral("elimina? 1/elimina? 1/eliminata 1/mosso 0"));
-  EXPECT_EQ(l.grd.cella(1, 0), QStringLiteral("2"));
+  EXPECT_EQ(l.eventi.join(u'/'), u"elimina? 1/elimina? 1/eliminata 1/mosso 0"_s);
+  EXPECT_EQ(l.grd.cella(1, 0), u"2"_s);
 }
 
 TEST(SSOleDBGrid, ARowOfAListThatWasFilledAnewMeanwhileIsNotDeleted) {
@@ -164,8 +165,8 @@ TEST(SSOleDBGrid, RemovedRowsTakeTheirMarksAlong) {
 TEST(SSOleDBGrid, AChosenEntryGoesIntoTheCellBeforeItIsTold) {
   Lista l;
   l.riempi(1);
-  SSOleDBDropDown drp(l.finestra, QStringLiteral("drpGiorni"));
-  drp.AddItem({QStringLiteral("1"), QStringLiteral("Uffici")});
+  SSOleDBDropDown drp(l.finestra, u"drpGiorni"_s);
+  drp.AddItem({u"1"_s, u"Uffici"_s});
   QString visto;
   drp.CloseUp = [&](int voce) { visto = l.grd.cella(0, 0) + drp.voci()[static_cast<size_t>(voce)].value(1); };
   Colonna c = l.grd.Columns(0);
@@ -173,7 +174,7 @@ TEST(SSOleDBGrid, AChosenEntryGoesIntoTheCellBeforeItIsTold) {
   l.grd.imposta_colonna(0, c);
   EXPECT_TRUE(l.grd.utente_sceglie_voce(0, 0, 0));
   EXPECT_FALSE(l.grd.utente_sceglie_voce(0, 0, 1));
-  EXPECT_EQ(visto, QStringLiteral("1Uffici"));
+  EXPECT_EQ(visto, u"1Uffici"_s);
 }
 
 }  // namespace

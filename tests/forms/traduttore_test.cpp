@@ -10,67 +10,59 @@ namespace {
 class Traduzioni : public Archivio {
  protected:
   Traduzioni() {
-    esegui(
-        QStringLiteral("create table traduzioni (italiano text(50), inglese text(50), tedesco text(50), "
-                       "primary key (italiano))"));
+    sql(u"create table traduzioni (italiano text(50), inglese text(50), tedesco text(50), "
+        "primary key (italiano))"_s);
     db.lingua_interfaccia = 1;
   }
   void voce(const QString& italiano, const QString& inglese) {
-    esegui(QStringLiteral("insert into traduzioni values (?, ?, null)"), {italiano, inglese});
+    sql(u"insert into traduzioni values (?, ?, null)"_s, {italiano, inglese});
   }
-  QStringList testi() { return righe(QStringLiteral("select italiano, inglese, tedesco from traduzioni")); }
+  QStringList testi() { return righe(u"select italiano, inglese, tedesco from traduzioni"_s); }
 };
 
 TEST_F(Traduzioni, TextsAreFoundWithoutRegardToCaseAndKeepTheirBlanks) {
-  voce(QStringLiteral("Chiave"), QStringLiteral("Key"));
-  voce(QStringLiteral("Lunedì"), QStringLiteral("Monday"));
-  voce(QStringLiteral("l'armadio"), QStringLiteral("the cabinet"));
-  voce(QStringLiteral("vuota"), QStringLiteral("   "));
+  voce(u"Chiave"_s, u"Key"_s);
+  voce(u"Lunedì"_s, u"Monday"_s);
+  voce(u"l'armadio"_s, u"the cabinet"_s);
+  voce(u"vuota"_s, u"   "_s);
   const std::pair<QString, QString> casi[] = {
-      {QStringLiteral("Chiave"), QStringLiteral("Key")},
-      {QStringLiteral("   chiave "), QStringLiteral("   Key ")},
-      {QStringLiteral("LUNEDÌ"), QStringLiteral("Monday")},
-      {QStringLiteral("L'armadio"), QStringLiteral("the cabinet")},
-      {QStringLiteral("Vuota"), QStringLiteral("Vuota")},
-      {QStringLiteral("  "), QStringLiteral("  ")},
+      {u"Chiave"_s, u"Key"_s},    {u"   chiave "_s, u"   Key "_s},
+      {u"LUNEDÌ"_s, u"Monday"_s}, {u"L'armadio"_s, u"the cabinet"_s},
+      {u"Vuota"_s, u"Vuota"_s},   {u"  "_s, u"  "_s},
       {QString(), QString()},
   };
   for (const auto& [testo, atteso] : casi) EXPECT_EQ(traduttore.traduci(testo), atteso);
   EXPECT_EQ(testi().size(), 4);
 }
 
-TEST_F(Traduzioni, InItalianTheTableIsLeftAlone) {
-  db.lingua_interfaccia = 0;
-  EXPECT_EQ(traduttore.traduci(QStringLiteral("Mai vista")), QStringLiteral("Mai vista"));
-  EXPECT_TRUE(testi().isEmpty());
-}
-
 TEST_F(Traduzioni, AMissingTextIsAddedOnceAndStaysItalian) {
-  for (int i = 0; i < 3; ++i)
-    EXPECT_EQ(traduttore.traduci(QStringLiteral("  dell'acqua ")), QStringLiteral("  dell'acqua "));
-  EXPECT_EQ(testi(), QStringList(QStringLiteral("dell'acqua| |-")));
+  for (const int lingua : {0, 1, 1}) {
+    db.lingua_interfaccia = static_cast<qint16>(lingua);
+    EXPECT_EQ(traduttore.traduci(u"  dell'acqua "_s), u"  dell'acqua "_s);
+    EXPECT_EQ(testi().size(), lingua) << "in Italian the table is left alone";
+  }
+  EXPECT_EQ(testi(), QStringList(u"dell'acqua| |-"_s));
 }
 
 TEST_F(Traduzioni, WildcardsOfTheTextMatchAndTheFirstRowWins) {
-  voce(QStringLiteral("Porta 1 aperta"), QStringLiteral("Door 1 open"));
-  voce(QStringLiteral("Porta 2 aperta"), QStringLiteral("Door 2 open"));
-  voce(QStringLiteral("100%"), QStringLiteral("all"));
-  EXPECT_EQ(traduttore.traduci(QStringLiteral("porta _ aperta")), QStringLiteral("Door 1 open"));
-  EXPECT_EQ(traduttore.traduci(QStringLiteral("%2 aperta")), QStringLiteral("Door 2 open"));
-  EXPECT_EQ(traduttore.traduci(QStringLiteral("100%")), QStringLiteral("all"));
-  EXPECT_EQ(traduttore.traduci(QStringLiteral("100 chiavi")), QStringLiteral("100 chiavi"))
-      << "not in the table's text";
+  voce(u"Porta 1 aperta"_s, u"Door 1 open"_s);
+  voce(u"Porta 2 aperta"_s, u"Door 2 open"_s);
+  voce(u"100%"_s, u"all"_s);
+  EXPECT_EQ(traduttore.traduci(u"porta _ aperta"_s), u"Door 1 open"_s);
+  EXPECT_EQ(traduttore.traduci(u"%2 aperta"_s), u"Door 2 open"_s);
+  EXPECT_EQ(traduttore.traduci(u"100%"_s), u"all"_s);
+  EXPECT_EQ(traduttore.traduci(u"100 chiavi"_s), u"100 chiavi"_s) << "not in the table's text";
 }
 
 TEST_F(Traduzioni, AChangeOfTheTableIsSeenAlsoFromAnotherConsole) {
-  const QString chiave = QStringLiteral("Chiave");
+  const QString chiave = u"Chiave"_s;
   EXPECT_EQ(traduttore.traduci(chiave), chiave);
-  esegui(QStringLiteral("update traduzioni set inglese = 'Key'"));
-  EXPECT_EQ(traduttore.traduci(chiave), QStringLiteral("Key"));
+  sql(u"update traduzioni set inglese = 'Key'"_s);
+  EXPECT_EQ(traduttore.traduci(chiave), u"Key"_s);
   Connection altra;
-  ASSERT_FALSE(altra.Open(file, QStringLiteral("prova")));
-  ASSERT_FALSE(altra.Execute(QStringLiteral("update traduzioni set inglese = 'Tag'")));
-  EXPECT_EQ(traduttore.traduci(chiave), QStringLiteral("Tag"));
+  ASSERT_FALSE(altra.Open(file, u"prova"_s));
+  ASSERT_FALSE(altra.Execute(u"update traduzioni set inglese = 'Tag'"_s));
+  EXPECT_EQ(traduttore.traduci(chiave), u"Tag"_s);
 }
 
 TEST_F(Traduzioni, ATextThatTheTableCannotHoldStaysItalian) {
@@ -78,12 +70,12 @@ TEST_F(Traduzioni, ATextThatTheTableCannotHoldStaysItalian) {
   EXPECT_EQ(traduttore.traduci(lungo), lungo);
   EXPECT_EQ(traduttore.traduci(lungo), lungo);
   EXPECT_TRUE(testi().isEmpty());
-  esegui(QStringLiteral("drop table traduzioni"));
-  EXPECT_EQ(traduttore.traduci(QStringLiteral("Chiave")), QStringLiteral("Chiave"));
+  sql(u"drop table traduzioni"_s);
+  EXPECT_EQ(traduttore.traduci(u"Chiave"_s), u"Chiave"_s);
 }
 
 TEST_F(Traduzioni, AnAddedTextGoesWithTheTransactionAndComesBackLater) {
-  const QString chiave = QStringLiteral("Chiave");
+  const QString chiave = u"Chiave"_s;
   {
     const Transazione persa(conn);
     EXPECT_EQ(traduttore.traduci(chiave), chiave);
@@ -94,39 +86,39 @@ TEST_F(Traduzioni, AnAddedTextGoesWithTheTransactionAndComesBackLater) {
 }
 
 TEST_F(Traduzioni, AWindowHasItsCaptionsTranslatedOnce) {
-  Finestra f(elenco, QStringLiteral("frm_prova"));
-  Label etichetta(f, QStringLiteral("Label1"), QStringLiteral("Nome"));
-  Label vuota(f, QStringLiteral("Label2"), QStringLiteral(" "));
-  CommandButton tasto(f, QStringLiteral("Command1"), QStringLiteral("Esci"));
-  Menu menu(f, QStringLiteral("mnuChiavi"), QStringLiteral("   Chiavi"));
-  CheckBox spunta(f, QStringLiteral("Check1"));
-  spunta.Caption = QStringLiteral("Nome");
-  SSOleDBGrid grd(f, QStringLiteral("grd"));
-  grd.Caption = QStringLiteral("Chiavi");
-  SSOleDBCombo combo(f, QStringLiteral("combo"));
+  Finestra f(elenco, u"frm_prova"_s);
+  Label etichetta(f, u"Label1"_s, u"Nome"_s);
+  Label vuota(f, u"Label2"_s, u" "_s);
+  CommandButton tasto(f, u"Command1"_s, u"Esci"_s);
+  Menu menu(f, u"mnuChiavi"_s, u"   Chiavi"_s);
+  CheckBox spunta(f, u"Check1"_s);
+  spunta.Caption = u"Nome"_s;
+  SSOleDBGrid grd(f, u"grd"_s);
+  grd.Caption = u"Chiavi"_s;
+  SSOleDBCombo combo(f, u"combo"_s);
   std::vector<Colonna> colonne(2);
-  colonne[1].Caption = QStringLiteral("Nome");
+  colonne[1].Caption = u"Nome"_s;
   grd.imposta_colonne(colonne);
   combo.imposta_colonne(colonne);
-  voce(QStringLiteral("Nome"), QStringLiteral("Name"));
-  voce(QStringLiteral("Esci"), QStringLiteral("Leave"));
-  voce(QStringLiteral("Chiavi"), QStringLiteral("Keys"));
+  voce(u"Nome"_s, u"Name"_s);
+  voce(u"Esci"_s, u"Leave"_s);
+  voce(u"Chiavi"_s, u"Keys"_s);
   for (int volta = 0; volta < 2; ++volta) {
     traduttore.traduci_form(f);
     const QStringList visto{etichetta.Caption(),    vuota.Caption(),        tasto.Caption(),
                             menu.Caption(),         spunta.Caption(),       grd.Caption(),
                             grd.Columns(0).Caption, grd.Columns(1).Caption, combo.Columns(1).Caption};
-    EXPECT_EQ(visto.join(u'|'), QStringLiteral("Name| |Leave|   Keys|Nome|Keys||Name|Name"));
+    EXPECT_EQ(visto.join(u'|'), u"Name| |Leave|   Keys|Nome|Keys||Name|Name"_s);
   }
   EXPECT_EQ(testi().size(), 3) << "an English caption is no missing text";
 }
 
 TEST_F(Traduzioni, MessagesAreTranslatedBeforeTheyAreShown) {
-  voce(QStringLiteral("Vuoi eliminare la voce?"), QStringLiteral("Delete the entry?"));
+  voce(u"Vuoi eliminare la voce?"_s, u"Delete the entry?"_s);
   messaggi.risposte = {true};
-  EXPECT_TRUE(conferma(traduttore, messaggi, QStringLiteral("Vuoi eliminare la voce?")));
-  avvisa(traduttore, messaggi, QStringLiteral("Fatto"), QStringLiteral("Avviso"));
-  EXPECT_EQ(messaggi.testi(), QStringList({QStringLiteral("Delete the entry?"), QStringLiteral("Fatto")}));
+  EXPECT_TRUE(conferma(traduttore, messaggi, u"Vuoi eliminare la voce?"_s));
+  avvisa(traduttore, messaggi, u"Fatto"_s, u"Avviso"_s);
+  EXPECT_EQ(messaggi.testi(), QStringList({u"Delete the entry?"_s, u"Fatto"_s}));
   EXPECT_EQ(testi().size(), 3);
 }
 

@@ -9,38 +9,33 @@ namespace {
 class Legami : public Archivio {
  protected:
   Legami() {
-    esegui(QStringLiteral(
-        "create table prova (codice integer, nome text(5), note memo, peso double, dal date, si yesno, "
-        "primary key (codice))"));
-    esegui(QStringLiteral(
-        "create table securety_locks (tabella text(20), chiave text(20), operatore text(20), data date)"));
+    sql(u"create table prova (codice integer, nome text(5), note memo, peso double, dal date, si yesno, "
+        "primary key (codice))"_s);
+    sql(u"create table securety_locks (tabella text(20), chiave text(20), operatore text(20), data date)"_s);
     zan.Form(&f);
-    nome.Tag = QStringLiteral("nome");
-    peso.Tag = QStringLiteral("peso (BASE ALTRI)");
-    dal.Tag = QStringLiteral("dal");
-    si.Tag = QStringLiteral("SI");
-    uno.Tag = QStringLiteral("codice=1");
-    due.Tag = QStringLiteral("codice = 2");
+    nome.Tag = u"nome"_s;
+    peso.Tag = u"peso (BASE ALTRI)"_s;
+    dal.Tag = u"dal"_s;
+    si.Tag = u"SI"_s;
+    uno.Tag = u"codice=1"_s;
+    due.Tag = u"codice = 2"_s;
   }
-  void apri(Recordset& rs, const QString& sql = QStringLiteral("select * from prova")) {
+  void apri(Recordset& rs, const QString& sql = u"select * from prova"_s) {
     EXPECT_FALSE(rs.Open(sql, conn, {}, Cursore::aggiornabile));
   }
-  bool blocca(const QString& operatore, const QString& chiave = QStringLiteral("7")) {
+  bool blocca(const QString& operatore, const QString& chiave = u"7"_s) {
     bool bloccato = false;
-    zan.blocca_record(QStringLiteral("prova"), chiave, operatore, bloccato);
+    zan.blocca_record(u"prova"_s, chiave, operatore, bloccato);
     return bloccato;
   }
-  QStringList blocchi() {
-    return righe(QStringLiteral("select chiave, operatore, data from securety_locks"));
-  }
+  QStringList blocchi() { return righe(u"select chiave, operatore, data from securety_locks"_s); }
 
-  Finestra f{elenco, QStringLiteral("frm_prova")};
-  TextBox nome{f, QStringLiteral("Text1")}, peso{f, QStringLiteral("Text2")},
-      libera{f, QStringLiteral("Text3")};
-  MaskEdBox dal{f, QStringLiteral("Mask1")};
-  CheckBox si{f, QStringLiteral("Check1")};
-  OptionButton uno{f, QStringLiteral("Option1")}, due{f, QStringLiteral("Option2")};
-  ZanForm zan{db, messaggi, macchina.orologio()};
+  Finestra f{elenco, u"frm_prova"_s};
+  TextBox nome{f, u"Text1"_s}, peso{f, u"Text2"_s}, libera{f, u"Text3"_s};
+  MaskEdBox dal{f, u"Mask1"_s};
+  CheckBox si{f, u"Check1"_s};
+  OptionButton uno{f, u"Option1"_s}, due{f, u"Option2"_s};
+  ZanForm zan{db, messaggi, vm.orologio()};
 };
 
 TEST_F(Legami, ASavedRowHoldsNeitherEmptyTextsNorMissingNumbers) {
@@ -50,8 +45,7 @@ TEST_F(Legami, ASavedRowHoldsNeitherEmptyTextsNorMissingNumbers) {
   EXPECT_FALSE(rs.imposta(u"nome", QString()));
   zan.update_record(rs);
   EXPECT_EQ(zan.errore(), QString());
-  EXPECT_EQ(righe(QStringLiteral("select codice, nome, note, peso, dal from prova")),
-            QStringList(QStringLiteral("0| | |0.0|-")));
+  EXPECT_EQ(righe(u"select codice, nome, note, peso, dal from prova"_s), QStringList(u"0| | |0.0|-"_s));
   EXPECT_FALSE(rs.AddNew());
   zan.update_record(rs);
   EXPECT_FALSE(zan.errore().isEmpty()) << "the key is there already";
@@ -63,22 +57,22 @@ TEST_F(Legami, ASavedRowHoldsNeitherEmptyTextsNorMissingNumbers) {
 }
 
 TEST_F(Legami, ARecordIsShownInTheControlsOfItsGroup) {
-  esegui(QStringLiteral("insert into prova values (2, 'Anna', null, 2.5, ?, ?)"),
-         {QDateTime(QDate(2008, 11, 3), QTime(0, 0)), true});
-  libera.Text = QStringLiteral("mia");
-  zan.popola(QStringLiteral("select * from prova"), QStringLiteral("altri"));
-  EXPECT_EQ(nome.Text(), QStringLiteral("Anna"));
-  EXPECT_EQ(peso.Text(), QStringLiteral("2,5"));
-  EXPECT_EQ(dal.Text(), QStringLiteral("03/11/2008"));
+  sql(u"insert into prova values (2, 'Anna', null, 2.5, ?, ?)"_s,
+      {QDateTime(QDate(2008, 11, 3), QTime(0, 0)), true});
+  libera.Text = u"mia"_s;
+  zan.popola(u"select * from prova"_s, u"altri"_s);
+  EXPECT_EQ(nome.Text(), u"Anna"_s);
+  EXPECT_EQ(peso.Text(), u"2,5"_s);
+  EXPECT_EQ(dal.Text(), u"03/11/2008"_s);
   EXPECT_EQ(si.Value(), 1);
   EXPECT_FALSE(uno.Value());
   EXPECT_TRUE(due.Value());
   zan.pulisci();
-  EXPECT_EQ(nome.Text() + peso.Text() + libera.Text(), QStringLiteral("mia"));
-  EXPECT_EQ(dal.Text(), QStringLiteral("__/__/____"));
+  EXPECT_EQ(nome.Text() + peso.Text() + libera.Text(), u"mia"_s);
+  EXPECT_EQ(dal.Text(), u"__/__/____"_s);
   EXPECT_FALSE(due.Value());
   for (const char* gruppo : {"", "ALT", "TERZI"})
-    zan.popola(QStringLiteral("select * from prova"), QString::fromUtf8(gruppo));
+    zan.popola(u"select * from prova"_s, QString::fromUtf8(gruppo));
   EXPECT_EQ(peso.Text(), QString()) << "only whole words of its group";
 }
 
@@ -91,7 +85,7 @@ TEST_F(Legami, ControlsGoBackIntoTheRecord) {
                        {"Ugo", "3", "ALTRI", "Ugo|-"},
                        {"Ugo", "tre", "BASE ALTRI", "Ugo|-"}};
   for (const Caso& c : casi) {
-    esegui(QStringLiteral("delete from prova"));
+    sql(u"delete from prova"_s);
     nome.Text = QString::fromUtf8(c.nome);
     peso.Text = QString::fromUtf8(c.peso);
     due.Value = true;
@@ -101,32 +95,31 @@ TEST_F(Legami, ControlsGoBackIntoTheRecord) {
     EXPECT_FALSE(rs.AddNew());
     zan.salva_campi(rs, QString::fromUtf8(c.gruppo));
     EXPECT_FALSE(rs.Update());
-    EXPECT_EQ(righe(QStringLiteral("select nome, peso from prova where codice = 2 and si <> 0")),
+    EXPECT_EQ(righe(u"select nome, peso from prova where codice = 2 and si <> 0"_s),
               QStringList(QString::fromUtf8(c.atteso)));
   }
-  nome.Text = QStringLiteral(" Alessandra");
+  nome.Text = u" Alessandra"_s;
   Recordset rs;
   apri(rs);
   zan.salva_campi(rs);
-  EXPECT_EQ(nome.Text(), QStringLiteral("Aless")) << "what was cut is seen";
+  EXPECT_EQ(nome.Text(), u"Aless"_s) << "what was cut is seen";
 }
 
 TEST_F(Legami, ALockKeepsOthersOutUntilItIsReleasedOrStale) {
-  macchina.orologio().imposta(QDateTime(QDate(2008, 11, 20), QTime(9, 0)));
-  EXPECT_TRUE(blocca(QStringLiteral("anna")));
-  EXPECT_TRUE(blocca(QStringLiteral("anna"), QStringLiteral(" 7 "))) << "renewed by its own user";
-  EXPECT_FALSE(blocca(QStringLiteral("ugo")));
-  EXPECT_EQ(messaggi.testi(),
-            QStringList(QStringLiteral("Record 7 già bloccato dall'utente anna\rAccesso negato!")));
-  EXPECT_EQ(blocchi(), QStringList(QStringLiteral("7|anna|2008-11-20 00:00:00")));
-  macchina.orologio().imposta(QDateTime(QDate(2008, 12, 1), QTime(9, 0)));
-  EXPECT_FALSE(blocca(QStringLiteral("ugo"))) << "the day of the month is not yet past";
-  macchina.orologio().imposta(QDateTime(QDate(2008, 12, 21), QTime(9, 0)));
-  EXPECT_TRUE(blocca(QStringLiteral("ugo")));
-  EXPECT_EQ(blocchi(), QStringList(QStringLiteral("7|ugo|2008-12-21 00:00:00")));
-  zan.sblocca_record(QStringLiteral("prova"), QStringLiteral("7"), QStringLiteral("anna"));
+  vm.orologio().imposta(QDateTime(QDate(2008, 11, 20), QTime(9, 0)));
+  EXPECT_TRUE(blocca(u"anna"_s));
+  EXPECT_TRUE(blocca(u"anna"_s, u" 7 "_s)) << "renewed by its own user";
+  EXPECT_FALSE(blocca(u"ugo"_s));
+  EXPECT_EQ(messaggi.testi(), QStringList(u"Record 7 già bloccato dall'utente anna\rAccesso negato!"_s));
+  EXPECT_EQ(blocchi(), QStringList(u"7|anna|2008-11-20 00:00:00"_s));
+  vm.orologio().imposta(QDateTime(QDate(2008, 12, 1), QTime(9, 0)));
+  EXPECT_FALSE(blocca(u"ugo"_s)) << "the day of the month is not yet past";
+  vm.orologio().imposta(QDateTime(QDate(2008, 12, 21), QTime(9, 0)));
+  EXPECT_TRUE(blocca(u"ugo"_s));
+  EXPECT_EQ(blocchi(), QStringList(u"7|ugo|2008-12-21 00:00:00"_s));
+  zan.sblocca_record(u"prova"_s, u"7"_s, u"anna"_s);
   EXPECT_EQ(blocchi().size(), 1);
-  zan.sblocca_record(QStringLiteral("prova"), QStringLiteral("7"), QStringLiteral("ugo"));
+  zan.sblocca_record(u"prova"_s, u"7"_s, u"ugo"_s);
   EXPECT_TRUE(blocchi().isEmpty());
   EXPECT_EQ(messaggi.mostrati.size(), 2);
 }

@@ -1,5 +1,3 @@
-#include <array>
-
 #include "store/archivio.h"
 #include "store/converti_sql.h"
 #include "store/ripara_apici.h"
@@ -10,24 +8,21 @@ using namespace Qt::StringLiterals;
 using prova::testo;
 
 TEST(RiparaApici, StatiDeiPezzi) {
-  struct Caso {
+  const struct {
     const char* statement;
     const char* stati;
-  };
-  const std::array casi{
-      Caso{"select * from operatori where user = 'dell'acqua' and pc = 'x'", "OSSOSO"},
-      Caso{"select * from t where a in ('uno','due')", "ISKSO"},
-      Caso{"select * from t where b = 'z' and a in ('uno','due') and c = 'x'", "OSISKSOSO"},
-      Caso{"update t set a = 'x', b = 'd'angelo', c='y' where d = 'z'", "OSOSSOSOSO"},
-      Caso{"select * from t where a = 'x', b = 'y'", "OSSSO"},
-      Caso{"select * from t where a = 'l''x'", "OSSSO"},
-      Caso{"select * from t where a like 'x%' and b like 'y'", "OSOSO"},
-      Caso{"select * from t where (a = 'x') or (b >= 'y')", "OSOSO"},
-      Caso{"select * from t where (a = 'x') or b >= 'y'", "OSOSO"},
-      Caso{"select * from t where a = 'x' = 'y'", "OSSSO"},
-      Caso{"select * from t where a = 'b, c = 'd' and e = 'f'", "OSSOSO"},
-  };
-  for (const Caso& k : casi) {
+  } casi[] = {{"select * from operatori where user = 'dell'acqua' and pc = 'x'", "OSSOSO"},
+              {"select * from t where a in ('uno','due')", "ISKSO"},
+              {"select * from t where b = 'z' and a in ('uno','due') and c = 'x'", "OSISKSOSO"},
+              {"update t set a = 'x', b = 'd'angelo', c='y' where d = 'z'", "OSOSSOSOSO"},
+              {"select * from t where a = 'x', b = 'y'", "OSSSO"},
+              {"select * from t where a = 'l''x'", "OSSSO"},
+              {"select * from t where a like 'x%' and b like 'y'", "OSOSO"},
+              {"select * from t where (a = 'x') or (b >= 'y')", "OSOSO"},
+              {"select * from t where (a = 'x') or b >= 'y'", "OSOSO"},
+              {"select * from t where a = 'x' = 'y'", "OSSSO"},
+              {"select * from t where a = 'b, c = 'd' and e = 'f'", "OSSOSO"}};
+  for (const auto& k : casi) {
     QString stati;
     for (const PezzoSql& p : classifica(testo(k.statement))) stati += QChar(static_cast<char16_t>(p.stato));
     EXPECT_EQ(stati, testo(k.stati)) << k.statement;
@@ -35,41 +30,38 @@ TEST(RiparaApici, StatiDeiPezzi) {
 }
 
 TEST(ConvertiSql, TabellaDiConversioni) {
-  struct Caso {
+  const struct {
     const char* tipo;
     const char* prima;
     const char* dopo;
-  };
-  const std::array casi{
-      Caso{"Access", "  select * from t ", "SELECT * FROM T"},
-      Caso{"Access", "", ""},
-      Caso{"Access", "select * from t where a='dell'acqua'", "SELECT * FROM T WHERE A = 'DELL''ACQUA'"},
-      Caso{"Access", "select * from t where a<='x' and b not  like'y%'",
-           "SELECT * FROM T WHERE A <= 'X' AND B NOT LIKE 'Y%'"},
-      Caso{"Access", "select * from t where a in('x','y') and b='straße è'",
-           "SELECT * FROM T WHERE A IN ('X','Y') AND B = 'STRAßE È'"},
-      Caso{"Access", "insert into t values ('x','y')", "INSERT INTO T VALUES ('X','Y')"},
-      Caso{"sql", "select * from t where d >= #12/25/2008# and o = #08:30# and a = 'd'x'",
-           "SELECT * FROM T WHERE D >= '25/12/2008' AND O = '08:30' AND A = 'D''X'"},
-      Caso{"ORACLE", "select top 5 * from t where a = 'x'",
-           "SELECT * FROM T WHERE UPPER(A) = 'X' AND ROWNUM < 6"},
-      Caso{"ORACLE", "select top 5 * from t order by a", "SELECT * FROM T WHERE ROWNUM < 6 ORDER BY A"},
-      Caso{"ORACLE",
-           "select a.*, c.d from ((a left join b on a.x = b.x) right join c on b.y = c.y) where a.n = 'd'x' "
-           "order by a.x",
-           "SELECT A.*, C.D FROM A, B, C WHERE UPPER(A.N) = 'D''X' AND A.X = B.X (+)  AND B.Y (+)  = C.Y "
-           "ORDER BY A.X"},
-      Caso{"ORACLE", "select * from a inner join b on a.x = b.x", "SELECT * FROM A, B WHERE A.X = B.X"},
-      Caso{"ORACLE",
-           "delete from a where b not like 'x%' and c in (select top 2 c from d where e in ('u','v'))",
-           "DELETE FROM A WHERE UPPER(B) NOT LIKE 'X%' AND C IN (SELECT C FROM D WHERE UPPER(E) IN ('U','V') "
-           "AND "
-           "ROWNUM < 3)"},
-      Caso{"ORACLE", "select year(d), month(d), mid(a, 1, 2), ucase(a) from t where d = #12/25/2008#",
-           "SELECT TO_CHAR(D, 'YYYY'), TO_CHAR(D, 'MM'), SUBSTR(A, 1, 2), UPPER(A) FROM T WHERE D = "
-           "'25/DEC/2008'"},
-  };
-  for (const Caso& k : casi) EXPECT_EQ(converti_sql(testo(k.prima), testo(k.tipo)), testo(k.dopo)) << k.prima;
+  } casi[] = {
+      {"Access", "  select * from t ", "SELECT * FROM T"},
+      {"Access", "", ""},
+      {"Access", "select * from t where a='dell'acqua'", "SELECT * FROM T WHERE A = 'DELL''ACQUA'"},
+      {"Access", "select * from t where a<='x' and b not  like'y%'",
+       "SELECT * FROM T WHERE A <= 'X' AND B NOT LIKE 'Y%'"},
+      {"Access", "select * from t where a in('x','y') and b='straße è'",
+       "SELECT * FROM T WHERE A IN ('X','Y') AND B = 'STRAßE È'"},
+      {"Access", "insert into t values ('x','y')", "INSERT INTO T VALUES ('X','Y')"},
+      {"sql", "select * from t where d >= #12/25/2008# and o = #08:30# and a = 'd'x'",
+       "SELECT * FROM T WHERE D >= '25/12/2008' AND O = '08:30' AND A = 'D''X'"},
+      {"ORACLE", "select top 5 * from t where a = 'x'",
+       "SELECT * FROM T WHERE UPPER(A) = 'X' AND ROWNUM < 6"},
+      {"ORACLE", "select top 5 * from t order by a", "SELECT * FROM T WHERE ROWNUM < 6 ORDER BY A"},
+      {"ORACLE",
+       "select a.*, c.d from ((a left join b on a.x = b.x) right join c on b.y = c.y) where a.n = 'd'x' "
+       "order by a.x",
+       "SELECT A.*, C.D FROM A, B, C WHERE UPPER(A.N) = 'D''X' AND A.X = B.X (+)  AND B.Y (+)  = C.Y "
+       "ORDER BY A.X"},
+      {"ORACLE", "select * from a inner join b on a.x = b.x", "SELECT * FROM A, B WHERE A.X = B.X"},
+      {"ORACLE", "delete from a where b not like 'x%' and c in (select top 2 c from d where e in ('u','v'))",
+       "DELETE FROM A WHERE UPPER(B) NOT LIKE 'X%' AND C IN (SELECT C FROM D WHERE UPPER(E) IN ('U','V') "
+       "AND "
+       "ROWNUM < 3)"},
+      {"ORACLE", "select year(d), month(d), mid(a, 1, 2), ucase(a) from t where d = #12/25/2008#",
+       "SELECT TO_CHAR(D, 'YYYY'), TO_CHAR(D, 'MM'), SUBSTR(A, 1, 2), UPPER(A) FROM T WHERE D = "
+       "'25/DEC/2008'"}};
+  for (const auto& k : casi) EXPECT_EQ(converti_sql(testo(k.prima), testo(k.tipo)), testo(k.dopo)) << k.prima;
 }
 
 TEST(ConvertiSql, GiunzioniCheNonSiLeggono) {

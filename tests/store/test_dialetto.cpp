@@ -1,5 +1,3 @@
-#include <array>
-
 #include "store/archivio.h"
 #include "store/confronto.h"
 #include "store/date_jet.h"
@@ -9,28 +7,25 @@ using namespace lokera;
 using prova::testo;
 
 TEST(Dialetto, AbbassaLeFormeDelleIstruzioni) {
-  struct Caso {
+  const struct {
     const char* prima;
     const char* dopo;
-  };
-  const std::array casi{
-      Caso{"select * from t where d >= #12/25/2008#", "select * from t where d >= '2008-12-25 00:00:00'"},
-      Caso{"select * from t where o <= #08:30#", "select * from t where o <= '1899-12-30 08:30:00'"},
-      Caso{"x = #1/2/2008 10:20:30#", "x = '2008-01-02 10:20:30'"},
-      Caso{"x = '#01/02/2008#'", "x = '#01/02/2008#'"},
-      Caso{"Select top 1 * from t order by a;", "Select * from t order by a limit 1"},
-      Caso{"select distinct top 3 a from t", "select distinct a from t limit 3"},
-      Caso{"select a from t where b in (select top 2 b from u) and c = 1",
-           "select a from t where b in (select b from u limit 2) and c = 1"},
-      Caso{"select * from ((a inner join b on a.x = b.x) left join c on (a.y = c.y)) where z = (1)",
-           "select * from a inner join b on a.x = b.x left join c on (a.y = c.y) where z = (1)"},
-      Caso{"select * from (select a from t)", "select * from (select a from t)"},
-      Caso{"delete * from t where a = 1", "delete from t where a = 1"},
-      Caso{"update [t] set [Font] = \"l'altro\", v = True", "update [t] set [Font] = 'l''altro', v = 1"},
-      Caso{"select a & 'top 1 true [x]' from t", "select a || 'top 1 true [x]' from t"},
-      Caso{"select [Città] from t", "select [città] from t"},
-  };
-  for (const Caso& c : casi) EXPECT_EQ(abbassa(testo(c.prima)).sql.simplified(), testo(c.dopo)) << c.prima;
+  } casi[] = {{"select * from t where d >= #12/25/2008#", "select * from t where d >= '2008-12-25 00:00:00'"},
+              {"select * from t where o <= #08:30#", "select * from t where o <= '1899-12-30 08:30:00'"},
+              {"x = #1/2/2008 10:20:30#", "x = '2008-01-02 10:20:30'"},
+              {"x = '#01/02/2008#'", "x = '#01/02/2008#'"},
+              {"Select top 1 * from t order by a;", "Select * from t order by a limit 1"},
+              {"select distinct top 3 a from t", "select distinct a from t limit 3"},
+              {"select a from t where b in (select top 2 b from u) and c = 1",
+               "select a from t where b in (select b from u limit 2) and c = 1"},
+              {"select * from ((a inner join b on a.x = b.x) left join c on (a.y = c.y)) where z = (1)",
+               "select * from a inner join b on a.x = b.x left join c on (a.y = c.y) where z = (1)"},
+              {"select * from (select a from t)", "select * from (select a from t)"},
+              {"delete * from t where a = 1", "delete from t where a = 1"},
+              {"update [t] set [Font] = \"l'altro\", v = True", "update [t] set [Font] = 'l''altro', v = 1"},
+              {"select a & 'top 1 true [x]' from t", "select a || 'top 1 true [x]' from t"},
+              {"select [Città] from t", "select [città] from t"}};
+  for (const auto& c : casi) EXPECT_EQ(abbassa(testo(c.prima)).sql.simplified(), testo(c.dopo)) << c.prima;
   EXPECT_TRUE(abbassa(u"select #13/40/2008#").errore);
 }
 
@@ -42,26 +37,23 @@ TEST(Dialetto, TrovaTipoETabella) {
 }
 
 TEST(Date, LeggeCioCheSiScrive) {
-  struct Caso {
+  const struct {
     const char* scritta;
     const char* giorno_prima;
     const char* mese_prima;
-  };
-  const std::array casi{
-      Caso{"1/2/2008", "2008-02-01 00:00:00", "2008-01-02 00:00:00"},
-      Caso{"01-02-08 10.20.30", "2008-02-01 10:20:30", "2008-01-02 10:20:30"},
-      Caso{"25/12/2008", "2008-12-25 00:00:00", "2008-12-25 00:00:00"},
-      Caso{"12/25/1999", "1999-12-25 00:00:00", "1999-12-25 00:00:00"},
-      Caso{"2008-02-01T10:20", "2008-02-01 10:20:00", "2008-02-01 10:20:00"},
-      Caso{"10.2.2008", "2008-02-10 00:00:00", "2008-10-02 00:00:00"},
-      Caso{" 8:05 ", "1899-12-30 08:05:00", "1899-12-30 08:05:00"},
-      Caso{"10.20.30", "1899-12-30 10:20:30", "1899-12-30 10:20:30"},
-  };
-  const auto letta = [](const Caso& c, OrdineData ordine) {
+  } casi[] = {{"1/2/2008", "2008-02-01 00:00:00", "2008-01-02 00:00:00"},
+              {"01-02-08 10.20.30", "2008-02-01 10:20:30", "2008-01-02 10:20:30"},
+              {"25/12/2008", "2008-12-25 00:00:00", "2008-12-25 00:00:00"},
+              {"12/25/1999", "1999-12-25 00:00:00", "1999-12-25 00:00:00"},
+              {"2008-02-01T10:20", "2008-02-01 10:20:00", "2008-02-01 10:20:00"},
+              {"10.2.2008", "2008-02-10 00:00:00", "2008-10-02 00:00:00"},
+              {" 8:05 ", "1899-12-30 08:05:00", "1899-12-30 08:05:00"},
+              {"10.20.30", "1899-12-30 10:20:30", "1899-12-30 10:20:30"}};
+  const auto letta = [](const auto& c, OrdineData ordine) {
     const auto d = leggi_data(testo(c.scritta), ordine);
     return d ? data_memorizzata(*d) : QByteArray("niente");
   };
-  for (const Caso& c : casi) {
+  for (const auto& c : casi) {
     EXPECT_EQ(letta(c, OrdineData::giorno_mese), c.giorno_prima) << c.scritta;
     EXPECT_EQ(letta(c, OrdineData::mese_giorno), c.mese_prima) << c.scritta;
   }
@@ -79,19 +71,16 @@ TEST(Date, MinutiSulQuadrante) {
 }
 
 TEST(Confronto, SenzaMaiuscoleAccentiDistinti) {
-  struct Caso {
+  const struct {
     const char* a;
     const char* b;
     int segno;
-  };
-  const std::array casi{
-      Caso{"Rossi", "rOSSI", 0},   Caso{"à", "À", 0},          Caso{"Niccolò", "NICCOLÒ", 0},
-      Caso{"straße", "STRAßE", 0}, Caso{"a", "à", -1},         Caso{"Łódź", "łÓDŹ", 0},
-      Caso{"città", "cittb", -1},  Caso{"citta", "città", -1}, Caso{"città", "cittaz", -1},
-      Caso{"zeta", "à", 1},        Caso{"", " ", -1},          Caso{"a", "a ", -1},
-      Caso{"😀", "😁", -1},          Caso{"\xff", "à", 1},
-  };
-  for (const Caso& c : casi) {
+  } casi[] = {{"Rossi", "rOSSI", 0},   {"à", "À", 0},          {"Niccolò", "NICCOLÒ", 0},
+              {"straße", "STRAßE", 0}, {"a", "à", -1},         {"Łódź", "łÓDŹ", 0},
+              {"città", "cittb", -1},  {"citta", "città", -1}, {"città", "cittaz", -1},
+              {"zeta", "à", 1},        {"", " ", -1},          {"a", "a ", -1},
+              {"😀", "😁", -1},          {"\xff", "à", 1}};
+  for (const auto& c : casi) {
     const auto segno = [](int n) { return n < 0 ? -1 : n > 0 ? 1 : 0; };
     EXPECT_EQ(segno(confronta(QByteArrayView(c.a), QByteArrayView(c.b))), c.segno) << c.a << " " << c.b;
     EXPECT_EQ(segno(confronta(QByteArrayView(c.b), QByteArrayView(c.a))), -c.segno) << c.b << " " << c.a;
@@ -99,28 +88,25 @@ TEST(Confronto, SenzaMaiuscoleAccentiDistinti) {
 }
 
 TEST(Confronto, Like) {
-  struct Caso {
+  const struct {
     const char* modello;
     const char* testo;
     bool somiglia;
-  };
-  const std::array casi{
-      Caso{"ROSSI%", "Rossi Maria", true},
-      Caso{"%à%", "CITTÀ nuova", true},
-      Caso{"_à", "pÀ", true},
-      Caso{"_", "à", true},
-      Caso{"_", "", false},
-      Caso{"%", "", true},
-      Caso{"a%b%c", "aXbXbXc", true},
-      Caso{"a%b%c", "aXcXb", false},
-      Caso{"a[b]", "ab", false},
-      Caso{"a*", "ab", false},
-      Caso{"abc", "abcd", false},
-      Caso{"%%x_", "xxy", true},
-      Caso{"", "", true},
-      Caso{"dell'a%", "Dell'Acqua", true},
-  };
-  for (const Caso& c : casi) {
+  } casi[] = {{"ROSSI%", "Rossi Maria", true},
+              {"%à%", "CITTÀ nuova", true},
+              {"_à", "pÀ", true},
+              {"_", "à", true},
+              {"_", "", false},
+              {"%", "", true},
+              {"a%b%c", "aXbXbXc", true},
+              {"a%b%c", "aXcXb", false},
+              {"a[b]", "ab", false},
+              {"a*", "ab", false},
+              {"abc", "abcd", false},
+              {"%%x_", "xxy", true},
+              {"", "", true},
+              {"dell'a%", "Dell'Acqua", true}};
+  for (const auto& c : casi) {
     EXPECT_EQ(somiglia(lettere_piegate(c.modello), c.testo), c.somiglia) << c.modello << " " << c.testo;
   }
 }

@@ -23,14 +23,20 @@ class LokeraDb : public ::testing::Test {
     return {p.exitCode(), QString::fromUtf8(p.readAllStandardOutput()),
             QString::fromUtf8(p.readAllStandardError())};
   }
+  static Corsa sql(const QString& f, const QString& statement) { return esegui({u"sql"_s, f, statement}); }
   QString file(const QString& nome) const { return cartella.filePath(nome); }
   QTemporaryDir cartella;
 };
 
-TEST_F(LokeraDb, UsoErrato) {
-  EXPECT_EQ(esegui({}).stato, 2);
-  EXPECT_EQ(esegui({u"distruggi"_s}).stato, 2);
-  EXPECT_EQ(esegui({u"sql"_s, u"x"_s}).stato, 2);
+TEST_F(LokeraDb, UsoErratoENessunMezzoFile) {
+  const std::pair<QStringList, int> casi[] = {{{}, 2},
+                                              {{u"distruggi"_s}, 2},
+                                              {{u"sql"_s, u"x"_s}, 2},
+                                              {{u"crea"_s, file(u"manca/a.mdb"_s)}, 1},
+                                              {{u"copia"_s, file(u"manca.mdb"_s), file(u"b.mdb"_s)}, 1},
+                                              {{u"sql"_s, file(u"manca.mdb"_s), u"select 1"_s}, 1}};
+  for (const auto& [argomenti, stato] : casi) EXPECT_EQ(esegui(argomenti).stato, stato);
+  EXPECT_TRUE(QDir(cartella.path()).isEmpty());
   const Corsa aiuto = esegui({u"--help"_s});
   EXPECT_EQ(aiuto.stato, 0);
   EXPECT_TRUE(aiuto.uscita.contains(u"controlla FILE"_s));
@@ -43,27 +49,24 @@ TEST_F(LokeraDb, CreaControllaInterroga) {
   EXPECT_EQ(seconda.stato, 1);
   EXPECT_TRUE(seconda.errori.contains(u"esiste già"_s));
   EXPECT_EQ(esegui({u"controlla"_s, f}).uscita, u"ok\n"_s);
-  EXPECT_EQ(esegui({u"sql"_s, f, u"insert into gruppi values (1, 'a\tb\\c\nd')"_s}).stato, 0);
-  EXPECT_EQ(esegui({u"sql"_s, f, u"insert into gruppi (codice) values (2)"_s}).stato, 0);
-  EXPECT_EQ(esegui({u"sql"_s, f, u"select top 2 * from [gruppi] order by codice"_s}).uscita,
+  EXPECT_EQ(sql(f, u"insert into gruppi values (1, 'a\tb\\c\nd')"_s).stato, 0);
+  EXPECT_EQ(sql(f, u"insert into gruppi (codice) values (2)"_s).stato, 0);
+  EXPECT_EQ(sql(f, u"select top 2 * from [gruppi] order by codice"_s).uscita,
             u"1\ta\\tb\\\\c\\nd\n2\t\\N\n"_s);
-  const Corsa rifiuto = esegui({u"sql"_s, f, u"insert into gruppi (codice) values (40000)"_s});
+  const Corsa rifiuto = sql(f, u"insert into gruppi (codice) values (40000)"_s);
   EXPECT_EQ(rifiuto.stato, 1);
   EXPECT_TRUE(rifiuto.errori.contains(u"codice: serve un numero intero"_s));
-  EXPECT_EQ(esegui({u"sql"_s, f, u"drop table gruppi"_s}).stato, 0);
+  EXPECT_EQ(sql(f, u"drop table gruppi"_s).stato, 0);
   EXPECT_TRUE(esegui({u"controlla"_s, f}).errori.contains(u"Tabelle mancanti: gruppi"_s));
 }
 
 TEST_F(LokeraDb, DemoECopiaDiUnFileInUso) {
   const QString f = file(u"lokera.mdb"_s);
   ASSERT_EQ(esegui({u"demo"_s, f}).errori, QString());
-  EXPECT_EQ(
-      esegui({u"sql"_s, f, u"select ID, IP_lokera, funzionamento, slot from parametri order by ID"_s}).uscita,
-      u"1\t127.000.000.002\t1\t1\n2\t127.000.000.003\t0\t0\n3\t127.000.000.004\t0\t0\n"_s);
-  EXPECT_EQ(
-      esegui({u"sql"_s, f, u"select count(*) from tessere_chiavi where operatore = ' ' and uscita is null"_s})
-          .uscita,
-      u"60\n"_s);
+  EXPECT_EQ(sql(f, u"select ID, IP_lokera, funzionamento, slot from parametri order by ID"_s).uscita,
+            u"1\t127.000.000.002\t1\t1\n2\t127.000.000.003\t0\t0\n3\t127.000.000.004\t0\t0\n"_s);
+  EXPECT_EQ(sql(f, u"select count(*) from tessere_chiavi where operatore = ' ' and uscita is null"_s).uscita,
+            u"60\n"_s);
   Database console;
   ASSERT_FALSE(apri_database(console, cartella.path()));
   ASSERT_FALSE(console.connessione_db.Execute(u"insert into gruppi values (99, 'visto')"_s));
@@ -71,19 +74,11 @@ TEST_F(LokeraDb, DemoECopiaDiUnFileInUso) {
   ASSERT_EQ(esegui({u"copia"_s, f, copia}).errori, QString());
   EXPECT_EQ(esegui({u"copia"_s, f, copia}).stato, 1);
   EXPECT_EQ(esegui({u"controlla"_s, copia}).uscita, u"ok\n"_s);
-  EXPECT_EQ(esegui({u"sql"_s, copia, u"select descrizione from gruppi where codice = 99"_s}).uscita,
-            u"visto\n"_s);
+  EXPECT_EQ(sql(copia, u"select descrizione from gruppi where codice = 99"_s).uscita, u"visto\n"_s);
   QFile byte(copia);
   ASSERT_TRUE(byte.open(QIODevice::ReadOnly));
   EXPECT_FALSE(byte.readAll().contains("gruppi"));
   EXPECT_FALSE(console.connessione_db.Execute(u"delete from gruppi where codice = 99"_s));
-}
-
-TEST_F(LokeraDb, NessunMezzoFile) {
-  EXPECT_EQ(esegui({u"crea"_s, file(u"manca/a.mdb"_s)}).stato, 1);
-  EXPECT_EQ(esegui({u"copia"_s, file(u"manca.mdb"_s), file(u"b.mdb"_s)}).stato, 1);
-  EXPECT_EQ(esegui({u"sql"_s, file(u"manca.mdb"_s), u"select 1"_s}).stato, 1);
-  EXPECT_TRUE(QDir(cartella.path()).isEmpty());
 }
 
 }  // namespace lokera
