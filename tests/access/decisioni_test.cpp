@@ -201,6 +201,7 @@ TEST_F(DecisioniTest, IlPrelievoSiVedeSubitoSulTabellone) {
   EXPECT_EQ(
       b.uno(QStringLiteral("select operatore from tessere_chiavi where codice = '1000000001'")).toString(),
       QStringLiteral(" "));
+  EXPECT_EQ(b.conta(QStringLiteral("tessere_chiavi"), QStringLiteral("uscita is not null")), 0);
 }
 
 TEST_F(DecisioniTest, ConUnOperazioneApertaSoloLaFineHaRisposta) {
@@ -254,6 +255,28 @@ TEST_F(DecisioniTest, UnMovimentoNonRegistratoNonEConfermato) {
   EXPECT_EQ(
       b.uno(QStringLiteral("select operatore from tessere_chiavi where codice = '1000000001'")).toString(),
       QStringLiteral(" "));
+}
+
+// The timer of a refused key clears the side's text while the next key is out of its place.
+TEST_F(DecisioniTest, DelTestoDelPannelloSiRegistranoDieciCaratteri) {
+  tessera("0000000001");
+  chiave("1000000002");
+  chiave("1000000001");
+  b.vm.esegui_per(3100ms);
+  EXPECT_EQ(esito("03"), "00092ABCDEFGHIJ0");
+  EXPECT_EQ(b.uno(QStringLiteral("select chiave from movimenti")).toString(), QStringLiteral("Tessera ch"));
+}
+
+TEST_F(DecisioniTest, SenzaSlotIlPannelloTieneLOperatore) {
+  p().modo_slave = false;
+  tessera("0000000001");
+  chiave("1000000001");
+  esito("03");
+  EXPECT_FALSE(p().TimerSlot->Enabled());
+  b.vm.esegui_per(3100ms);
+  EXPECT_FALSE(p().TimerSX->Enabled());
+  EXPECT_EQ(p().lblP.Caption(), QStringLiteral("0000000001"));
+  EXPECT_EQ(p().ShapeP.FillColor(), verde);
 }
 
 TEST_F(DecisioniTest, IlPannelloTornaARiposo) {

@@ -15,6 +15,7 @@ class FasceTest : public ::testing::Test {
     b.tessera(QStringLiteral("0000000003"), 1);  // may not use the key group
     b.abilita(QStringLiteral("0000000001"), 5);
     b.abilita(QStringLiteral("0000000002"), 5);
+    b.abilita(QStringLiteral("0000000003"), 6);
     b.chiave(QStringLiteral("1000000001"), 1, 0, 5);
     b.chiave(QStringLiteral("1000000002"), 2, 0, 5);
     b.chiave(QStringLiteral("1000000003"), 2, 1, 5);
@@ -45,6 +46,7 @@ TEST_F(FasceTest, UnaVoltaAllAperturaEUnaAllaChiusura) {
 }
 
 TEST_F(FasceTest, PartitiAlPomeriggioBastaLaChiusura) {
+  EXPECT_EQ(corsa(QTime(12, 0)), 0);  // the closing minute opens nothing any more
   EXPECT_EQ(corsa(QTime(14, 0)), 2);
   EXPECT_EQ(corsa(QTime(14, 5)), 0);
 }
@@ -53,6 +55,36 @@ TEST_F(FasceTest, UnaFasciaCortaNonHaLaSecondaCorsa) {
   b.sql(QStringLiteral("update fascie_orarie set alle_ore = #08:05#"));
   EXPECT_EQ(corsa(QTime(7, 58)), 2);
   EXPECT_EQ(corsa(QTime(8, 6)), 0);
+  giorno = giorno.addDays(7);
+  b.sql(
+      QStringLiteral("update fascie_orarie set alle_ore = #08:08#"));  // ten minutes later is too short, too
+  EXPECT_EQ(corsa(QTime(7, 58)), 2);
+  EXPECT_EQ(corsa(QTime(8, 9)), 0);
+}
+
+/// A clock on which everything takes long, and a loop that lets others in.
+struct Lento : Clock, EventLoop {
+  QDateTime adesso() const override { return {QDate(2008, 12, 1), QTime(8, 0)}; }
+  Monotonic monotono() const override { return ora += 20ms; }
+  void esegui_eventi(Monotonic) override { evento(); }
+  mutable Monotonic ora{};
+  std::function<void()> evento;
+};
+
+TEST_F(FasceTest, UnaCorsaLungaCedeFuoriDalleTransazioniENonNeTrovaUnAltra) {
+  Lento lento;
+  PolledWait attesa(lento, lento);
+  Giorno oggi(b.db(), lento, b.console->traduttore());
+  FasceOrarie fasce(b.db(), attesa, oggi);
+  int ceduto = 0;
+  lento.evento = [&] {
+    EXPECT_FALSE(b.db().connessione_db.in_transazione());
+    if (++ceduto < 100) fasce.applica_fasce_orarie();
+  };
+  fasce.applica_fasce_orarie();
+  EXPECT_GT(ceduto, 1);
+  EXPECT_LT(ceduto, 10);
+  EXPECT_EQ(b.conta(coda), 2);
 }
 
 TEST_F(FasceTest, ChiEInCodaRestaComE) {
