@@ -95,6 +95,14 @@ TEST_F(InvioTest, CioCheFallisceRestaInCodaMaTieneIlPosto) {
   }
 }
 
+TEST_F(InvioTest, UnaMascheraCheNonSiCalcolaNonSiInvia) {
+  b.in_coda(t1, 1);
+  b.sql(QStringLiteral("alter table gruppi_tessera rename to via"));
+  EXPECT_EQ(invia(t1), 1);
+  EXPECT_TRUE(lokera.ricevuti.isEmpty());
+  EXPECT_EQ(b.conta(QStringLiteral("aggiorn_tessere_oper")), 1);
+}
+
 TEST_F(InvioTest, UnRecordDiChiaveNonHaMaschera) {
   posizione = 7;
   EXPECT_EQ(b.main().invio.invia_record_operatore(QStringLiteral("1000000007"), posizione, record_chiave), 0);

@@ -54,6 +54,7 @@ TEST_F(MascheraTest, UgualeAlMetodoSemplice) {
     b.chiave(QStringLiteral("%1").arg(5000 + i, 10, 10, QLatin1Char('0')), 1 + i % 3, i, i % 7);
   for (int g = 0; g < 7; ++g) {
     if (g % 3 == 0) b.fascia(1, g, QStringLiteral("Lunedì"), QTime(8, 0), QTime(9 + g, 30));
+    if (g % 3 == 0) b.fascia(1, g, QStringLiteral("Lunedì"), QTime(20, 0), QTime(21, 0));
     if (g % 2 == 0) b.fascia(2, g, QStringLiteral("Lunedì"), QTime(14, 0), QTime(18, 0));
     b.fascia(1, g, QStringLiteral("Martedì"), QTime(0, 0), QTime(1, 0));
   }

@@ -100,6 +100,18 @@ TEST(Ciclo, ConLaSessioneVivaUnaVisitaOgniDieciTick) {
   EXPECT_EQ(lokera.connessioni, 4);
 }
 
+TEST(Ciclo, ChiScaricaDuranteUnaVisitaNonNeIniziaUnAltra) {
+  Banco b;
+  b.lokera(1);
+  b.lokera(2);
+  LokeraFinta lokera(b.vm, QStringLiteral("127.0.0.2"), 10001, [&](const QByteArray& f) {
+    if (f.left(5) == "00010") b.main().mnuScarTrans_Click();
+    return buona(f);
+  });
+  b.main().Form_Load();
+  EXPECT_EQ(b.main().lblID.Caption(), QStringLiteral("1"));
+}
+
 TEST(Ciclo, ConUnAltraFinestraStaFermoMaLeFasceVanno) {
   Banco b;
   b.lokera(1);
@@ -126,6 +138,7 @@ TEST(Ciclo, UnaRigaDellaCodaCheFalliscaNonFermaLeAltre) {
   b.in_coda(QStringLiteral("0000000001"), 1);
   b.in_coda(QStringLiteral("0000000002"), 1);
   b.in_coda(QStringLiteral("0000000003"), 1, QStringLiteral("D"));
+  b.in_coda(QStringLiteral("0000000001"), 2);  // not this cabinet's
   b.in_coda(QStringLiteral("0000000009"), 1);  // no such card: not even shown
   QByteArray scritto;
   LokeraFinta lokera(b.vm, QStringLiteral("127.0.0.2"), 10001, [&](const QByteArray& f) -> QList<QByteArray> {
@@ -143,7 +156,7 @@ TEST(Ciclo, UnaRigaDellaCodaCheFalliscaNonFermaLeAltre) {
   EXPECT_EQ(coda.cella(2, u"esito"), QStringLiteral("OK"));
   EXPECT_EQ(coda.cella(1, u"descrizione"), QStringLiteral("operatore 0000000002"));
   EXPECT_EQ(b.main().ciclo.grdLokere.cella(0, u"errori"), QStringLiteral("0"));
-  EXPECT_EQ(b.conta(QStringLiteral("aggiorn_tessere_oper")), 2);
+  EXPECT_EQ(b.conta(QStringLiteral("aggiorn_tessere_oper")), 3);
 }
 
 TEST(Ciclo, UnSerialeCheNonVieneNonFermaLaVisita) {
