@@ -2,7 +2,6 @@
 #include <QDirIterator>
 #include <QFile>
 #include <QRegularExpression>
-#include <QSet>
 
 #include "aiuti/banco.h"
 
@@ -16,27 +15,18 @@ bool ha_parole(const QString& testo) {
   return testo.contains(parola);
 }
 
-QSet<QString> testi_tradotti(Connection& c) {
-  QSet<QString> tutti;
-  Recordset rs;
-  EXPECT_FALSE(rs.Open(u"select italiano, inglese from traduzioni"_s, c));
-  for (; !rs.eof(); (void)rs.MoveNext())
-    if (!rs.testo(u"inglese").trimmed().isEmpty()) tutti.insert(rs.testo(u"italiano").toCaseFolded());
+/// The Italian texts with a translation, or those without.
+QStringList testi(Banco& b, bool tradotti) {
+  const QString sql = u"select italiano from traduzioni where trim(coalesce(inglese, '')) %1 ''"_s.arg(
+      tradotti ? u"<>"_s : u"="_s);
+  QStringList tutti = righe(b.db().connessione_db, sql);
+  if (tradotti) return tutti.join(u'\n').toCaseFolded().split(u'\n');
+  tutti.removeIf([](const QString& t) { return !ha_parole(t); });
   return tutti;
 }
 
-QStringList senza_traduzione(Banco& b) {
-  QStringList mancanti;
-  Recordset rs;
-  EXPECT_FALSE(rs.Open(u"select italiano, inglese from traduzioni"_s, b.db().connessione_db));
-  for (; !rs.eof(); (void)rs.MoveNext())
-    if (rs.testo(u"inglese").trimmed().isEmpty() && ha_parole(rs.testo(u"italiano")))
-      mancanti += rs.testo(u"italiano");
-  return mancanti;
-}
-
 /// Captions that the translation of a whole window leaves alone, so that their window must see to them.
-QStringList lasciati_in_italiano(const Finestra& f, const QSet<QString>& tradotti) {
+QStringList lasciati_in_italiano(const Finestra& f, const QStringList& tradotti) {
   QStringList testi;
   for (Controllo* c : f.Controls()) {
     QString caption;
@@ -51,13 +41,13 @@ TEST(Traduzioni, NoWindowShowsATextThatTheTableLacks) {
   Banco b;
   b.lokera(1);
   b.sql(u"update parametri set lingua = 1, descrizione = '001'"_s);
-  const QSet<QString> tradotti = testi_tradotti(b.db().connessione_db);
+  const QStringList tradotti = testi(b, true);
   b.main().Form_Load();
   ASSERT_EQ(b.db().lingua_interfaccia, 1);
   for (const QString& nome : {u"frm_gruppi"_s, u"frm_gruppi_utenti"_s, u"frm_operatori"_s,
                               u"frm_fascie_orarie"_s, u"frm_traduzioni"_s})
     ASSERT_TRUE(b.console->finestre().apri(nome)) << nome.toStdString();
-  EXPECT_EQ(senza_traduzione(b).join(u"\n").toStdString(), "");
+  EXPECT_EQ(testi(b, false).join(u"\n").toStdString(), "");
   for (const Finestra* f : b.console->elenco().tutte())
     EXPECT_EQ(lasciati_in_italiano(*f, tradotti).join(u'\n').toStdString(), "") << f->nome().toStdString();
 }
@@ -75,7 +65,7 @@ QStringList testi_di(const QString& sorgente) {
 
 TEST(Traduzioni, NoMessageHasATextThatTheTableLacks) {
   Banco b;
-  const QSet<QString> tradotti = testi_tradotti(b.db().connessione_db);
+  const QStringList tradotti = testi(b, true);
   int visti = 0;
   QDirIterator sorgenti(QStringLiteral(LOKERA_SRC), {u"*.cpp"_s, u"*.h"_s}, QDir::Files,
                         QDirIterator::Subdirectories);
