@@ -65,7 +65,7 @@ TEST_F(CabinetServerTest, MisbehavesAsTold) {
       {"dropped", {.cade = 1000}, {bene.first(5)}, {bene.first(5)}, false},
       {"late", {.ritarda = 1000, .ritardo_ms = 4000}, {}, {bene}, true},
       {"split", {.spezza = 1000}, {bene.first(5)}, {bene.first(5), bene.sliced(5)}, true},
-      {"slow", {.lento_ms = 2000}, {}, {bene, bene}, true},
+      {"slow", {.lento_ms = 2000}, {}, {bene, componi_frame("00039000000")}, true},
   };
   for (const auto& caso : tabella) {
     SCOPED_TRACE(caso.nome);
@@ -75,7 +75,7 @@ TEST_F(CabinetServerTest, MisbehavesAsTold) {
     if (canale->aperto()) canale->ricevi(prova);
     EXPECT_EQ(canale->mandati, caso.subito);
     passa(1500);
-    if (caso.comportamento.lento_ms > 0) canale->ricevi(prova);
+    if (caso.comportamento.lento_ms > 0) canale->ricevi("000393A\r");
     passa(2500);
     EXPECT_EQ(canale->mandati, caso.dopo);
     EXPECT_EQ(canale->aperto(), caso.aperto);
