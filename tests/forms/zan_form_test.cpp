@@ -107,7 +107,7 @@ TEST_F(Legami, ControlsGoBackIntoTheRecord) {
 
 TEST_F(Legami, ALockKeepsOthersOutUntilItIsReleasedOrStale) {
   vm.orologio().imposta(QDateTime(QDate(2008, 11, 20), QTime(9, 0)));
-  EXPECT_TRUE(blocca(u"anna"_s));
+  EXPECT_TRUE(blocca(u"ANNA"_s));
   EXPECT_TRUE(blocca(u"anna"_s, u" 7 "_s)) << "renewed by its own user";
   EXPECT_FALSE(blocca(u"ugo"_s));
   EXPECT_EQ(messaggi.testi(), QStringList(u"Record 7 già bloccato dall'utente anna\rAccesso negato!"_s));

@@ -42,6 +42,8 @@ TEST(ConvertiSql, TabellaDiConversioni) {
        "SELECT * FROM T WHERE A <= 'X' AND B NOT LIKE 'Y%'"},
       {"Access", "select * from t where a in('x','y') and b='straße è'",
        "SELECT * FROM T WHERE A IN ('X','Y') AND B = 'STRAßE È'"},
+      {"Access", "select * from t where a in ('x','y') and b = 'l','z'",
+       "SELECT * FROM T WHERE A IN ('X','Y') AND B = 'L'','Z'"},
       {"Access", "insert into t values ('x','y')", "INSERT INTO T VALUES ('X','Y')"},
       {"sql", "select * from t where d >= #12/25/2008# and o = #08:30# and a = 'd'x'",
        "SELECT * FROM T WHERE D >= '25/12/2008' AND O = '08:30' AND A = 'D''X'"},

@@ -96,6 +96,10 @@ TEST_F(Righe, UnaModificaRifiutataRestaInSospeso) {
   ASSERT_FALSE(rs.MoveNext());
   EXPECT_EQ(rs.testo(u"codice"), u"0000000002"_s);
   EXPECT_EQ(leggi("select gruppo from tessere_operatori order by codice"), (QStringList{"2", "1"}));
+  ASSERT_EQ(esegui("update tessere_operatori set valido_al = #2/1/2008#"), QString());
+  ASSERT_FALSE(rs.imposta(u"gruppo", 3));
+  ASSERT_FALSE(rs.Update());  // writes what was set here, and leaves another console's columns alone
+  EXPECT_EQ(leggi("select count(valido_al) from tessere_operatori"), QStringList{"2"});
   ASSERT_EQ(esegui("delete from tessere_operatori"), QString());
   ASSERT_FALSE(rs.imposta(u"gruppo", 3));
   EXPECT_TRUE(rs.Update().descrizione.contains(u"cancellato"_s));
