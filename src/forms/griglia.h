@@ -1,6 +1,8 @@
 #pragma once
 
+#include <QHash>
 #include <QString>
+#include <QVariant>
 
 #include <functional>
 #include <vector>
@@ -73,12 +75,17 @@ class griglia {
   bool popolamento_fallito(const Errore& errore);
   void annota(const Errore& errore);
   void salva_cella(Recordset& rs, int riga, int colonna, int indice);
-  bool salva_riga(Recordset& rs, int riga, const QStringList& valori, const Completa& completa);
+  bool salva_riga(Recordset& rs, int riga, const std::vector<int>& indici, const QStringList& valori,
+                  const Completa& completa);
+  void salva_record(Recordset& rs, int riga, const std::vector<int>& indici);
+  QVariant data_letta(const QString& testo);
+  std::vector<int> indici(const Recordset& rs) const;  ///< the field of each column, -1 for none
   Errore riscrivi(Connection& conn, const TabellaDaLista& tabella);
 
   SSOleDBGrid& grd_;
   ServiziGriglia& servizi_;
   bool errore_salvataggio_ = false;
+  QHash<QString, QVariant> date_lette_;  ///< of the save under way
   int riga_rifiutata_ = -1;
   Errore errore_;  ///< the first of the last saving
 };

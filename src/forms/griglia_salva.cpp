@@ -44,28 +44,46 @@ void griglia::salva_cella(Recordset& rs, int riga, int colonna, int indice) {
   if (grd_.Columns(colonna).stile == StileCella::spunta)
     return annota(rs.imposta(indice, testo == testo_spuntato));
   const TipoCampo tipo = rs.campo(indice).tipo;
+  if (tipo == TipoCampo::data) return annota(rs.imposta(indice, data_letta(testo)));
   if (!e_numero(tipo)) return annota(rs.imposta(indice, valore(testo, tipo)));
   const auto letto = leggi_numero(testo);
   if (!letto) grd_.imposta_cella(riga, colonna, QStringLiteral("0"));
   annota(rs.imposta(indice, numero(letto.value_or(0))));
 }
 
-void griglia::salva_record(Recordset& rs, int riga) {
+// The same hours come again and again in one list.
+QVariant griglia::data_letta(const QString& testo) {
+  const auto nota = date_lette_.constFind(testo);
+  return nota != date_lette_.cend() ? *nota : *date_lette_.insert(testo, data(testo));
+}
+
+std::vector<int> griglia::indici(const Recordset& rs) const {
+  std::vector<int> campi;
   for (int i = 0; i < grd_.Cols(); ++i) {
     const QString& nome = grd_.Columns(i).campo;
-    const int indice = nome.isEmpty() ? -1 : rs.indice(nome);
-    if (indice >= 0) salva_cella(rs, riga, i, indice);
+    campi.push_back(nome.isEmpty() ? -1 : rs.indice(nome));
   }
+  return campi;
+}
+
+void griglia::salva_record(Recordset& rs, int riga) {
+  salva_record(rs, riga, indici(rs));
+}
+
+void griglia::salva_record(Recordset& rs, int riga, const std::vector<int>& indici) {
+  for (size_t i = 0; i < indici.size(); ++i)
+    if (indici[i] >= 0) salva_cella(rs, riga, static_cast<int>(i), indici[i]);
   pulisci_valori(rs);
 }
 
-bool griglia::salva_riga(Recordset& rs, int riga, const QStringList& valori, const Completa& completa) {
+bool griglia::salva_riga(Recordset& rs, int riga, const std::vector<int>& indici, const QStringList& valori,
+                         const Completa& completa) {
   if (rs.AddNew()) return true;  // the row is dropped
   for (qsizetype i = 0; i + 1 < valori.size(); i += 2) {
     const int campo = rs.indice(valori[i]);
     if (campo >= 0) annota(rs.imposta(valori[i], valore(valori[i + 1], rs.campo(campo).tipo)));
   }
-  salva_record(rs, riga);
+  salva_record(rs, riga, indici);
   if (completa) completa(rs, riga);
   // A cell that the record didn't take must not be stored as something else.
   if (!errore_) errore_ = rs.Update();
@@ -80,9 +98,11 @@ bool griglia::scrivi_tutto(Recordset& rs, const QString& valori, const Completa&
   grd_.Update();
   grd_.Row(0);
   const QStringList coppie = valori.isEmpty() ? QStringList() : valori.split(u'\t');
+  const std::vector<int> campi = indici(rs);
   for (int riga = 0; riga < grd_.Rows() && riga_rifiutata_ < 0; ++riga)
-    if (!salva_riga(rs, riga, coppie, completa)) riga_rifiutata_ = riga;
+    if (!salva_riga(rs, riga, campi, coppie, completa)) riga_rifiutata_ = riga;
   rs.Close();
+  date_lette_.clear();
   errore_salvataggio_ = riga_rifiutata_ >= 0;
   return !errore_salvataggio_;
 }
