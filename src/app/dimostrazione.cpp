@@ -2,6 +2,7 @@
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QDir>
+#include <QSet>
 #include <QTimer>
 
 #include <cstdio>
@@ -70,6 +71,15 @@ class Schermate {
   int numero_ = 0;
 };
 
+/// The colours of the panel's lamps, which its pictures are told apart by.
+QList<quint32> colori(const lokera::PannelloLive& p) {
+  QList<quint32> colori;
+  for (const lokera::Shape* lampada : {&p.ShapeP, &p.ShapeSX, &p.ShapeDX, &p.lampade_esito_5,
+                                       &p.lampade_esito_6, &p.lampade_esito_7, &p.lampade_esito_8})
+    colori.append(static_cast<quint32>(lampada->FillColor()));
+  return colori;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -82,7 +92,13 @@ int main(int argc, char** argv) {
   lokera::frm_Main& principale = avvio.console().principale();
   Schermate schermate(*avvio.schermo().forma(principale), opzioni.schermate);
   lokera::Cronaca cronaca(principale, *avvio.schermo().collegamento(principale), stdout);
-  cronaca.Pannello = [&schermate](const QString&) { schermate.scatta(u"pannello"_s); };
+  QSet<QList<quint32>> visti;
+  cronaca.Pannello = [&](const QString&) {
+    const QList<quint32> ora = colori(principale.pannello);
+    if (visti.contains(ora)) return;
+    visti.insert(ora);
+    schermate.scatta(u"pannello"_s);
+  };
   QTimer intervallo;
   intervallo.callOnTimeout([&schermate] { schermate.scatta(u"principale"_s); });
   intervallo.start(opzioni.ogni * 1000);
