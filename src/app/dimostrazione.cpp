@@ -72,11 +72,11 @@ class Schermate {
 };
 
 /// The colours of the panel's lamps, which its pictures are told apart by.
-QList<quint32> colori(const lokera::PannelloLive& p) {
-  QList<quint32> colori;
+QList<lokera::Colore> colori(const lokera::PannelloLive& p) {
+  QList<lokera::Colore> colori;
   for (const lokera::Shape* lampada : {&p.ShapeP, &p.ShapeSX, &p.ShapeDX, &p.lampade_esito_5,
                                        &p.lampade_esito_6, &p.lampade_esito_7, &p.lampade_esito_8})
-    colori.append(static_cast<quint32>(lampada->FillColor()));
+    colori.append(lampada->FillColor());
   return colori;
 }
 
@@ -92,9 +92,9 @@ int main(int argc, char** argv) {
   lokera::frm_Main& principale = avvio.console().principale();
   Schermate schermate(*avvio.schermo().forma(principale), opzioni.schermate);
   lokera::Cronaca cronaca(principale, *avvio.schermo().collegamento(principale), stdout);
-  QSet<QList<quint32>> visti;
+  QSet<QList<lokera::Colore>> visti;
   cronaca.Pannello = [&](const QString&) {
-    const QList<quint32> ora = colori(principale.pannello);
+    const QList<lokera::Colore> ora = colori(principale.pannello);
     if (visti.contains(ora)) return;
     visti.insert(ora);
     schermate.scatta(u"pannello"_s);
