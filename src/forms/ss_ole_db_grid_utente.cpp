@@ -52,6 +52,7 @@ int SSOleDBGrid::utente_aggiunge_riga() {
   if (vista_) vista_->righe_aggiunte(riga, 1);
   Row(riga);
   nuova_ = riga_;
+  vai(cella_dopo({riga_, -1}));  // whatever column the user came from, a row is written from its start
   return riga_;
 }
 
@@ -109,8 +110,7 @@ bool SSOleDBGrid::utente_avanti() {
   if (vista_) vista_->modifica_da_confermare();
   if (const auto dopo = cella_dopo({riga_, col_})) return vai(dopo);
   if (nuova_ >= 0 && nuova_ == riga_) return false;  // one empty row at the end is enough
-  const int riga = utente_aggiunge_riga();
-  return riga >= 0 && vai(cella_dopo({riga, -1}));
+  return utente_aggiunge_riga() >= 0;
 }
 
 bool SSOleDBGrid::utente_indietro() {

@@ -99,12 +99,15 @@ void DelegatoLista::updateEditorGeometry(QWidget* editor, const QStyleOptionView
 bool DelegatoLista::eventFilter(QObject* oggetto, QEvent* evento) {
   auto* editor = qobject_cast<QWidget*>(oggetto);
   if (!editor || evento->type() != QEvent::KeyPress) return QStyledItemDelegate::eventFilter(oggetto, evento);
-  const int tasto = static_cast<QKeyEvent*>(evento)->key();
+  const auto& battuta = *static_cast<QKeyEvent*>(evento);
+  const int tasto = battuta.key();
   const bool in_avanti = tasto == Qt::Key_Return || tasto == Qt::Key_Enter || tasto == Qt::Key_Tab;
   if (!in_avanti && tasto != Qt::Key_Backtab) return QStyledItemDelegate::eventFilter(oggetto, evento);
   Q_EMIT commitData(editor);
   Q_EMIT closeEditor(editor);
-  if (in_avanti)
+  if (battuta.modifiers().testFlag(Qt::ControlModifier))
+    Q_EMIT esce(in_avanti);
+  else if (in_avanti)
     Q_EMIT avanti();
   else
     Q_EMIT indietro();

@@ -22,8 +22,9 @@ class DelegatoLista : public QStyledItemDelegate {
   bool eventFilter(QObject* oggetto, QEvent* evento) override;
 
  Q_SIGNALS:
-  void avanti();    ///< Return or Tab in the cell, after its edit was handed over
-  void indietro();  ///< Shift+Tab
+  void avanti();              ///< Return or Tab in the cell, after its edit was handed over
+  void indietro();            ///< Shift+Tab
+  void esce(bool in_avanti);  ///< Ctrl+Tab, likewise with Shift: out of the list
 
  private:
   QWidget* crea_scelta(QWidget* padre, const QModelIndex& indice) const;

@@ -35,6 +35,8 @@ void TabellaLista::collega(SSOleDBGrid& grd) {
   setItemDelegate(delegato);
   connect(delegato, &DelegatoLista::avanti, this, &TabellaLista::avanti);
   connect(delegato, &DelegatoLista::indietro, this, &TabellaLista::indietro);
+  connect(delegato, &DelegatoLista::esce, this,
+          [this](bool in_avanti) { QTableView::focusNextPrevChild(in_avanti); });
   connect(modello_, &ModelloGriglia::corrente, this, &TabellaLista::segui);
   connect(modello_, &ModelloGriglia::conferma, this, &TabellaLista::conferma);
   connect(modello_, &QAbstractItemModel::modelReset, this, &TabellaLista::disponi_colonne);

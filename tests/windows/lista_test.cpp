@@ -96,6 +96,18 @@ TEST_F(ListaDisegnata, ReturnHandsTheEditOverAndGoesOnToANewRow) {
   EXPECT_EQ(tabella().model()->rowCount(), 2);
 }
 
+TEST_F(ListaDisegnata, NewRowIsWrittenFromItsStartAndCtrlTabLeavesTheListOutOfACell) {
+  r->grd.utente_sceglie(1, 1);
+  premi(tabella(), Qt::Key_Down);
+  EXPECT_EQ(tabella().currentIndex(), tabella().model()->index(2, 0));
+  r->grd.utente_sceglie(1, 1);
+  premi(tabella(), Qt::Key_F2);
+  editor<QLineEdit>().setText(u"nuovo"_s);
+  premi(editor<QLineEdit>(), Qt::Key_Tab, {}, Qt::ControlModifier);
+  EXPECT_EQ(riga(1).at(1), u"nuovo"_s);
+  EXPECT_EQ(QApplication::focusWidget(), forma->findChild<QPushButton*>());
+}
+
 TEST_F(ListaDisegnata, EscapeKeepsTheCellAndDeleteTakesTheRow) {
   r->grd.utente_sceglie(0, 1);
   premi(tabella(), Qt::Key_F2);
