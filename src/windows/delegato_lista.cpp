@@ -15,11 +15,13 @@ namespace lokera {
 
 namespace {
 
-/// The entry that the text of a choice means: the one that was picked, or whose value was typed; -1 for none.
+/// The entry that the text of a choice means: the one that was picked or completed while typing, or whose
+/// value was typed; -1 for none.
 int voce_scelta(const QComboBox& scelta, const SSOleDBDropDown& elenco) {
   const int corrente = scelta.currentIndex();
   const QString testo = scelta.currentText();
   if (corrente >= 0 && scelta.itemText(corrente) == testo) return corrente;
+  if (const int completata = scelta.findText(testo, Qt::MatchFixedString); completata >= 0) return completata;
   const auto& voci = elenco.voci();
   const auto it = std::ranges::find_if(voci, [&testo](const QStringList& voce) {
     return voce.value(0).trimmed().compare(testo.trimmed(), Qt::CaseInsensitive) == 0;

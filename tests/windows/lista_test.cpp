@@ -149,6 +149,10 @@ TEST_F(ListaDisegnata, ChoiceIsPickedOrTyped) {
   premi(scelta, Qt::Key_Return);
   EXPECT_EQ(riga(0).at(0), u"20"_s);
   EXPECT_EQ(chiusi, 1);
+  r->grd.utente_sceglie(0, 0);
+  premi(tabella(), Qt::Key_1, u"1"_s);
+  premi(editor<QComboBox>(), Qt::Key_Return);
+  EXPECT_EQ(riga(0).at(0), u"10"_s) << "what the first letters were completed to";
 }
 
 TEST_F(ListaDisegnata, EitherEndMayGoFirst) {
