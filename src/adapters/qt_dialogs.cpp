@@ -30,8 +30,9 @@ void QtMessageBox::mostra(const QString& testo, const QString& titolo) {
 
 bool QtMessageBox::chiedi(const QString& testo, const QString& titolo) {
   const auto box = crea_box(QMessageBox::Question, testo, titolo);
-  const QPushButton* si = box->addButton(QStringLiteral("Sì"), QMessageBox::YesRole);
-  QPushButton* no = box->addButton(QStringLiteral("No"), QMessageBox::NoRole);
+  // Qt's own buttons: they are in the language of the interface, as its file dialogs are.
+  const QPushButton* si = box->addButton(QMessageBox::Yes);
+  QPushButton* no = box->addButton(QMessageBox::No);
   box->setDefaultButton(no);
   box->setEscapeButton(no);
   box->exec();

@@ -2,10 +2,12 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QDir>
+#include <QLibraryInfo>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTimer>
+#include <QTranslator>
 
 #include <gtest/gtest.h>
 
@@ -75,19 +77,25 @@ Visto rispondi_con(const QString& bottone, const std::function<void()>& apri) {
   return visto;
 }
 
-TEST(QtMessageBox, asks_in_italian_with_No_as_default_and_shows_text_as_it_stands) {
+TEST(QtMessageBox, asks_in_its_language_with_No_as_default_and_shows_text_as_it_stands) {
   QtMessageBox box;
   const QString testo = QStringLiteral("Cancellare <b>%1</b>?").arg(QStringLiteral("dell'acqua"));
   bool risposta = false;
   const auto chiedi = [&] { risposta = box.chiedi(testo, QStringLiteral("Errore")); };
-  const Visto visto = rispondi_con(QStringLiteral("Sì"), chiedi);
+  const Visto visto = rispondi_con(QStringLiteral("&Yes"), chiedi);
   EXPECT_TRUE(risposta);
   EXPECT_EQ(visto.testo, testo);
   EXPECT_EQ(visto.titolo, QStringLiteral("Errore"));
-  EXPECT_EQ(visto.predefinito, QStringLiteral("No"));
+  EXPECT_EQ(visto.predefinito, QStringLiteral("&No"));
   EXPECT_EQ(visto.bottoni.size(), 2);
-  rispondi_con(QStringLiteral("No"), chiedi);
+  rispondi_con(QStringLiteral("&No"), chiedi);
   EXPECT_FALSE(risposta);
+  QTranslator italiano;
+  ASSERT_TRUE(italiano.load(u"qtbase_it"_qs, QLibraryInfo::path(QLibraryInfo::TranslationsPath)));
+  QCoreApplication::installTranslator(&italiano);
+  rispondi_con(QStringLiteral("&Sì"), chiedi);
+  EXPECT_TRUE(risposta);
+  QCoreApplication::removeTranslator(&italiano);
   rispondi_con(QString(), chiedi);
   EXPECT_FALSE(risposta);
   EXPECT_EQ(rispondi_con(QStringLiteral("OK"), [&] { box.mostra(testo, {}); }).bottoni,
