@@ -17,7 +17,6 @@ TabellaLista::TabellaLista(QWidget* padre) : QTableView(padre) {
   verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
   verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 7);
   verticalHeader()->setMinimumSectionSize(10);
-  horizontalHeader()->setStretchLastSection(true);
   horizontalHeader()->setHighlightSections(false);
   setSelectionBehavior(SelectRows);
   setSelectionMode(ExtendedSelection);
@@ -50,10 +49,15 @@ void TabellaLista::scollega(bool vive) {
 
 void TabellaLista::disponi_colonne() {
   if (!grd()) return;
+  // Words may take the room that is left; an hour or a number would stand far from its row's others.
+  bool allarga = false;
   for (int i = 0; i < grd()->Cols(); ++i) {
-    setColumnHidden(i, !grd()->Columns(i).Visible);
-    setColumnWidth(i, grd()->Columns(i).Width / unita_per_pixel);
+    const Colonna& c = grd()->Columns(i);
+    setColumnHidden(i, !c.Visible);
+    setColumnWidth(i, c.Width / unita_per_pixel);
+    if (c.Visible) allarga = c.allineamento == Allineamento::sinistra && c.stile == StileCella::testo;
   }
+  horizontalHeader()->setStretchLastSection(allarga);
   segui(grd()->Row());
 }
 
@@ -155,14 +159,16 @@ void TabellaLista::keyPressEvent(QKeyEvent* evento) {
     QTableView::keyPressEvent(evento);
 }
 
+// Beside a row's last cell the row is meant, below the last row a new one.
 void TabellaLista::mousePressEvent(QMouseEvent* evento) {
-  const bool vuoto = evento->button() == Qt::LeftButton && !indexAt(evento->position().toPoint()).isValid();
-  if (vuoto && grd()) {
-    conferma();
+  const QPoint dove = evento->position().toPoint();
+  if (evento->button() != Qt::LeftButton || indexAt(dove).isValid() || !grd())
+    return QTableView::mousePressEvent(evento);
+  conferma();
+  if (const int riga = rowAt(dove.y()); riga >= 0)
+    setCurrentIndex(modello_->index(riga, grd()->Col()));
+  else
     grd()->utente_aggiunge_riga();
-    return;
-  }
-  QTableView::mousePressEvent(evento);
 }
 
 void TabellaLista::mouseReleaseEvent(QMouseEvent* evento) {

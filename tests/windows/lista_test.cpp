@@ -106,6 +106,12 @@ TEST_F(ListaDisegnata, NewRowIsWrittenFromItsStartAndCtrlTabLeavesTheListOutOfAC
   premi(editor<QLineEdit>(), Qt::Key_Tab, {}, Qt::ControlModifier);
   EXPECT_EQ(riga(1).at(1), u"nuovo"_s);
   EXPECT_EQ(QApplication::focusWidget(), forma->findChild<QPushButton*>());
+  const QRect prima = tabella().visualRect(tabella().model()->index(0, 3));
+  const QPointF accanto(prima.right() + 20, prima.center().y());
+  QMouseEvent clic(QEvent::MouseButtonPress, accanto, accanto, Qt::LeftButton, Qt::LeftButton, {});
+  QApplication::sendEvent(tabella().viewport(), &clic);
+  EXPECT_EQ(r->grd.Row(), 0) << "beside a row is no new row";
+  EXPECT_EQ(r->grd.Rows(), 2);
 }
 
 TEST_F(ListaDisegnata, EscapeKeepsTheCellAndDeleteTakesTheRow) {
