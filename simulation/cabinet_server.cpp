@@ -80,7 +80,8 @@ void CabinetServer::accetta(const std::shared_ptr<Canale>& canale) {
   canale->Arrivo = [this, debole](QByteArrayView pezzo) {
     const auto viva = debole.lock();
     if (!viva) return;
-    viva->pezzi.arriva(pezzo, [&](const QByteArray& f) { frame(*viva, f); });
+    viva->pezzi.arriva(pezzo);
+    while (viva->pezzi.pronto()) frame(*viva, viva->pezzi.prendi());
   };
   canale->Caduta = [this, debole] { lascia(debole.lock().get()); };
 }

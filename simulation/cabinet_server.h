@@ -4,6 +4,7 @@
 #include <memory>
 #include <vector>
 
+#include "platform/ricompositore.h"
 #include "simulation/comportamento.h"
 #include "simulation/sessione_viva.h"
 #include "simulation/uscita.h"

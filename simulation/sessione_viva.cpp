@@ -64,11 +64,12 @@ bool SessioneViva::presenta(Richiesta richiesta, AllaFine alla_fine) {
 }
 
 void SessioneViva::arrivo(QByteArrayView pezzo) {
-  pezzi_.arriva(pezzo, [this](const QByteArray& f) { frame(f); });
+  pezzi_.arriva(pezzo);
+  while (pezzi_.pronto()) frame(pezzi_.prendi());
 }
 
-// Only the answer that is waited for counts, and only whole: one that comes after its limit finds another state,
-// and a grant never comes out of a garbled one.
+// Only the answer that is waited for counts, and only whole: one that comes after its limit finds another
+// state, and a grant never comes out of a garbled one.
 void SessioneViva::frame(const QByteArray& frame) {
   if (Parla) Parla('<', frame);
   if (codice_.isEmpty() || frame.size() < 8 || codice_comando(frame) != codice_) return;

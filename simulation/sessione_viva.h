@@ -4,10 +4,10 @@
 #include <memory>
 
 #include "platform/clock.h"
+#include "platform/ricompositore.h"
 #include "platform/timer.h"
 #include "simulation/cabinet.h"
 #include "simulation/rete.h"
-#include "simulation/ricompositore.h"
 
 namespace lokera::simulazione {
 

@@ -1,5 +1,7 @@
 #include "simulation/virtual_winsock.h"
 
+#include "platform/ricompositore.h"
+
 namespace lokera {
 
 namespace {
@@ -38,8 +40,8 @@ class VirtualWinsock : public Winsock, private CapoFilo {
   }
 
   QByteArray GetData() override {
-    if (arrivi_.isEmpty()) return {};
-    return protocollo_ == Protocol::udp ? arrivi_.takeFirst() : std::exchange(arrivi_, {}).join();
+    if (protocollo_ == Protocol::tcp) return frame_.prendi();
+    return datagrammi_.isEmpty() ? QByteArray() : datagrammi_.takeFirst();
   }
 
   void Close() override { chiudi(); }
@@ -55,17 +57,53 @@ class VirtualWinsock : public Winsock, private CapoFilo {
 
   void chiudi() {
     if (filo_) std::exchange(filo_, {})->stacca(Lato::console);
-    arrivi_.clear();
+    frame_.svuota();
+    datagrammi_.clear();
+    vita_ = std::make_shared<char>();
+    annunciato_ = false;
     stato_ = socket_chiuso;
   }
 
   void connesso() override { stato_ = socket_connesso; }
 
   void arriva(const QByteArray& dati) override {
-    arrivi_.append(dati);
-    qsizetype totale = 0;
-    for (const QByteArray& arrivo : std::as_const(arrivi_)) totale += arrivo.size();
-    if (const auto evento = DataArrival) evento(totale);
+    if (protocollo_ == Protocol::udp) {
+      datagrammi_.append(dati);
+    } else {
+      frame_.arriva(dati);
+      aspetta_resto();
+    }
+    annuncia();
+  }
+
+  // Each arrival starts the time anew.
+  void aspetta_resto() {
+    if (!frame_.resto()) return;
+    const int arrivo = ++arrivi_;
+    rete_.ciclo().fra(Ricompositore::attesa_resto, [this, arrivo, vivo = std::weak_ptr(vita_)] {
+      if (vivo.expired() || arrivo != arrivi_) return;
+      frame_.consegna_resto();
+      annuncia();
+    });
+  }
+
+  qsizetype quanti() const { return protocollo_ == Protocol::tcp ? frame_.quanti() : datagrammi_.size(); }
+
+  // One event for each frame, the next one also while the handler of this one waits.
+  void annuncia() {
+    if (quanti() == 0 || std::exchange(annunciato_, true)) return;
+    rete_.ciclo().fra(Monotonic(0), [this, vivo = std::weak_ptr(vita_)] {
+      if (!vivo.expired()) consegna();
+    });
+  }
+
+  void consegna() {
+    annunciato_ = false;
+    const qsizetype prima = quanti();
+    if (prima == 0) return;
+    if (prima > 1) annuncia();
+    const qsizetype lungo = protocollo_ == Protocol::tcp ? frame_.lunghezza() : datagrammi_.first().size();
+    if (const auto evento = DataArrival) evento(lungo);
   }
 
   void caduta() override { stato_ = stato_ == socket_connesso ? socket_lasciato : socket_in_errore; }
@@ -77,7 +115,11 @@ class VirtualWinsock : public Winsock, private CapoFilo {
   quint16 porta_ = 0;
   int stato_ = socket_chiuso;
   std::shared_ptr<VirtualFilo> filo_;
-  QList<QByteArray> arrivi_;  // datagrams one by one, a stream in the pieces in which it came
+  Ricompositore frame_;
+  QList<QByteArray> datagrammi_;
+  std::shared_ptr<char> vita_ = std::make_shared<char>();  // ends at Close, and what was posted with it
+  int arrivi_ = 0;
+  bool annunciato_ = false;
 };
 
 }  // namespace

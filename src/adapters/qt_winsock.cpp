@@ -1,7 +1,6 @@
 #include "adapters/qt_winsock.h"
 
 #include <QNetworkDatagram>
-#include <QPointer>
 #include <QSysInfo>
 
 namespace lokera {
@@ -19,6 +18,10 @@ QtWinsock::QtWinsock() {
   // The frames are a few bytes each way: no gathering of small packets.
   QObject::connect(&tcp_, &QTcpSocket::connected, &posta_,
                    [this] { tcp_.setSocketOption(QAbstractSocket::LowDelayOption, 1); });
+  resto_.setSingleShot(true);
+  resto_.setTimerType(Qt::PreciseTimer);
+  resto_.setInterval(Ricompositore::attesa_resto);
+  QObject::connect(&resto_, &QTimer::timeout, &posta_, [this] { resto_scaduto(); });
 }
 
 QtWinsock::~QtWinsock() {
@@ -47,14 +50,15 @@ void QtWinsock::manda_datagramma(QByteArrayView dati) {
 }
 
 QByteArray QtWinsock::GetData() {
-  if (protocollo_ == Protocol::tcp) return std::exchange(arrivato_, {});
+  if (protocollo_ == Protocol::tcp) return frame_.prendi();
   return datagrammi_.isEmpty() ? QByteArray() : datagrammi_.takeFirst();
 }
 
 void QtWinsock::Close() {
   tcp_.abort();
   udp_.abort();
-  arrivato_.clear();
+  resto_.stop();
+  frame_.svuota();
   datagrammi_.clear();
 }
 
@@ -79,29 +83,44 @@ QString QtWinsock::LocalHostName() const {
 }
 
 void QtWinsock::leggi_tcp() {
-  if (tcp_.isOpen()) arrivato_ += tcp_.readAll();
-  if (!arrivato_.isEmpty()) annuncia();
+  if (!tcp_.isOpen()) return;
+  const QByteArray dati = tcp_.readAll();
+  if (dati.isEmpty()) return;
+  frame_.arriva(dati);
+  if (frame_.resto())
+    resto_.start();
+  else
+    resto_.stop();
+  annuncia();
+}
+
+void QtWinsock::resto_scaduto() {
+  frame_.consegna_resto();
+  annuncia();
 }
 
 void QtWinsock::leggi_udp() {
   while (udp_.hasPendingDatagrams()) datagrammi_.append(udp_.receiveDatagram().data());
-  if (!datagrammi_.isEmpty()) annuncia();
+  annuncia();
+}
+
+qsizetype QtWinsock::quanti() const {
+  return protocollo_ == Protocol::tcp ? frame_.quanti() : datagrammi_.size();
 }
 
 void QtWinsock::annuncia() {
-  if (std::exchange(annunciato_, true)) return;
+  if (quanti() == 0 || std::exchange(annunciato_, true)) return;
   QMetaObject::invokeMethod(
       &posta_, [this] { consegna(); }, Qt::QueuedConnection);
 }
 
 void QtWinsock::consegna() {
   annunciato_ = false;  // first: while the handler waits, what comes must be announced again
-  const qsizetype datagrammi = datagrammi_.size();
-  const qsizetype totale = arrivato_.size() + (datagrammi > 0 ? datagrammi_.first().size() : 0);
-  if (totale == 0 && datagrammi == 0) return;  // closed, or fetched already
-  const QPointer<QObject> vivo(&posta_);
-  if (const auto evento = DataArrival) evento(totale);
-  if (vivo && !datagrammi_.isEmpty() && datagrammi_.size() < datagrammi) annuncia();
+  const qsizetype prima = quanti();
+  if (prima == 0) return;  // closed, or fetched already
+  if (prima > 1) annuncia();
+  const qsizetype lungo = protocollo_ == Protocol::tcp ? frame_.lunghezza() : datagrammi_.first().size();
+  if (const auto evento = DataArrival) evento(lungo);
 }
 
 }  // namespace lokera

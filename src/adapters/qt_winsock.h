@@ -2,8 +2,10 @@
 
 #include <QList>
 #include <QTcpSocket>
+#include <QTimer>
 #include <QUdpSocket>
 
+#include "platform/ricompositore.h"
 #include "platform/winsock.h"
 
 namespace lokera {
@@ -31,6 +33,8 @@ class QtWinsock : public Winsock {
   void manda_datagramma(QByteArrayView dati);
   void leggi_tcp();
   void leggi_udp();
+  void resto_scaduto();
+  qsizetype quanti() const;
   void annuncia();
   void consegna();
 
@@ -39,8 +43,9 @@ class QtWinsock : public Winsock {
   quint16 porta_ = 0;
   QTcpSocket tcp_;
   QUdpSocket udp_;
-  QByteArray arrivato_;           // of a stream
-  QList<QByteArray> datagrammi_;  // fetched and announced one by one
+  Ricompositore frame_;
+  QTimer resto_;
+  QList<QByteArray> datagrammi_;
   bool annunciato_ = false;
   QObject posta_;  // what posted announcements go to; they end with it
 };

@@ -3,45 +3,18 @@
 #include <QStringList>
 
 #include <algorithm>
-#include <array>
-#include <cstdint>
-#include <cstring>
+
+#include "platform/blocco_controllo.h"
 
 namespace lokera {
 
-namespace {
-
-// Eight characters at a time; the fold at the end brings the lanes together.
-std::uint8_t xor_di(const char* p, qsizetype n) {
-  std::array<std::uint64_t, 4> corsie{};
-  for (; n >= 32; p += 32, n -= 32) {
-    std::array<std::uint64_t, 4> blocco;
-    std::memcpy(blocco.data(), p, sizeof blocco);
-    for (size_t i = 0; i < 4; ++i) corsie[i] ^= blocco[i];
-  }
-  std::uint64_t totale = corsie[0] ^ corsie[1] ^ corsie[2] ^ corsie[3];
-  totale ^= totale >> 32;
-  totale ^= totale >> 16;
-  totale ^= totale >> 8;
-  auto bcc = static_cast<std::uint8_t>(totale);
-  for (; n > 0; ++p, --n) bcc = static_cast<std::uint8_t>(bcc ^ static_cast<std::uint8_t>(*p));
-  return bcc;
-}
-
-std::array<char, 2> cifre(std::uint8_t bcc) {
-  constexpr char esadecimali[] = "0123456789ABCDEF";
-  return {esadecimali[bcc >> 4], esadecimali[bcc & 15]};
-}
-
-}  // namespace
-
 QByteArray calcola_bcc(QByteArrayView testo) {
-  const auto bcc = cifre(xor_di(testo.data(), testo.size()));
+  const auto bcc = blocco_controllo(testo);
   return {bcc.data(), 2};
 }
 
 QByteArray componi_frame(QByteArrayView testo) {
-  const auto bcc = cifre(xor_di(testo.data(), testo.size()));
+  const auto bcc = blocco_controllo(testo);
   QByteArray frame(testo.size() + 3, Qt::Uninitialized);
   char* fine = std::copy(testo.begin(), testo.end(), frame.data());
   fine = std::copy(bcc.begin(), bcc.end(), fine);
@@ -60,6 +33,14 @@ QByteArrayView codice_comando(QByteArrayView frame) {
 
 bool risposta_buona(QByteArrayView frame) {
   return campo_frame(frame, 6, 2) == "00";
+}
+
+bool frame_intero(QByteArrayView frame) {
+  return frame.endsWith('\r');
+}
+
+bool solo_cifre(QByteArrayView testo) {
+  return !testo.isEmpty() && std::ranges::all_of(testo, [](char c) { return c >= '0' && c <= '9'; });
 }
 
 bool solo_ascii(QByteArrayView frame) {

@@ -30,7 +30,10 @@ class Winsock {
   /// out as one datagram to RemoteHost and RemotePort.
   virtual void SendData(QByteArrayView dati) = 0;
 
-  /// Everything that has arrived and has not been fetched yet; empty when there is nothing.
+  /// The oldest frame that has arrived and has not been fetched yet; empty when there is none. On a TCP
+  /// socket a frame ends with its carriage return; a rest without one is handed out as it stands when nothing
+  /// has followed for 200 ms, so whoever books or grants looks for the carriage return first. On a UDP socket
+  /// a datagram is a frame.
   virtual QByteArray GetData() = 0;
 
   /// Drops the connection and whatever was not fetched. `State` reads 0 at once or soon after.
@@ -42,9 +45,9 @@ class Winsock {
   /// Name of this computer.
   virtual QString LocalHostName() const = 0;
 
-  /// Data is there to fetch. Delivered from the event loop, never from inside SendData or GetData, and also
-  /// while an earlier delivery is still on the stack (a handler that waits for more of the same socket gets
-  /// it). The socket must not be destroyed inside.
+  /// A frame of that many bytes is there to fetch; one event for each frame. Delivered from the event loop,
+  /// never from inside SendData or GetData, and also while an earlier delivery is still on the stack (a
+  /// handler that waits for more of the same socket gets it). The socket must not be destroyed inside.
   std::function<void(qsizetype bytesTotal)> DataArrival;
 };
 
