@@ -41,7 +41,8 @@ bool InvioTessere::scrivi_e_verifica(QByteArrayView testa, const QByteArray& rec
   if (const qint16 stato = sessione_.scambia_due_volte(scrittura, attesa_scrittura_s);
       stato == 0 || stato == 2)
     return false;
-  if (sessione_.scambia(componi_frame("00030" + testa.toByteArray()), attesa_rilettura_s) != 1) return false;
+  if (sessione_.scambia(componi_frame("00030" + testa.toByteArray()), attesa_rilettura_s, record.size()) != 1)
+    return false;
   return sessione_.scambio().risposta_dati.startsWith(record);
 }
 

@@ -29,6 +29,13 @@ QByteArrayView codice_comando(QByteArrayView frame);
 /// Whether positions 6 and 7 are "00".
 bool risposta_buona(QByteArrayView frame);
 
+/// Whether the carriage return is there. What was cut off on its way is never booked, acknowledged or granted
+/// on.
+bool frame_intero(QByteArrayView frame);
+
+/// Whether there is something and all of it is decimal digits.
+bool solo_cifre(QByteArrayView testo);
+
 /// False for a buffer with a character outside ASCII, which no frame has.
 bool solo_ascii(QByteArrayView frame);
 

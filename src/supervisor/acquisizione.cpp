@@ -48,47 +48,52 @@ Acquisizione::Acquisizione(Finestra& finestra, Database& db, SessioneDownload& s
       lblLetturaTrans_(lblLetturaTrans) {
   shpTrans.Visible = false;
   sessione_.leggi_transazioni = [this](qint16 n) { leggi_transazioni(n); };
-  sessione_.acquisisci_transazione = [this] { acquisisci_transazione(); };
+  sessione_.acquisisci_transazione = [this](const QByteArray& frame) { acquisisci_transazione(frame); };
 }
 
 void Acquisizione::leggi_transazioni(qint16 numero) {
-  if (lettura_in_corso_) return;
+  const int conversazione = sessione_.numero_connessione();
+  if (lettura_di_ == conversazione) return;
   if (numero == 0) {
     lblLetturaTrans_.Caption = QStringLiteral("no data");
     return;
   }
-  lettura_in_corso_ = true;
-  ultimo_frame_.clear();
+  const int precedente = std::exchange(lettura_di_, conversazione);
   shpTrans.Visible = true;
   finestra_.Enabled(false);
   lblLetturaTrans_.Caption = QStringLiteral("record read: ") + QString::number(numero);
   leggi_uno_alla_volta(numero);
+  lettura_di_ = precedente;
   finestra_.Enabled(true);
-  if (const Errore errore = tabellone_.situazione_chiavi(); errore && segnala) segnala(errore);
   shpTrans.Visible = false;
-  lettura_in_corso_ = false;
+  // Whoever has the session now draws the cabinet that he is at.
+  if (!sessione_.in_corso(conversazione)) return;
+  if (const Errore errore = tabellone_.situazione_chiavi(); errore && segnala) segnala(errore);
 }
 
+// When the cycle has moved on to another cabinet, or a window has taken the session, what is left waits in
+// this one for the next visit.
 void Acquisizione::leggi_uno_alla_volta(qint16 numero) {
-  Scambio& scambio = sessione_.scambio();
-  const int connessione = sessione_.numero_connessione();
-  // When the cycle has moved on to another cabinet, what is left waits in this one for the next visit.
-  const auto finito = [&] {
-    return scambio.conferma_transazione == 'S' || sessione_.numero_connessione() != connessione;
-  };
   for (int i = 1; i <= numero; ++i) {
-    scambio.conferma_transazione = 'N';
-    sessione_.wskDownload->SendData(frame_leggi_transazione);
-    sessione_.attesa().attendi(attesa_transazione_s, finito);
-    if (scambio.conferma_transazione != 'S' || sessione_.numero_connessione() != connessione) return;
+    if (!leggi_uno()) return;
   }
 }
 
-void Acquisizione::acquisisci_transazione() {
-  const QByteArray frame = sessione_.scambio().buffer_download;
-  // The network may deliver a reply twice within one read; the cabinet never does, since it sends a record
-  // again only on the next read.
-  if (frame == ultimo_frame_) return;
+// A record that meets a locked file is tried again with each second of its limit: the cabinet keeps it, but
+// the person at the desk should not wait for the next visit.
+bool Acquisizione::leggi_uno() {
+  const int conversazione = sessione_.numero_connessione();
+  da_registrare_.clear();
+  sessione_.chiedi_transazione();
+  for (int secondi = 0; secondi <= attesa_transazione_s; ++secondi) {
+    if (sessione_.attendi_conferma(0)) return true;
+    if (!sessione_.in_corso(conversazione)) return false;
+    if (!da_registrare_.isEmpty()) acquisisci_transazione(std::exchange(da_registrare_, {}));
+  }
+  return false;
+}
+
+void Acquisizione::acquisisci_transazione(const QByteArray& frame) {
   const QByteArrayView operatore = campo_frame(frame, 8, 10);
   const QByteArrayView chiave = campo_frame(frame, 18, 10);
   if (!codice_valido(operatore) || !codice_valido(chiave)) return;
@@ -104,12 +109,12 @@ void Acquisizione::acquisisci_transazione() {
   qlonglong posizione = -1;
   if (!errore) errore = registro_.registra(movimento, descrizione, posizione);
   if (errore) {
+    da_registrare_ = frame;
     if (segnala) segnala(errore);
     return;
   }
-  ultimo_frame_ = frame;
   mostra_ultima(movimento, data_ora, descrizione);
-  sessione_.wskDownload->SendData(frame_conferma_transazione);
+  sessione_.conferma_transazione();
 }
 
 QString Acquisizione::intestazione_tessera(const QString& codice, Errore& errore) {

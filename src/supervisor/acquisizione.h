@@ -19,12 +19,13 @@ class Acquisizione {
                Tabellone& tabellone, const Label& lblID, Label& lblLetturaTrans);
 
   /// Reads that many stored records, each booked and acknowledged before the next is asked for. Runs the
-  /// loop; input to the window is off meanwhile. Ends at the first record that isn't confirmed in time. A
-  /// call that comes while a read is under way does nothing.
+  /// loop; input to the window is off meanwhile. Ends at the first record that isn't confirmed in time, and
+  /// when the conversation with the cabinet ends. A call that comes while a read of the same conversation is
+  /// under way does nothing.
   void leggi_transazioni(qint16 numero);
 
-  /// Books the record in `buffer_download` and acknowledges it after the commit.
-  void acquisisci_transazione();
+  /// Books the record of the frame and acknowledges it after the commit.
+  void acquisisci_transazione(const QByteArray& frame);
 
   /// Books the live movement that the panel shows.
   Errore registra_movimento(char tipo);
@@ -37,6 +38,7 @@ class Acquisizione {
 
  private:
   void leggi_uno_alla_volta(qint16 numero);
+  bool leggi_uno();
   QString intestazione_tessera(const QString& codice, Errore& errore);
   void mostra_ultima(const Movimento& movimento, const QString& data_ora, const QString& descrizione);
 
@@ -48,8 +50,8 @@ class Acquisizione {
   Tabellone& tabellone_;
   const Label& lblID_;
   Label& lblLetturaTrans_;
-  bool lettura_in_corso_ = false;
-  QByteArray ultimo_frame_;  ///< of this read, once booked
+  int lettura_di_ = -1;       ///< the conversation whose records are being read
+  QByteArray da_registrare_;  ///< a record that could not be booked for the moment
 };
 
 }  // namespace lokera

@@ -1,5 +1,7 @@
 #include "supervisor/ciclo_download.h"
 
+#include <span>
+
 #include "link/protocollo.h"
 #include "store/recordset.h"
 
@@ -10,15 +12,34 @@ namespace {
 constexpr int intervallo_ms = 30000;
 constexpr quint16 porta_udp = 3040;
 
-// The columns that the cycle keeps its state in, whatever the layout table shows of them.
-void disegna(SSOleDBGrid& grd, std::initializer_list<const char16_t*> campi) {
+constexpr const char16_t* colonne_lokere[] = {u"id",    u"descrizione", u"errori",
+                                              u"reset", u"indirizzoIP", u"seriale"};
+constexpr const char16_t* colonne_coda[] = {u"codice", u"descrizione", u"oper", u"esito"};
+
+// Those that are missing come behind the others; `visibili` for a list that has no layout at all.
+void completa(SSOleDBGrid& grd, std::span<const char16_t* const> campi, bool visibili) {
   std::vector<Colonna> colonne;
+  for (int i = 0; i < grd.Cols(); ++i) colonne.push_back(grd.Columns(i));
   for (const char16_t* campo : campi) {
+    if (grd.colonna(campo) >= 0) continue;
     Colonna colonna;
     colonna.campo = colonna.Caption = QString::fromUtf16(campo);
+    colonna.Visible = visibili;
     colonne.push_back(colonna);
   }
   grd.imposta_colonne(std::move(colonne));
+}
+
+struct CellaNuova {
+  QStringView campo;
+  QString testo;
+};
+
+// A row whose cells stand wherever the layout has their columns.
+void aggiungi(SSOleDBGrid& grd, std::initializer_list<CellaNuova> celle) {
+  QStringList riga(grd.Cols());
+  for (const CellaNuova& c : celle) riga[grd.colonna(c.campo)] = c.testo;
+  grd.AddItem(riga);
 }
 
 }  // namespace
@@ -40,10 +61,34 @@ CicloDownload::CicloDownload(Finestra& finestra, const ElencoFinestre& finestre,
       e_(etichette) {
   grdLokere.Caption = QStringLiteral("Lokere");
   grdAggOper.Caption = QStringLiteral("aggiornamento differito operatori");
-  disegna(grdLokere, {u"id", u"descrizione", u"errori", u"reset", u"indirizzoIP", u"seriale"});
-  disegna(grdAggOper, {u"codice", u"descrizione", u"oper", u"esito"});
+  completa(grdLokere, colonne_lokere, true);
+  completa(grdAggOper, colonne_coda, true);
   TimerDownload->Interval(intervallo_ms);
   TimerDownload->Evento = [this] { TimerDownload_Timer(); };
+}
+
+void CicloDownload::completa_colonne() {
+  completa(grdLokere, colonne_lokere, false);
+  completa(grdAggOper, colonne_coda, false);
+}
+
+void CicloDownload::aggiungi_lokera(const QString& id, const QString& descrizione,
+                                    const QString& indirizzoIP) {
+  aggiungi(grdLokere, {{u"id", id},
+                       {u"descrizione", descrizione},
+                       {u"errori", QStringLiteral("0")},
+                       {u"reset", QStringLiteral("0")},
+                       {u"indirizzoIP", indirizzoIP}});
+}
+
+void CicloDownload::sospendi() {
+  sospeso_ = true;
+  TimerDownload->Enabled(false);
+}
+
+void CicloDownload::riprendi() {
+  sospeso_ = false;
+  TimerDownload->Enabled(true);
 }
 
 void CicloDownload::TimerDownload_Timer() {
@@ -51,7 +96,7 @@ void CicloDownload::TimerDownload_Timer() {
   if (grdLokere.Rows() == 0) return;
   if (e_.lblStatus.Caption() == QStringLiteral("OFF Line"))
     conta_tick = tick_tra_visite;
-  else
+  else if (conta_tick < tick_tra_visite)
     ++conta_tick;
   if (visita_in_corso_ || finestre_.conta() > 1 || conta_tick < tick_tra_visite) return;
   visita_in_corso_ = true;
@@ -66,33 +111,43 @@ void CicloDownload::conta() {
 }
 
 void CicloDownload::visita() {
+  Visita visita;
+  visita.conversazione = sessione_.prendi();
   sessione_.chiudi_e_attendi();
-  prossima_lokera();
+  if (!mia(visita)) return;
+  prossima_lokera(visita);
   if (const Errore errore = tabellone_.situazione_chiavi(); errore && segnala) segnala(errore);
   riempi_coda();
-  if (!collega()) {
-    e_.lblLetturaTrans.Caption = QStringLiteral("OFF line");
-    visita_fallita();
-    return;
-  }
-  leggi_seriale();
-  e_.lblStatusD.Caption = QStringLiteral("ON line");
-  TimerDownload->Enabled(false);
-  invia_coda();
-  scrivi(u"errori", QStringLiteral("0"));
-  conta_tick = 0;
-  sessione_.wskDownload->SendData(frame_conta_transazioni);
-  TimerDownload->Enabled(true);
+  const bool risponde = collega(visita);
+  if (!mia(visita)) return;
+  if (risponde) return servi(visita);
+  e_.lblLetturaTrans.Caption = QStringLiteral("OFF line");
+  visita_fallita(visita);
 }
 
-void CicloDownload::prossima_lokera() {
+// What there is to do at a cabinet that answers.
+void CicloDownload::servi(const Visita& visita) {
+  leggi_seriale(visita);
+  if (!mia(visita)) return;
+  e_.lblStatusD.Caption = QStringLiteral("ON line");
+  TimerDownload->Enabled(false);
+  invia_coda(visita);
+  if (mia(visita)) {
+    scrivi(visita, u"errori", QStringLiteral("0"));
+    conta_tick = 0;
+    sessione_.wskDownload->SendData(frame_conta_transazioni);
+  }
+  TimerDownload->Enabled(!sospeso_);
+}
+
+void CicloDownload::prossima_lokera(Visita& visita) {
   const int ultima = grdLokere.Rows() - 1;
   grdLokere.Row(grdLokere.Row() >= ultima ? 0 : grdLokere.Row() + 1);
-  const int riga = grdLokere.Row();
-  e_.lblID.Caption = grdLokere.cella(riga, u"id");
-  e_.lblNome.Caption =
-      QStringLiteral("%1 (%2)").arg(grdLokere.cella(riga, u"descrizione"), grdLokere.cella(riga, u"reset"));
-  e_.lblIndirizzoIP.Caption = grdLokere.cella(riga, u"indirizzoIP");
+  visita.id = grdLokere.cella(grdLokere.Row(), u"id");
+  visita.indirizzo = cella(visita, u"indirizzoIP");
+  e_.lblID.Caption = visita.id;
+  e_.lblNome.Caption = QStringLiteral("%1 (%2)").arg(cella(visita, u"descrizione"), cella(visita, u"reset"));
+  e_.lblIndirizzoIP.Caption = visita.indirizzo;
   e_.lblStatusD.Caption = QStringLiteral("OFF line");
 }
 
@@ -106,35 +161,32 @@ void CicloDownload::riempi_coda() {
           " aggiorn_tessere_oper.ID_lokera = ?"),
       db_.connessione_db, {e_.lblID.Caption().toLongLong()});
   while (!errore && !rs.eof()) {
-    grdAggOper.AddItem(
-        QStringList{rs.testo(u"id_tessera"), rs.testo(u"intestazione"), rs.testo(u"operazione"), QString()});
+    aggiungi(grdAggOper, {{u"codice", rs.testo(u"id_tessera")},
+                          {u"descrizione", rs.testo(u"intestazione")},
+                          {u"oper", rs.testo(u"operazione")}});
     errore = rs.MoveNext();
   }
   grdAggOper.Row(0);
 }
 
 // Connected and answering the link test.
-bool CicloDownload::collega() {
-  sessione_.connessione_socket_download();
-  if (!sessione_.attesa().attendi(5, [this] { return sessione_.connessa(); })) return false;
+bool CicloDownload::collega(Visita& visita) {
+  visita.conversazione = sessione_.connessione_socket_download();
+  sessione_.attesa().attendi(5, [&] { return sessione_.connessa() || !mia(visita); });
+  if (!sessione_.connessa() || !mia(visita)) return false;
   e_.lblLetturaTrans.Caption = QStringLiteral("Connected");
   return sessione_.verifica_collegamento() == 0;
 }
 
-void CicloDownload::leggi_seriale() {
-  if (!grdLokere.cella(grdLokere.Row(), u"seriale").isEmpty()) return;
-  Scambio& scambio = sessione_.scambio();
+void CicloDownload::leggi_seriale(const Visita& visita) {
+  if (!cella(visita, u"seriale").isEmpty()) return;
   sessione_.attesa().attendi_oltre(1);
-  scambio.buffer_download.clear();
-  sessione_.wskDownload->SendData(componi_frame("0001B"));
-  sessione_.attesa().attendi(1, [&scambio] { return !scambio.buffer_download.isEmpty(); });
-  if (!risposta_buona(scambio.buffer_download)) return;
-  bool numerico = false;
-  const qlonglong seriale = campo_frame(scambio.buffer_download, 8, 10).toByteArray().toLongLong(&numerico);
-  if (numerico) scrivi(u"seriale", QString::number(seriale));
+  if (!mia(visita)) return;
+  const QByteArray seriale = sessione_.leggi_seriale();
+  if (!seriale.isEmpty()) scrivi(visita, u"seriale", QString::number(seriale.toLongLong()));
 }
 
-void CicloDownload::invia_coda() {
+void CicloDownload::invia_coda(const Visita& visita) {
   if (grdAggOper.Rows() == 0) return;
   (void)giorno_.tipo_giorno();
   for (int riga = 0; riga < grdAggOper.Rows(); ++riga) {
@@ -144,34 +196,48 @@ void CicloDownload::invia_coda() {
     const bool elimina = grdAggOper.cella(riga, u"oper") == QStringLiteral("D");
     const qint16 esito = elimina ? invio_.cancella_operatore_lokera(codice, posizione, record_operatore)
                                  : invio_.invia_record_operatore(codice, posizione, record_operatore);
+    if (!mia(visita)) return;
     grdAggOper.imposta_cella(riga, u"esito", esito == 0 ? QStringLiteral("OK") : QString());
     sessione_.attesa().attendi_oltre(0);
+    if (!mia(visita)) return;
   }
 }
 
-void CicloDownload::visita_fallita() {
-  scrivi(u"errori", QString::number(valore(u"errori") + 1));
-  if (valore(u"errori") > 1) azzera_lokera();
+void CicloDownload::visita_fallita(const Visita& visita) {
+  const qlonglong errori = cella(visita, u"errori").toLongLong() + 1;
+  scrivi(visita, u"errori", QString::number(errori));
+  if (errori > 1) azzera_lokera(visita);
 }
 
-void CicloDownload::azzera_lokera() {
-  scrivi(u"reset", QString::number(valore(u"reset") + 1));
+void CicloDownload::azzera_lokera(const Visita& visita) {
+  scrivi(visita, u"reset", QString::number(cella(visita, u"reset").toLongLong() + 1));
   wsk_udp->Close();
   sessione_.attesa().attendi_oltre(0);
-  scrivi(u"errori", QStringLiteral("0"));
+  if (!mia(visita)) return;
+  scrivi(visita, u"errori", QStringLiteral("0"));
   sessione_.scambio().buffer_ricezione.clear();
   wsk_udp->Protocol(Protocol::udp);
-  wsk_udp->RemoteHost(normalizza_ip(e_.lblIndirizzoIP.Caption));
+  wsk_udp->RemoteHost(normalizza_ip(visita.indirizzo));
   wsk_udp->RemotePort(porta_udp);
   wsk_udp->SendData(componi_frame("00073"));
 }
 
-qlonglong CicloDownload::valore(QStringView colonna) const {
-  return grdLokere.cella(grdLokere.Row(), colonna).toLongLong();
+// Where the cabinet stands in the list now; -1 when it is there no longer.
+int CicloDownload::riga(const Visita& visita) const {
+  const int colonna = grdLokere.colonna(u"id");
+  for (int riga = 0; riga < grdLokere.Rows(); ++riga) {
+    if (grdLokere.cella(riga, colonna) == visita.id) return riga;
+  }
+  return -1;
 }
 
-void CicloDownload::scrivi(QStringView colonna, const QString& testo) {
-  grdLokere.imposta_cella(grdLokere.Row(), colonna, testo);
+QString CicloDownload::cella(const Visita& visita, QStringView colonna) const {
+  const int r = riga(visita);
+  return r < 0 ? QString() : grdLokere.cella(r, colonna);
+}
+
+void CicloDownload::scrivi(const Visita& visita, QStringView colonna, const QString& testo) {
+  if (const int r = riga(visita); r >= 0) grdLokere.imposta_cella(r, colonna, testo);
 }
 
 }  // namespace lokera

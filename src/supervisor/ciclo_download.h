@@ -23,7 +23,8 @@ struct EtichetteCiclo {
 };
 
 /// The timer-driven walk over the cabinets: at each tick perhaps a visit to the next one. It ends with the
-/// question for the number of stored transactions; the answer goes on in the socket's handler.
+/// question for the number of stored transactions; the answer goes on in the socket's handler. A visit whose
+/// conversation has ended (a window took the session) gives back the timer and touches nothing more.
 class CicloDownload {
  public:
   CicloDownload(Finestra& finestra, const ElencoFinestre& finestre, Database& db, TimerFactory& timer,
@@ -32,6 +33,16 @@ class CicloDownload {
 
   /// One tick. A tick that falls inside a visit only counts.
   void TimerDownload_Timer();
+
+  /// A window has switched the timer off, and on again: a visit that is under way leaves it as the window
+  /// wants.
+  void sospendi();
+  void riprendi();
+
+  /// The columns that the cycle keeps its state in, added to those that the layout shows.
+  void completa_colonne();
+  /// A cabinet at the end of the list; `indirizzoIP` in the stored form of 15 characters.
+  void aggiungi_lokera(const QString& id, const QString& descrizione, const QString& indirizzoIP);
 
   /// The time-band run, on every tenth tick. May run the loop.
   std::function<void()> applica_fasce_orarie;
@@ -47,17 +58,26 @@ class CicloDownload {
   qint16 conta_fascie = 0;  ///< ticks since the last time-band run
 
  private:
+  /// The cabinet that is being visited, wherever the cursor of the list goes meanwhile.
+  struct Visita {
+    QString id, indirizzo;
+    int conversazione = 0;
+  };
+
   void conta();
   void visita();
-  void prossima_lokera();
+  bool mia(const Visita& visita) const { return sessione_.in_corso(visita.conversazione); }
+  void prossima_lokera(Visita& visita);
   void riempi_coda();
-  bool collega();
-  void leggi_seriale();
-  void invia_coda();
-  void visita_fallita();
-  void azzera_lokera();
-  qlonglong valore(QStringView colonna) const;
-  void scrivi(QStringView colonna, const QString& testo);
+  bool collega(Visita& visita);
+  void leggi_seriale(const Visita& visita);
+  void servi(const Visita& visita);
+  void invia_coda(const Visita& visita);
+  void visita_fallita(const Visita& visita);
+  void azzera_lokera(const Visita& visita);
+  int riga(const Visita& visita) const;
+  QString cella(const Visita& visita, QStringView colonna) const;
+  void scrivi(const Visita& visita, QStringView colonna, const QString& testo);
 
   const ElencoFinestre& finestre_;
   Database& db_;
@@ -67,6 +87,7 @@ class CicloDownload {
   Tabellone& tabellone_;
   EtichetteCiclo e_;
   bool visita_in_corso_ = false;
+  bool sospeso_ = false;
 };
 
 }  // namespace lokera

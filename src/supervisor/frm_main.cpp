@@ -86,7 +86,7 @@ void frm_Main::collega_parti() {
   decisioni.registra_movimento = [this](char tipo) { return acquisizione.registra_movimento(tipo); };
   ciclo.applica_fasce_orarie = [this] { fasce.applica_fasce_orarie(); };
   accesso.abilita_menu = [this](bool abilitati) { menu.abilita(abilitati); };
-  menu.chiudi_download = [this] { download.wskDownload->Close(); };
+  menu.chiudi_download = [this] { download.chiudi(); };
   menu.mnuScarTrans.Click = [this] { mnuScarTrans_Click(); };
   timerOrario->Interval(intervallo_orologio_ms);
   timerOrario->Evento = [this] { timerOrario_Timer(); };
@@ -105,6 +105,7 @@ void frm_Main::Form_Load() {
   Connection& c = a_.db.connessione_db;
   griglia_lokere.layout(c, nome(), u"grdLokere"_s, c, QString(), larghezza_tabella);
   griglia_agg_oper.layout(c, nome(), u"grdAggOper"_s, c, QString(), larghezza_tabella);
+  ciclo.completa_colonne();
   pannello.lblP.Caption = QString();
   decisioni.stato_operazione = ' ';
   tabellone.prepara();
@@ -165,8 +166,7 @@ void frm_Main::elenca_lokere(Recordset& rs) {
   SSOleDBGrid& lista = ciclo.grdLokere;
   lista.RemoveAll();
   while (!rs.eof()) {
-    lista.AddItem(QStringList{rs.testo(u"id"), rs.testo(u"descrizione"), u"0"_s, u"0"_s,
-                              rs.testo(u"ip_lokera"), QString()});
+    ciclo.aggiungi_lokera(rs.testo(u"id"), rs.testo(u"descrizione"), rs.testo(u"ip_lokera"));
     if (rs.MoveNext()) break;
   }
   lista.Visible = lista.Rows() > 1;

@@ -95,16 +95,20 @@ TEST_F(SessioneTest, LeDueDecisioniSuUnFrame) {
       {"00039000002AA\r", 0, prima, 'N', 1, 0},  // handled: nothing else is done for it
       {"000390000A231\r", 1, prima, 'N', 0, 0},  // not a number
       {"000391400023A\r", 2, prima, 'N', 0, 0},
-      {"00036" + QByteArray("00") + QByteArray(23, '0'), 1, prima, 'N', 0, 0},  // thirty characters
-      {"00036" + QByteArray("00") + QByteArray(24, '0'), 1, prima, 'N', 0, 1},
+      {"0003600" + QByteArray(22, '0') + '\r', 1, prima, 'N', 0, 0},  // thirty characters
+      {"0003600" + QByteArray(23, '0') + '\r', 1, prima, 'N', 0, 1},
       {"99999xx31\r", 2, prima, 'N', 0, 0},
-      {"00031", 0, prima, 'N', 0, 0},  // too short for a reply code
-      {"0003100\xE0\xE8\xEC", 0, prima, 'N', 0, 0},
+      {"00031\r", 0, prima, 'N', 0, 0},  // too short for a reply code
+      {"0003100\xE0\xE8\xEC\r", 0, prima, 'N', 0, 0},
+      // Two in one: only the first is understood.
+      {"000310331"
+       "000300031\r",
+       2, prima, 'N', 0, 0},
   };
   int letture = 0;
   int acquisizioni = 0;
   sessione.leggi_transazioni = [&](qint16) { ++letture; };
-  sessione.acquisisci_transazione = [&] { ++acquisizioni; };
+  sessione.acquisisci_transazione = [&](const QByteArray&) { ++acquisizioni; };
   connetti();
   for (const Caso& caso : casi) {
     scambio = Scambio{};
@@ -117,6 +121,147 @@ TEST_F(SessioneTest, LeDueDecisioniSuUnFrame) {
     EXPECT_EQ(letture, caso.letture) << caso.frame.toStdString();
     EXPECT_EQ(acquisizioni, caso.acquisizioni) << caso.frame.toStdString();
   }
+}
+
+// A late reply to an earlier command says nothing about the one that waits.
+TEST_F(SessioneTest, SoloIlComandoPropioRiempieLAttesa) {
+  const QByteArray tardiva = componi_frame("0001000X");
+  struct Caso {
+    const char* comando;
+    QByteArray arriva;
+    qint16 stato;
+  };
+  const Caso casi[] = {
+      {"000310", tardiva + "000310031\r", 1},
+      {"000310", tardiva + "000310331\r", 2},
+      {"000310", tardiva, 0},
+      {"000300", "000310031\r" + tardiva, 0},
+      {"000320", tardiva + "000320531\r", 2},
+      {"000320", "000320531\r" + tardiva, 2},
+      {"000350", "000390000013B\r0003500001231\r", 1},
+  };
+  int letture = 0;
+  sessione.leggi_transazioni = [&](qint16) { ++letture; };
+  for (const Caso& caso : casi) {
+    connetti();
+    risposte = {caso.arriva};
+    EXPECT_EQ(sessione.scambia(componi_frame(caso.comando), 2), caso.stato)
+        << caso.comando << ' ' << caso.arriva.toStdString();
+  }
+  EXPECT_EQ(letture, 0) << "no read begins inside somebody's wait";
+}
+
+TEST_F(SessioneTest, IlSerialeSonoDieciCifreDelSuoComando) {
+  const std::pair<QByteArray, QByteArray> casi[] = {
+      {componi_frame("0001B000000012345"), "0000012345"},
+      {componi_frame("0001000X") + componi_frame("0001B000000012345") + "000310031\r", "0000012345"},
+      {componi_frame("0001000X"), ""},
+      {componi_frame("000100000000123456"), ""},
+      {componi_frame("0001B050000012345"), ""},
+      {componi_frame("0001B00ABCDEFGHIJ"), ""},
+      {componi_frame("0001B00123"), ""},
+  };
+  for (const auto& [arriva, seriale] : casi) {
+    connetti();
+    risposte = {arriva};
+    EXPECT_EQ(sessione.leggi_seriale(), seriale) << arriva.toStdString();
+  }
+}
+
+// What was cut off serves an exchange only when all that its reader looks at is there, and books nothing.
+TEST_F(SessioneTest, UnFrameTagliato) {
+  struct Caso {
+    const char* comando;
+    QByteArray arriva;
+    qsizetype dati;
+    qint16 stato;
+    QByteArray letti;
+  };
+  const Caso casi[] = {
+      {"000310", "0003100", 0, 1, ""},
+      {"000350", "00035000012", 4, 1, "0012"},
+      {"000350", "000350000", 4, 0, ""},
+      {"000300", "0003000ABCDEFGHI", 10, 0, ""},
+      {"000300", "0003000ABCDEFGHIJ", 10, 1, "ABCDEFGHIJ"},
+  };
+  for (const Caso& caso : casi) {
+    connetti();
+    scambio.risposta_dati.clear();
+    risposte = {caso.arriva};
+    EXPECT_EQ(sessione.scambia(componi_frame(caso.comando), 2, caso.dati), caso.stato)
+        << caso.arriva.toStdString();
+    EXPECT_EQ(scambio.risposta_dati, caso.letti);
+  }
+  int presi = 0;
+  sessione.leggi_transazioni = [&](qint16) { ++presi; };
+  sessione.acquisisci_transazione = [&](const QByteArray&) { ++presi; };
+  connetti();
+  canale->invia("0003900001231");
+  vm.esegui_per(500ms);
+  connetti();
+  canale->invia("0003600" + QByteArray(40, '0'));
+  vm.esegui_per(500ms);
+  EXPECT_EQ(presi, 0);
+}
+
+TEST_F(SessioneTest, UnaConfermaPerOgniRichiesta) {
+  const QByteArray record = "0003600" + QByteArray(36, '0') + '\r';
+  int presi = 0;
+  sessione.acquisisci_transazione = [&](const QByteArray&) {
+    ++presi;
+    sessione.conferma_transazione();
+  };
+  connetti();
+  arriva(record);
+  EXPECT_EQ(presi, 1) << "before the first request a record is taken as it comes";
+  sessione.chiedi_transazione();
+  arriva("000370034\r");
+  EXPECT_EQ(scambio.conferma_transazione, 'N') << "the record hasn't come yet";
+  arriva(record + record);
+  EXPECT_EQ(presi, 2);
+  arriva("000370034\r");
+  EXPECT_EQ(scambio.conferma_transazione, 'S');
+  arriva(record);
+  EXPECT_EQ(presi, 2);
+  sessione.chiedi_transazione();
+  arriva("000370034\r" + record);
+  EXPECT_EQ(scambio.conferma_transazione, 'N');
+  EXPECT_EQ(presi, 3);
+  connetti();
+  arriva(record);
+  EXPECT_EQ(presi, 4);
+}
+
+// Whoever takes the session in the middle of another's exchange gets his own answer; the other gets none.
+TEST_F(SessioneTest, ChiPrendeLaSessioneFinisceLoScambioDellAltro) {
+  struct Caso {
+    const char* nome;
+    std::function<void()> prende;
+    QList<QByteArray> frame;
+  };
+  qint16 suo = 0;
+  const Caso casi[] = {
+      {"closes", [&] { sessione.chiudi(); }, {"000310"}},
+      {"connects", [&] { sessione.connessione_socket_download(); }, {"000310"}},
+      {"exchanges", [&] { suo = sessione.scambia("000350\r", 5, 4); }, {"000310", "000350"}},
+  };
+  for (const Caso& caso : casi) {
+    connetti();
+    ricevuti.clear();
+    risposte = {"", "000310031\r0003500001231\r"};
+    const int mia = sessione.numero_connessione();
+    vm.ciclo().fra(100ms, caso.prende);
+    const Monotonic inizio = vm.orologio().monotono();
+    EXPECT_EQ(sessione.scambia_due_volte("000310\r", 2), 0) << caso.nome;
+    EXPECT_LT(vm.orologio().monotono() - inizio, 1500ms) << caso.nome;
+    EXPECT_FALSE(sessione.in_corso(mia)) << caso.nome;
+    vm.esegui_per(50ms);
+    QList<QByteArray> codici;
+    for (const QByteArray& f : ricevuti) codici << f.left(6);
+    EXPECT_EQ(codici, caso.frame) << caso.nome;
+    EXPECT_TRUE(scambio.attesa.comando.isEmpty());
+  }
+  EXPECT_EQ(suo, 1);
 }
 
 TEST_F(SessioneTest, UnaConnessionePersaFinisceLAttesaAlSuoLimite) {
