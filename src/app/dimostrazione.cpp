@@ -28,6 +28,7 @@ struct Opzioni {
   int ogni = 10;
   int scarica = 0;
   QRect schermo;
+  bool di_seguito = false;
 };
 
 Opzioni leggi(const QCoreApplication& applicazione) {
@@ -41,10 +42,12 @@ Opzioni leggi(const QCoreApplication& applicazione) {
        {u"schermo"_s, u"Size of the screen, as 1280x800."_s, u"WxH"_s},
        {u"ogni"_s, u"Seconds between two pictures."_s, u"N"_s, u"10"_s},
        {u"scarica"_s, u"Every so many seconds, move on to the next cabinet as the menu does; 0: never."_s,
-        u"N"_s, u"0"_s}});
+        u"N"_s, u"0"_s},
+       {u"di_seguito"_s, u"Move on to the next cabinet as soon as there is nothing left to do at one."_s}});
   p.process(applicazione);
   Opzioni o{p.value(u"cartella"_s),     p.value(u"schermate"_s),       p.value(u"secondi"_s).toInt(),
-            p.value(u"ogni"_s).toInt(), p.value(u"scarica"_s).toInt(), leggi_schermo(p.value(u"schermo"_s))};
+            p.value(u"ogni"_s).toInt(), p.value(u"scarica"_s).toInt(), leggi_schermo(p.value(u"schermo"_s)),
+            p.isSet(u"di_seguito"_s)};
   if (o.secondi <= 0 || o.ogni <= 0) {
     std::fputs("secondi and ogni must be positive numbers\n", stderr);
     std::exit(2);
@@ -70,6 +73,14 @@ class Schermate {
   const QString cartella_;
   int numero_ = 0;
 };
+
+/// Neither a visit nor the read of its records is under way.
+bool tutto_letto(const lokera::frm_Main& m) {
+  const QString lettura = m.lblLetturaTrans.Caption;
+  const bool finita =
+      lettura == u"no data"_s || lettura == u"OFF line"_s || lettura.startsWith(u"record read"_s);
+  return finita && !m.acquisizione.shpTrans.Visible;
+}
 
 /// The colours of the panel's lamps, which its pictures are told apart by.
 QList<lokera::Colore> colori(const lokera::PannelloLive& p) {
@@ -105,6 +116,11 @@ int main(int argc, char** argv) {
   QTimer scarica;
   scarica.callOnTimeout([&principale] { principale.mnuScarTrans_Click(); });
   if (opzioni.scarica > 0) scarica.start(opzioni.scarica * 1000);
+  QTimer seguito;
+  seguito.callOnTimeout([&principale] {
+    if (tutto_letto(principale)) principale.mnuScarTrans_Click();
+  });
+  if (opzioni.di_seguito) seguito.start(20);
   QTimer::singleShot(opzioni.secondi * 1000, [&] {
     schermate.scatta(u"fine"_s);
     avvio.console().macchina().programma.fine();  // as the menu's last entry does, wherever a wait may stand
