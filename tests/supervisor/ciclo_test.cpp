@@ -2,6 +2,9 @@
 #include "link/protocollo.h"
 
 namespace lokera::prova {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// A cabinet that answers everything well: link test, serial, writes, an empty store.
@@ -172,6 +175,122 @@ TEST(Ciclo, UnSerialeCheNonVieneNonFermaLaVisita) {
     EXPECT_EQ(b.main().ciclo.grdLokere.cella(0, u"seriale"), QString()) << risposta;
     EXPECT_EQ(b.main().lblStatusD.Caption(), QStringLiteral("ON line")) << risposta;
   }
+}
+
+// A window that opens in the middle of a visit has the session to itself; the visit gives back what it holds.
+TEST(Ciclo, UnaFinestraPrendeLaSessioneDiUnaVisita) {
+  struct Caso {
+    const char* nome;
+    const char* durante;  ///< the command in whose answer's place the window opens
+    bool spegne;          ///< the window switches the timer off
+  };
+  const Caso casi[] = {{"link test", "00010", false}, {"serial", "0001B", false},
+                       {"push", "00031", false},      {"push, timer off", "00031", true},
+                       {"read", "00036", false},      {"read, timer off", "00036", true}};
+  for (const Caso& caso : casi) {
+    SCOPED_TRACE(caso.nome);
+    Banco b;
+    b.lokera(1);
+    b.tessera(u"0000000001"_s);
+    b.in_coda(u"0000000001"_s, 1);
+    frm_Main& m = b.main();
+    std::unique_ptr<Finestra> finestra;
+    int conversazione = 0;
+    LokeraFinta altra(b.vm, u"127.0.0.9"_s, 10001, buona);
+    const auto apri = [&] {
+      finestra = std::make_unique<Finestra>(b.console->elenco(), u"frm_tessere"_s);
+      if (caso.spegne) m.ciclo.sospendi();
+      m.lblID.Caption = u"9"_s;
+      m.lblIndirizzoIP.Caption = u"127.000.000.009"_s;
+      conversazione = m.download.connessione_socket_download();
+      EXPECT_EQ(m.download.scambia(componi_frame("000350"), 5, 4), 1);
+    };
+    LokeraFinta lokera(b.vm, u"127.0.0.2"_s, 10001, [&](const QByteArray& f) -> QList<QByteArray> {
+      if (!finestra && f.left(5) == caso.durante) {
+        b.vm.ciclo().fra(20ms, apri);
+        return {};
+      }
+      if (f.left(5) == "00039") return {componi_frame("00039000002")};
+      return buona(f);
+    });
+    m.Form_Load();
+    b.vm.esegui_per(20s);
+    EXPECT_TRUE(m.download.in_corso(conversazione));
+    EXPECT_TRUE(m.download.connessa());
+    EXPECT_EQ(codici(altra.ricevuti), QList<QByteArray>{"00035"}) << "nothing of the visit's";
+    EXPECT_EQ(m.ciclo.grdLokere.cella(0, u"errori"), u"0"_s);
+    EXPECT_EQ(m.lblID.Caption(), u"9"_s);
+    EXPECT_EQ(m.ciclo.TimerDownload->Enabled(), !caso.spegne);
+    EXPECT_TRUE(m.Enabled());
+    EXPECT_FALSE(m.acquisizione.shpTrans.Visible());
+    const int connessioni = lokera.connessioni;
+    finestra.reset();
+    m.ciclo.riprendi();
+    b.vm.esegui_per(90s);
+    EXPECT_EQ(b.conta(u"aggiorn_tessere_oper"_s), 1) << "this cabinet never reads a card back";
+    EXPECT_GT(lokera.connessioni, connessioni) << "the next tick visits as ever";
+  }
+}
+
+// Where the cursor goes, or where the list is made anew, is no business of the visit that is under way.
+TEST(Ciclo, UnaVisitaTieneLaSuaRiga) {
+  for (const bool rifatta : {false, true}) {
+    Banco b;
+    for (int id = 1; id <= 3; ++id) b.lokera(id);
+    frm_Main& m = b.main();
+    LokeraFinta prima(b.vm, u"127.0.0.2"_s, 10001, [&](const QByteArray& f) {
+      if (f.left(5) == "00010") {
+        m.ciclo.grdLokere.Row(2);
+        if (rifatta) {
+          b.sql(u"delete from parametri where ID = 2"_s);
+          m.trova_lokere_sistema();
+        }
+      }
+      return buona(f);
+    });
+    m.Form_Load();
+    EXPECT_EQ(m.ciclo.grdLokere.cella(0, u"seriale"), u"12345"_s);
+    for (int riga = 1; riga < m.ciclo.grdLokere.Rows(); ++riga)
+      EXPECT_EQ(m.ciclo.grdLokere.cella(riga, u"seriale"), QString());
+  }
+}
+
+TEST(Ciclo, ITickNonContanoOltreQuelloCheServe) {
+  Banco b;
+  b.lokera(1);
+  LokeraFinta lokera(b.vm, u"127.0.0.2"_s, 10001, buona);
+  b.main().Form_Load();
+  b.main().lblStatus.Caption = u"ON Line"_s;
+  {
+    Finestra altra(b.console->elenco(), u"frm_tessere"_s);
+    for (int i = 0; i < 33000; ++i) b.main().ciclo.TimerDownload_Timer();
+    EXPECT_EQ(b.main().ciclo.conta_tick, CicloDownload::tick_tra_visite);
+  }
+  const int prima = lokera.connessioni;
+  b.vm.esegui_per(31s);
+  EXPECT_GT(lokera.connessioni, prima) << "with the window closed the next tick visits";
+}
+
+TEST(Ciclo, UnLayoutSenzaLeSueColonneNonFermaLeVisite) {
+  Banco b;
+  b.lokera(1);
+  b.lokera(2);
+  b.sql(u"delete from layout_griglie where nome_form = 'frm_Main'"_s);
+  for (const auto& [nr, campo] : {std::pair(1, u"descrizione"), std::pair(2, u"id")})
+    b.sql(
+        u"insert into layout_griglie (programma, nome_form, nome_griglia, nr_colonna, titolo_colonna, campo,"
+        " larghezza, visibile, tipo_dato, caratteri) values ('Zandor', 'frm_Main', 'grdLokere', ?, ?, ?, 900,"
+        " 1, 'testo', 0)"_s,
+        {nr, QString::fromUtf16(campo), QString::fromUtf16(campo)});
+  LokeraFinta lokera(b.vm, u"127.0.0.2"_s, 10001, buona);
+  b.main().Form_Load();
+  const SSOleDBGrid& grd = b.main().ciclo.grdLokere;
+  EXPECT_EQ(lokera.connessioni, 1);
+  EXPECT_EQ(grd.cella(0, 0), u"lokera 1"_s);
+  EXPECT_EQ(grd.cella(0, u"seriale"), u"12345"_s);
+  b.vm.esegui_per(150s);
+  EXPECT_EQ(grd.cella(1, u"reset"), u"1"_s) << "the other one never answers";
+  EXPECT_FALSE(grd.Columns(grd.colonna(u"errori")).Visible);
 }
 
 }  // namespace
