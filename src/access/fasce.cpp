@@ -4,6 +4,7 @@
 #include <set>
 #include <vector>
 
+#include "ledger/coda_tessere.h"
 #include "store/date_jet.h"
 #include "store/recordset.h"
 
@@ -103,8 +104,11 @@ class Applicazione {
   }
 
   Errore accoda() {
+    CodaTessere coda(c_);
     const std::vector<std::pair<QString, qlonglong>> coppie(coppie_.begin(), coppie_.end());
-    return a_tratti(coppie.size(), [&](size_t i) { return accoda_coppia(coppie[i].first, coppie[i].second); });
+    return a_tratti(coppie.size(), [&](size_t i) {
+      return coda.accoda_scrittura_se_manca(coppie[i].first, coppie[i].second);
+    });
   }
 
   Errore segna_eseguite(const std::vector<Fascia>& fasce) {
@@ -112,15 +116,6 @@ class Applicazione {
   }
 
  private:
-  // A pair that is queued already stays as it is, also a deletion.
-  Errore accoda_coppia(const QString& tessera, qlonglong lokera) {
-    return c_.Execute(
-        QStringLiteral(
-            "insert into aggiorn_tessere_oper (id_tessera, id_lokera, operazione) select ?, ?, 'I' where"
-            " not exists (select 1 from aggiorn_tessere_oper where ID_tessera = ? and ID_lokera = ?)"),
-        {tessera, lokera, tessera, lokera});
-  }
-
   Errore segna_eseguita(const Fascia& fascia) {
     return c_.Execute(QStringLiteral("update fascie_orarie set data_esecuzione = ? where gruppo_oper = ? and"
                                      " gruppo_chiavi = ? and giorno = ? and dalle_ore = ? and alle_ore = ?"),

@@ -74,8 +74,9 @@ constexpr std::array base{
         u"[partitaiva] text(20), [codicefiscale] text(20)"},
 };
 
-constexpr std::array della_migrazione{u"parametri",          u"PIANIF_RESET",  u"aggiorn_tessere_oper",
-                                      u"posiz_tessere_oper", u"fascie_orarie", u"giorni_particolari"};
+constexpr std::array della_migrazione{
+    u"parametri",     u"PIANIF_RESET",       u"aggiorn_tessere_oper",  u"posiz_tessere_oper",
+    u"fascie_orarie", u"giorni_particolari", u"tessere_da_conservare", u"cancellazioni_da_confermare"};
 
 constexpr std::array indici{
     u"securety_locks_chiave on securety_locks (tabella, chiave)",

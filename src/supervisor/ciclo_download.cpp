@@ -1,7 +1,6 @@
 #include "supervisor/ciclo_download.h"
 
 #include "link/protocollo.h"
-#include "store/recordset.h"
 
 namespace lokera {
 
@@ -98,18 +97,11 @@ void CicloDownload::prossima_lokera() {
 
 void CicloDownload::riempi_coda() {
   grdAggOper.RemoveAll();
-  Recordset rs;
-  Errore errore = rs.Open(
-      QStringLiteral(
-          "select aggiorn_tessere_oper.*, tessere_operatori.intestazione from (aggiorn_tessere_oper inner"
-          " join tessere_operatori on aggiorn_tessere_oper.id_tessera = tessere_operatori.codice) where"
-          " aggiorn_tessere_oper.ID_lokera = ?"),
-      db_.connessione_db, {e_.lblID.Caption().toLongLong()});
-  while (!errore && !rs.eof()) {
-    grdAggOper.AddItem(
-        QStringList{rs.testo(u"id_tessera"), rs.testo(u"intestazione"), rs.testo(u"operazione"), QString()});
-    errore = rs.MoveNext();
-  }
+  std::vector<RigaCoda> righe;
+  const Errore errore = CodaTessere(db_.connessione_db).per_lokera(e_.lblID.Caption().toLongLong(), righe);
+  if (errore && segnala) segnala(errore);
+  for (const RigaCoda& r : righe)
+    grdAggOper.AddItem(QStringList{r.tessera, r.intestazione, r.operazione, QString()});
   grdAggOper.Row(0);
 }
 
