@@ -63,8 +63,10 @@ qint16 SessioneDownload::scambia(QByteArrayView frame, int secondi) {
 }
 
 qint16 SessioneDownload::scambia_due_volte(QByteArrayView frame, int secondi) {
+  const int mia = numero_connessione_;
   const qint16 primo = scambia(frame, secondi);
-  return primo == 0 || primo == 2 ? scambia(frame, secondi) : primo;
+  // On a connection that somebody else has made the frame would reach another cabinet.
+  return (primo == 0 || primo == 2) && mia == numero_connessione_ ? scambia(frame, secondi) : primo;
 }
 
 void SessioneDownload::wskDownload_DataArrival(qsizetype /*bytesTotal*/) {

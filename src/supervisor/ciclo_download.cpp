@@ -127,6 +127,7 @@ void CicloDownload::leggi_seriale() {
 }
 
 void CicloDownload::invia_coda() {
+  (void)invio_.ripeti_cancellazioni();
   if (grdAggOper.Rows() == 0) return;
   (void)giorno_.tipo_giorno();
   for (int riga = 0; riga < grdAggOper.Rows(); ++riga) {
