@@ -8,15 +8,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// The card is on its way out. One value, the card's code.
-const QString& in_uscita() {
-  static const QString condizione =
-      u"exists (select 1 from aggiorn_tessere_oper as q where q.ID_tessera = ? and q.operazione = 'D' and"
-      " not exists (select 1 from tessere_da_conservare as m where m.ID_tessera = q.ID_tessera and"
-      " m.ID_lokera = q.ID_lokera))"_s;
-  return condizione;
-}
-
 QString lettera(OperazioneCoda operazione) {
   return QString(QChar(static_cast<char16_t>(operazione)));
 }
@@ -27,6 +18,12 @@ QString testo(MotivoConservare motivo) {
 
 }  // namespace
 
+QString CodaTessere::in_uscita(const QString& tessera) {
+  return u"exists (select 1 from aggiorn_tessere_oper as q where q.ID_tessera = %1 and q.operazione = 'D' and"
+         " not exists (select 1 from tessere_da_conservare as m where m.ID_tessera = q.ID_tessera and"
+         " m.ID_lokera = q.ID_lokera))"_s.arg(tessera);
+}
+
 Errore CodaTessere::accoda_scrittura(const QString& tessera, qlonglong lokera) {
   return tutto_o_niente(c_, [&] { return metti(tessera, lokera, OperazioneCoda::scrittura); });
 }
@@ -35,7 +32,7 @@ Errore CodaTessere::accoda_scrittura_se_manca(const QString& tessera, qlonglong 
   return c_.Execute(
       u"insert into aggiorn_tessere_oper (ID_tessera, ID_lokera, operazione) select ?, ?, 'I' where not"
       " exists (select 1 from aggiorn_tessere_oper where ID_tessera = ? and ID_lokera = ?) and not "_s +
-          in_uscita(),
+          in_uscita(u"?"_s),
       {tessera, lokera, tessera, lokera, tessera});
 }
 
@@ -50,7 +47,7 @@ Errore CodaTessere::accoda_cancellazione_conservando(const QString& tessera, qlo
                                                      MotivoConservare motivo) {
   return tutto_o_niente(c_, [&]() -> Errore {
     bool esce = false;
-    if (Errore e = esiste(u"select 1 where "_s + in_uscita(), {tessera}, esce)) return e;
+    if (Errore e = esiste(u"select 1 where "_s + in_uscita(u"?"_s), {tessera}, esce)) return e;
     if (Errore e = metti(tessera, lokera, OperazioneCoda::cancellazione)) return e;
     return esce ? Errore{} : segna(tessera, lokera, motivo);
   });

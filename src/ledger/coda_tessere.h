@@ -43,6 +43,10 @@ class CodaTessere {
   /// both at once when no cabinet does.
   Errore elimina_tessera(const QString& tessera);
 
+  /// The condition, for a statement, that a card is on its way out; `tessera` is a column or "?". The names
+  /// q and m are its own.
+  static QString in_uscita(const QString& tessera);
+
   /// Cards of the registry queued for a cabinet, in the order in which they are to be served.
   Errore per_lokera(qlonglong lokera, std::vector<RigaCoda>& righe);
   /// What is queued; nothing when the pair is not.
