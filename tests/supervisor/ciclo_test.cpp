@@ -170,6 +170,7 @@ TEST(Ciclo, PrimaDellaCodaLeCancellazioniNonConfermate) {
     return buona(f);
   });
   b.main().Form_Load();  // nothing is queued
+  b.vm.esegui_per(1s);
   EXPECT_EQ(codici(lokera.ricevuti),
             (QList<QByteArray>{"00010", "00010", "0001B", "00032", "00032", "00039"}));
   conferma = true;
