@@ -6,8 +6,9 @@
 namespace lokera::simulazione {
 
 /// What the people at the desk do in the course of a day, by the seed: cards get and lose groups of keys, are
-/// sent again, called back from the cabinets, added and deleted, as the card window does it. And once, at
-/// night, the clock is set back, sometimes across midnight.
+/// sent again, called back from the cabinets for some hours, added and deleted, as the card window does it;
+/// one is deleted just when a band opens that would send it. And once, at night, the clock is set back,
+/// sometimes across midnight.
 class Vicende {
  public:
   /// All of them must outlive the events. `inizio` is the calendar at the start of the day.
@@ -23,6 +24,12 @@ class Vicende {
   std::function<void(const QString&)> Errata;  ///< a statement failed
 
  private:
+  struct ApreFascia {
+    qlonglong gruppo_oper;
+    qlonglong gruppo_chiavi;
+    qint64 fra_secondi;
+  };
+
   void una();
   void insieme(const std::function<Errore()>& lavoro);
   Errore cambia_gruppo(const QString& tessera);
@@ -30,6 +37,10 @@ class Vicende {
   void elimina(const QString& tessera);
   Errore accoda_ovunque(const QString& tessera);
   Errore richiama(const QString& tessera, MotivoConservare motivo);
+  Errore richiama_per_ore(const QString& tessera);
+  void elimina_a_una_fascia();
+  std::vector<ApreFascia> prossime_fasce();
+  QString viva_di(const ApreFascia& fascia);
   Errore ha_gruppi(const QString& tessera, bool& ne_ha);
   void sposta_indietro();
 
