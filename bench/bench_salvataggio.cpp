@@ -76,11 +76,13 @@ void misura(const Tabella& t, Database& db, ServiziGriglia& servizi, Nudo& nudo)
     (void)c.Execute(vuota);
     nudo.esegui(vuota.toLatin1().constData());
     misure.nostro.aggiungi(cronometra([&] {
-      Transazione transazione(c);
-      Recordset rs;
-      (void)rs.Open(tutto(t), c, {}, Cursore::aggiornabile);
-      lista.salva_tutto(rs);
-      if (lista.errore_salvataggio() || transazione.conferma()) rinuncia("salvataggio");
+      const Errore errore = in_transazione(c, [&] {
+        Recordset rs;
+        Errore e = rs.Open(tutto(t), c, {}, Cursore::aggiornabile);
+        lista.salva_tutto(rs);
+        return e;
+      });
+      if (errore || lista.errore_salvataggio()) rinuncia("salvataggio");
     }));
     misure.pavimento.aggiungi(cronometra([&] {
       nudo.esegui("begin immediate");

@@ -27,11 +27,14 @@ void riempi(Connection& c) {
   (void)rs.Open(u"select count(*) from traduzioni"_s, c);
   const int gia = rs.valore(0).toInt();
   rs.Close();
-  Transazione t(c);
-  for (int i = 0; i < testi - gia; ++i)
-    (void)c.Execute(u"insert into traduzioni (italiano, inglese) values (?, ?)"_s,
+  const Errore errore = in_transazione(c, [&] {
+    Errore e;
+    for (int i = 0; !e && i < testi - gia; ++i)
+      e = c.Execute(u"insert into traduzioni (italiano, inglese) values (?, ?)"_s,
                     {italiano(i), u"Window caption number %1"_s.arg(i)});
-  if (t.conferma()) rinuncia("traduzioni");
+    return e;
+  });
+  if (errore) rinuncia("traduzioni");
 }
 
 class FinestraMisure : public Finestra {

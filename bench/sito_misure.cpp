@@ -48,13 +48,13 @@ QString SitoMisure::chiave(int i) {
 }
 
 Errore SitoMisure::riempi(Connection& c) const {
-  Transazione t(c);
-  if (t.inizio()) return t.inizio();
-  for (const auto passo : {&SitoMisure::lokere, &SitoMisure::chiavi, &SitoMisure::tessere, &SitoMisure::fasce,
-                           &SitoMisure::movimenti}) {
-    if (Errore e = (this->*passo)(c)) return e;
-  }
-  return t.conferma();
+  return in_transazione(c, [&]() -> Errore {
+    for (const auto passo : {&SitoMisure::lokere, &SitoMisure::chiavi, &SitoMisure::tessere,
+                             &SitoMisure::fasce, &SitoMisure::movimenti}) {
+      if (Errore e = (this->*passo)(c)) return e;
+    }
+    return {};
+  });
 }
 
 Errore SitoMisure::lokere(Connection& c) const {

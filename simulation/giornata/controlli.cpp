@@ -40,11 +40,13 @@ void riscontra_cabinet(Connection& c, const Cabinet& cabinet, int id, const QStr
                        Riscontro& r) {
   const std::map<int, QString> date = posizioni(c, id, r);
   for (const auto& [posizione, record] : cabinet.stato().operatori.record()) {
-    if (!date.contains(posizione)) ++r.tessere_rimaste;
+    if (!date.contains(posizione))
+      r.differenze << u"cabinet %1, position %2 is free, and holds %3"_s.arg(id).arg(posizione).arg(
+          QString::fromLatin1(record));
   }
   for (const auto& [posizione, tessera] : date) {
     if (!in_registro(c, tessera)) {
-      ++r.tessere_tornate;
+      r.differenze << u"cabinet %1 holds card %2, which is not in the registry"_s.arg(id).arg(tessera);
       continue;
     }
     const QByteArray stored = cabinet.stato().operatori.leggi(posizione);
@@ -77,14 +79,29 @@ void riscontra_chiavi(Connection& c, Riscontro& r) {
 }
 
 void riscontra_coda(Connection& c, Riscontro& r) {
-  Recordset rs;
-  Errore e = rs.Open(u"select id_tessera, id_lokera, operazione from aggiorn_tessere_oper"_s, c);
-  for (; !e && !rs.eof(); e = rs.MoveNext()) {
-    if (in_registro(c, rs.testo(u"id_tessera")))
-      r.differenze << u"still queued: card %1, cabinet %2, %3"_s.arg(
-          rs.testo(u"id_tessera"), rs.testo(u"id_lokera"), rs.testo(u"operazione"));
+  for (const QString& tabella :
+       {u"aggiorn_tessere_oper"_s, u"cancellazioni_da_confermare"_s, u"tessere_da_conservare"_s}) {
+    Recordset rs;
+    Errore e = rs.Open(u"select id_tessera, id_lokera from "_s + tabella, c);
+    for (; !e && !rs.eof(); e = rs.MoveNext())
+      r.differenze << u"still in %1: card %2, cabinet %3"_s.arg(tabella, rs.testo(u"id_tessera"),
+                                                                rs.testo(u"id_lokera"));
+    if (e) r.differenze << e.descrizione;
   }
-  if (e) r.differenze << e.descrizione;
+}
+
+void riscontra_registro(Connection& c, const QStringList& vive, const QStringList& eliminate, Riscontro& r) {
+  for (const QString& tessera : vive) {
+    if (!in_registro(c, tessera)) r.differenze << u"card %1 is gone, and nobody deleted it"_s.arg(tessera);
+  }
+  for (const QString& tessera : eliminate) {
+    Recordset rs;
+    const Errore e = rs.Open(
+        u"select codice from tessere_operatori where codice = ? union all select tessera from gruppi_tessera"
+        " where tessera = ? union all select ID_tessera from posiz_tessere_oper where ID_tessera = ?"_s,
+        c, {tessera, tessera, tessera});
+    if (e || !rs.eof()) r.differenze << u"card %1 was deleted, and is still there"_s.arg(tessera);
+  }
 }
 
 void riscontra_tessere(Connection& c, const SitoGiornata& sito, const QString& giorno, QTime adesso,

@@ -9,17 +9,19 @@ namespace lokera::simulazione {
 /// What must agree when a day has come to rest, looked up in the database and in the cabinets.
 struct Riscontro {
   QStringList differenze;
-  int tessere_rimaste = 0;  ///< records at positions that the console holds for free
-  int tessere_tornate = 0;  ///< records of cards that are in the registry no more
 };
 
 /// Each key row says what the last booked movement of the key says.
 void riscontra_chiavi(Connection& c, Riscontro& r);
 
-/// No queue row is left but those of cards that are not in the registry.
+/// Nothing is left to be told to any cabinet, and no mark without its queue row.
 void riscontra_coda(Connection& c, Riscontro& r);
 
-/// Every card with a position at a cabinet has its record there, with the mask that the database asks for.
+/// The cards of `vive` are in the registry; nothing tells of those of `eliminate` any more.
+void riscontra_registro(Connection& c, const QStringList& vive, const QStringList& eliminate, Riscontro& r);
+
+/// Every card with a position at a cabinet is in the registry and has its record there, with the mask that
+/// the database asks for; no other record is there.
 void riscontra_tessere(Connection& c, const SitoGiornata& sito, const QString& giorno, QTime adesso,
                        Riscontro& r);
 

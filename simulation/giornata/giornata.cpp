@@ -136,8 +136,8 @@ void Giornata::guasti() {
 bool Giornata::coda_vuota() {
   Recordset rs;
   return !rs.Open(
-             u"select a.id_tessera from aggiorn_tessere_oper as a inner join tessere_operatori as t on"
-             " a.id_tessera = t.codice"_s,
+             u"select ID_lokera from aggiorn_tessere_oper union all select ID_lokera from"
+             " cancellazioni_da_confermare"_s,
              seconda_) &&
          rs.eof();
 }
@@ -191,6 +191,7 @@ void Giornata::riscontra() {
   Riscontro r;
   riscontra_chiavi(seconda_, r);
   riscontra_coda(seconda_, r);
+  riscontra_registro(seconda_, vicende_->vive(), vicende_->eliminate(), r);
   frm_Main& main = console_->principale();
   (void)main.giorno.tipo_giorno();
   riscontra_tessere(seconda_, sito_, main.giorno.giorno_corrente(), vm_.orologio().adesso().time(), r);
@@ -203,8 +204,6 @@ void Giornata::riscontra() {
     r.differenze << u"shown at the desk: "_s + main.lblErrore.Caption();
   for (const QString& testo : vm_.messaggi().testi()) r.differenze << u"message: "_s + testo;
   if (vm_.programma().finito) r.differenze << u"the program ended"_s;
-  esito_.tessere_rimaste = r.tessere_rimaste;
-  esito_.tessere_tornate = r.tessere_tornate;
   esito_.differenze = osservatore_->differenze() + r.differenze;
 }
 
@@ -215,6 +214,7 @@ void Giornata::raccogli() {
   esito_.ripetuti = osservatore_->ripetute();
   esito_.alterati = osservatore_->alterate();
   esito_.in_diretta = osservatore_->in_diretta();
+  esito_.eliminate = static_cast<int>(vicende_->eliminate().size());
   for (const SitoGiornata::Posto& p : sito_.posti()) esito_.azzeramenti += p.cabinet->riavvii();
   esito_.attesa_ms = std::chrono::duration_cast<std::chrono::milliseconds>(ciclo_.massima()).count();
   esito_.annidate = ciclo_.profonda();

@@ -23,15 +23,14 @@ struct EsitoGiornata {
   QStringList differenze;
   quint64 impronta = 0;  ///< of everything that arrived anywhere, and when
   int visite = 0;
-  int movimenti = 0;        ///< rows booked
-  int ripetuti = 0;         ///< rows beyond the first of their movement
-  int alterati = 0;         ///< rows booked as the network garbled them
-  int in_diretta = 0;       ///< booked at the end of a live operation
-  int tessere_rimaste = 0;  ///< records of cards whose deletion went unanswered
-  int tessere_tornate = 0;  ///< records of cards that left the registry while a band had queued them again
-  int azzeramenti = 0;      ///< resets that cabinets carried out
-  qint64 attesa_ms = 0;     ///< the longest single wait
-  int annidate = 0;         ///< waits inside one another, at most
+  int movimenti = 0;     ///< rows booked
+  int ripetuti = 0;      ///< rows beyond the first of their movement
+  int alterati = 0;      ///< rows booked as the network garbled them
+  int in_diretta = 0;    ///< booked at the end of a live operation
+  int eliminate = 0;     ///< cards that people deleted
+  int azzeramenti = 0;   ///< resets that cabinets carried out
+  qint64 attesa_ms = 0;  ///< the longest single wait
+  int annidate = 0;      ///< waits inside one another, at most
 };
 
 /// The day, from its start to the quiet after it.

@@ -77,13 +77,12 @@ bool SitoGiornata::quieto() const {
 }
 
 Errore SitoGiornata::riempi(Connection& c) {
-  lokera::Transazione t(c);
-  if (t.inizio()) return t.inizio();
-  if (Errore e = lokere(c)) return e;
-  if (Errore e = chiavi(c)) return e;
-  if (Errore e = tessere(c)) return e;
-  if (Errore e = fasce(c)) return e;
-  return t.conferma();
+  return in_transazione(c, [&]() -> Errore {
+    if (Errore e = lokere(c)) return e;
+    if (Errore e = chiavi(c)) return e;
+    if (Errore e = tessere(c)) return e;
+    return fasce(c);
+  });
 }
 
 Errore SitoGiornata::lokere(Connection& c) const {

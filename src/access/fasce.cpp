@@ -1,10 +1,10 @@
 #include "access/fasce.h"
 
-#include <map>
-#include <optional>
+#include <functional>
 #include <set>
 #include <vector>
 
+#include "ledger/coda_tessere.h"
 #include "store/date_jet.h"
 #include "store/recordset.h"
 
@@ -97,71 +97,60 @@ class Applicazione {
             {fascia.gruppo_oper, fascia.gruppo_chiavi}, tessere))
       return e;
     for (const QVariant& tessera : tessere) {
-      std::set<qlonglong>& dove = coppie_[tessera.toString()];
-      for (const QVariant& lokera : lokere) dove.insert(lokera.toLongLong());
+      for (const QVariant& lokera : lokere) coppie_.emplace(tessera.toString(), lokera.toLongLong());
     }
-    return respira();
+    respira();
+    return {};
   }
 
   Errore accoda() {
-    for (const auto& [tessera, lokere] : coppie_) {
-      for (const qlonglong lokera : lokere) {
-        if (Errore e = accoda_coppia(tessera, lokera)) return e;
-      }
-      if (Errore e = respira()) return e;
+    CodaTessere coda(c_);
+    const std::vector<std::pair<QString, qlonglong>> coppie(coppie_.begin(), coppie_.end());
+    return a_tratti(coppie.size(), [&](size_t i) {
+      return coda.accoda_scrittura_se_manca(coppie[i].first, coppie[i].second);
+    });
+  }
+
+  Errore segna_eseguite(const std::vector<Fascia>& fasce) {
+    return a_tratti(fasce.size(), [&](size_t i) { return segna_eseguita(fasce[i]); });
+  }
+
+ private:
+  Errore segna_eseguita(const Fascia& fascia) {
+    return c_.Execute(QStringLiteral("update fascie_orarie set data_esecuzione = ? where gruppo_oper = ? and"
+                                     " gruppo_chiavi = ? and giorno = ? and dalle_ore = ? and alle_ore = ?"),
+                      {attesa_.orologio().adesso(), fascia.gruppo_oper, fascia.gruppo_chiavi, giorno_,
+                       fascia.dalle_ore, fascia.alle_ore});
+  }
+
+  // As many steps in a transaction as fit into one stretch.
+  Errore a_tratti(size_t quanti, const std::function<Errore(size_t)>& passo) {
+    for (size_t i = 0; i < quanti; respira()) {
+      if (Errore e = in_transazione(c_, [&] { return tratto(i, quanti, passo); })) return e;
     }
     return {};
   }
 
-  Errore segna_eseguita(const Fascia& fascia) {
-    if (Errore e = inizia()) return e;
-    if (Errore e =
-            c_.Execute(QStringLiteral("update fascie_orarie set data_esecuzione = ? where gruppo_oper = ? and"
-                                      " gruppo_chiavi = ? and giorno = ? and dalle_ore = ? and alle_ore = ?"),
-                       {attesa_.orologio().adesso(), fascia.gruppo_oper, fascia.gruppo_chiavi, giorno_,
-                        fascia.dalle_ore, fascia.alle_ore}))
-      return e;
-    return respira();
+  Errore tratto(size_t& i, size_t quanti, const std::function<Errore(size_t)>& passo) {
+    Errore errore;
+    do errore = passo(i++);
+    while (!errore && i < quanti && !tratto_finito());
+    return errore;
   }
 
-  Errore finisci() {
-    if (!transazione_) return {};
-    Errore e = transazione_->conferma();
-    transazione_.reset();
-    return e;
-  }
+  bool tratto_finito() const { return attesa_.orologio().monotono() - inizio_ >= tratto_massimo; }
 
- private:
-  // A pair that is queued already stays as it is, also a deletion.
-  Errore accoda_coppia(const QString& tessera, qlonglong lokera) {
-    if (Errore e = inizia()) return e;
-    return c_.Execute(
-        QStringLiteral(
-            "insert into aggiorn_tessere_oper (id_tessera, id_lokera, operazione) select ?, ?, 'I' where"
-            " not exists (select 1 from aggiorn_tessere_oper where ID_tessera = ? and ID_lokera = ?)"),
-        {tessera, lokera, tessera, lokera});
-  }
-
-  Errore inizia() {
-    if (transazione_) return {};
-    transazione_.emplace(c_);
-    return transazione_->inizio();
-  }
-
-  Errore respira() {
-    if (attesa_.orologio().monotono() - inizio_ < tratto_massimo) return {};
-    if (Errore e = finisci()) return e;
+  void respira() {
+    if (!tratto_finito()) return;
     attesa_.cedi();
     inizio_ = attesa_.orologio().monotono();
-    return {};
   }
 
   Connection& c_;
   PolledWait& attesa_;
   const QString giorno_;
   Monotonic inizio_;
-  std::optional<Transazione> transazione_;
-  std::map<QString, std::set<qlonglong>> coppie_;  ///< the cabinets that each card is queued for
+  std::set<std::pair<QString, qlonglong>> coppie_;  ///< each card with a cabinet that it is queued for
 };
 
 Errore applica(Connection& c, PolledWait& attesa, const QString& giorno) {
@@ -174,10 +163,7 @@ Errore applica(Connection& c, PolledWait& attesa, const QString& giorno) {
     if (Errore e = applicazione.cerca(fascia)) return e;
   }
   if (Errore e = applicazione.accoda()) return e;
-  for (const Fascia& fascia : fasce) {
-    if (Errore e = applicazione.segna_eseguita(fascia)) return e;
-  }
-  return applicazione.finisci();
+  return applicazione.segna_eseguite(fasce);
 }
 
 }  // namespace

@@ -2,126 +2,134 @@
 
 #include "cards/maschera.h"
 #include "link/protocollo.h"
-#include "store/recordset.h"
 
 namespace lokera {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr int attesa_scrittura_s = 2;
 constexpr int attesa_rilettura_s = 3;
+constexpr char record_assente[] = "14";
 
 // Archive digit and position, as they stand behind the command code.
 QByteArray posto(qint16 tipo, qint32 posizione) {
   return QByteArray::number(tipo) + QByteArray::number(posizione).rightJustified(4, '0');
 }
 
+QByteArray frame_cancella(qint16 tipo, qint32 posizione) {
+  return componi_frame("00032" + posto(tipo, posizione));
+}
+
 }  // namespace
 
 InvioTessere::InvioTessere(Database& db, SessioneDownload& sessione, const Giorno& giorno, const Label& lblID)
-    : db_(db), sessione_(sessione), giorno_(giorno), lblID_(lblID) {}
+    : db_(db),
+      sessione_(sessione),
+      giorno_(giorno),
+      lblID_(lblID),
+      coda_(db.connessione_db),
+      posizioni_(db.connessione_db) {}
 
-qint16 InvioTessere::invia_record_operatore(const QString& codice, qint32& posizione, qint16 tipo) {
-  QByteArray record = codice.toLatin1();
-  if (tipo == record_operatore) {
-    if (assegna_posizione(codice, posizione)) return 1;
-    Maschera maschera;
-    const QTime adesso = sessione_.attesa().orologio().adesso().time();
-    // A mask that could not be worked out is never sent: it would lock the person out of every key.
-    if (calcola_maschera(db_.connessione_db, codice, giorno_.giorno_corrente(), adesso, maschera)) return 1;
-    record += maschera_esadecimale(maschera);
-  }
-  if (!scrivi_e_verifica(posto(tipo, posizione), record)) return 1;
-  togli_dalla_coda(codice);
-  return 0;
+bool InvioTessere::fallito(const Errore& errore) const {
+  if (errore && segnala) segnala(errore);
+  return static_cast<bool>(errore);
 }
 
-bool InvioTessere::scrivi_e_verifica(QByteArrayView testa, const QByteArray& record) {
-  const QByteArray scrittura = componi_frame("00031" + testa.toByteArray() + record);
-  if (const qint16 stato = sessione_.scambia_due_volte(scrittura, attesa_scrittura_s);
-      stato == 0 || stato == 2)
-    return false;
-  if (sessione_.scambia(componi_frame("00030" + testa.toByteArray()), attesa_rilettura_s, record.size()) != 1)
-    return false;
-  return sessione_.scambio().risposta_dati.startsWith(record);
-}
-
-Errore InvioTessere::assegna_posizione(const QString& codice, qint32& posizione) {
-  Recordset rs;
-  if (Errore e =
-          rs.Open(QStringLiteral("select * from posiz_tessere_oper where ID_tessera = ? and ID_lokera = ?"),
-                  db_.connessione_db, {codice, id()}, Cursore::aggiornabile))
-    return e;
-  if (!rs.eof()) {
-    posizione = static_cast<qint32>(rs.numero(u"posizione"));
-    return {};
-  }
-  if (Errore e = prima_posizione_libera(posizione)) return e;
-  if (Errore e = rs.AddNew()) return e;
-  if (Errore e = rs.imposta(u"id_tessera", codice)) return e;
-  if (Errore e = rs.imposta(u"id_lokera", id())) return e;
-  if (Errore e = rs.imposta(u"posizione", posizione)) return e;
-  return rs.Update();
-}
-
-// Gaps left by deleted cards are filled first, lowest first.
-Errore InvioTessere::prima_posizione_libera(qint32& posizione) {
-  posizione = 0;
-  Recordset rs;
-  Errore e = rs.Open(
-      QStringLiteral("SELECT posizione FROM posiz_tessere_oper where ID_lokera = ? ORDER BY posizione"),
-      db_.connessione_db, {id()});
-  while (!e && !rs.eof() && rs.numero(u"posizione") == posizione) {
-    ++posizione;
-    e = rs.MoveNext();
-  }
+// The queue may have turned over since the caller read it: what it says now counts.
+Errore InvioTessere::permessa(const Conversazione& c, const QString& codice, OperazioneCoda operazione,
+                              bool& permessa) {
+  std::optional<OperazioneCoda> attesa;
+  Errore e = coda_.in_attesa(codice, c.lokera, attesa);
+  permessa = attesa.value_or(operazione) == operazione;
   return e;
 }
 
-qint16 InvioTessere::cancella_operatore_lokera(const QString& codice, qint32& posizione, qint16 tipo) {
-  bool trovata = false;
-  if (libera_posizione(codice, posizione, trovata)) return 1;
-  if (trovata) {
-    const QByteArray frame = componi_frame("00032" + posto(tipo, posizione));
-    if (sessione_.scambia_due_volte(frame, attesa_scrittura_s) != 1) return 1;
+qint16 InvioTessere::invia_record_operatore(const QString& codice, qint32& posizione, qint16 tipo) {
+  const Conversazione c = conversazione();
+  QByteArray record = codice.toLatin1();
+  if (tipo == record_operatore) {
+    bool da_scrivere = false;
+    if (fallito(permessa(c, codice, OperazioneCoda::scrittura, da_scrivere)) || !da_scrivere) return 1;
+    if (fallito(posizioni_.assegna(codice, c.lokera, posizione))) return 1;
+    // A mask that could not be worked out is never sent: it would lock the person out of every key.
+    if (fallito(record_di(codice, record))) return 1;
   }
-  togli_dalla_coda(codice);
-  togli_dal_registro(codice);
-  return 0;
+  if (!scrivi_e_verifica(c, posto(tipo, posizione), record)) return 1;
+  if (tipo == record_operatore) return fallito(scritta(c, codice, posizione, record)) ? 1 : 0;
+  return fallito(coda_.servita_scrittura(codice, c.lokera)) ? 1 : 0;
 }
 
-Errore InvioTessere::libera_posizione(const QString& codice, qint32& posizione, bool& trovata) {
-  Recordset rs;
-  if (Errore e =
-          rs.Open(QStringLiteral("select * from posiz_tessere_oper where ID_tessera = ? and ID_lokera = ?"),
-                  db_.connessione_db, {codice, id()}, Cursore::aggiornabile))
-    return e;
-  trovata = !rs.eof();
-  if (!trovata) return {};
-  posizione = static_cast<qint32>(rs.numero(u"posizione"));
-  return rs.Delete();
+Errore InvioTessere::record_di(const QString& codice, QByteArray& record) {
+  Maschera maschera;
+  const QTime adesso = sessione_.attesa().orologio().adesso().time();
+  Errore e = calcola_maschera(db_.connessione_db, codice, giorno_.giorno_corrente(), adesso, maschera);
+  if (!e) record = codice.toLatin1() + maschera_esadecimale(maschera);
+  return e;
 }
 
-void InvioTessere::togli_dalla_coda(const QString& codice) {
-  (void)db_.connessione_db.Execute(
-      QStringLiteral("delete from aggiorn_tessere_oper where ID_lokera = ? and id_tessera = ?"),
-      {id(), codice});
+bool InvioTessere::scrivi_e_verifica(const Conversazione& c, QByteArrayView testa, const QByteArray& record) {
+  const QByteArray scrittura = componi_frame("00031" + testa.toByteArray() + record);
+  const qint16 stato = sessione_.scambia_due_volte(scrittura, attesa_scrittura_s);
+  if (interrotta(c) || stato == 0 || stato == 2) return false;
+  const QByteArray rilettura = componi_frame("00030" + testa.toByteArray());
+  if (sessione_.scambia(rilettura, attesa_rilettura_s, record.size()) != 1 || interrotta(c)) return false;
+  return sessione_.scambio().risposta_dati.startsWith(record);
 }
 
-// The card leaves the registry when the last cabinet has been served.
-void InvioTessere::togli_dal_registro(const QString& codice) {
-  Recordset rs;
-  if (rs.Open(QStringLiteral("select * from aggiorn_tessere_oper where id_tessera = ? and ID_lokera <> ?"),
-              db_.connessione_db, {codice, id()}) ||
-      !rs.eof())
-    return;
-  rs.Close();
-  Transazione transazione(db_.connessione_db);
-  if (db_.connessione_db.Execute(QStringLiteral("delete FROM tessere_operatori WHERE codice = ?"),
-                                 {codice}) ||
-      db_.connessione_db.Execute(QStringLiteral("delete FROM gruppi_tessera WHERE tessera = ?"), {codice}))
-    return;
-  (void)transazione.conferma();
+// The record lies there for certain now, over whatever was there before. If the card's groups or bands have
+// changed while the cabinet was answering, the queue keeps the card for the next visit.
+Errore InvioTessere::scritta(const Conversazione& c, const QString& codice, qint32 posizione,
+                             const QByteArray& record) {
+  QByteArray adesso;
+  if (Errore e = record_di(codice, adesso)) return e;
+  return in_transazione(db_.connessione_db, [&] {
+    Errore errore = posizioni_.confermata(c.lokera, posizione);
+    return errore || adesso != record ? errore : coda_.servita_scrittura(codice, c.lokera);
+  });
+}
+
+qint16 InvioTessere::cancella_operatore_lokera(const QString& codice, qint32& posizione, qint16 tipo) {
+  const Conversazione c = conversazione();
+  bool da_cancellare = false;
+  if (fallito(permessa(c, codice, OperazioneCoda::cancellazione, da_cancellare)) || !da_cancellare) return 1;
+  bool trovata = false;
+  if (fallito(posizioni_.libera(codice, c.lokera, posizione, trovata))) return 1;
+  if (trovata) {
+    const qint16 stato = sessione_.scambia_due_volte(frame_cancella(tipo, posizione), attesa_scrittura_s);
+    if (interrotta(c) || stato != 1) return 1;
+  }
+  const Errore errore = in_transazione(db_.connessione_db, [&] {
+    Errore e = trovata ? posizioni_.confermata(c.lokera, posizione) : Errore{};
+    return e ? e : coda_.servita_cancellazione(codice, c.lokera);
+  });
+  return fallito(errore) ? 1 : 0;
+}
+
+qint16 InvioTessere::ripeti_cancellazioni() {
+  const Conversazione c = conversazione();
+  QList<qint32> posizioni;
+  if (fallito(posizioni_.da_confermare(c.lokera, posizioni))) return 1;
+  bool tutte = true;
+  bool muta = false;
+  for (qsizetype i = 0; i < posizioni.size() && !muta; ++i) {
+    if (!ripeti_cancellazione(c, posizioni[i], muta)) tutte = false;
+    if (interrotta(c)) return 1;
+  }
+  return tutte ? 0 : 1;
+}
+
+bool InvioTessere::ripeti_cancellazione(const Conversazione& c, qint32 posizione, bool& muta) {
+  const QByteArray frame = frame_cancella(record_operatore, posizione);
+  const qint16 stato = sessione_.scambia_due_volte(frame, attesa_scrittura_s);
+  muta = stato == 0;
+  if (interrotta(c)) return false;
+  const QByteArray& risposta = sessione_.scambio().buffer_download;
+  const bool assente =
+      stato == 2 && codice_comando(risposta) == "00032" && campo_frame(risposta, 6, 2) == record_assente;
+  if (stato != 1 && !assente) return false;
+  return !fallito(posizioni_.confermata(c.lokera, posizione));
 }
 
 }  // namespace lokera

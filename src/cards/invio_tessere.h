@@ -1,7 +1,11 @@
 #pragma once
 
+#include <functional>
+
 #include "access/giorno.h"
+#include "cards/posizioni_tessere.h"
 #include "forms/controlli.h"
+#include "ledger/coda_tessere.h"
 #include "link/sessione_download.h"
 #include "store/database.h"
 
@@ -10,35 +14,57 @@ namespace lokera {
 /// What a record of a cabinet's archive belongs to.
 enum TipoRecord : qint16 { record_operatore = 0, record_chiave = 1 };
 
-/// Writes card records to the connected cabinet, the one whose number stands in `lblID`, and deletes them.
-/// Every operation runs the event loop while it waits for the cabinet; the caller sees to it that nothing
-/// else uses `wskDownload` meanwhile. The day type is that of the last `Giorno::tipo_giorno`.
+/// Writes card records to the connected cabinet, the one whose number stands in `lblID` when an operation
+/// begins, and deletes them. Every operation runs the event loop while it waits for the cabinet; the caller
+/// sees to it that nothing else uses `wskDownload` meanwhile. When somebody connects anew all the same, the
+/// operation fails, sends nothing more and leaves the queue alone. The day type is that of the last
+/// `Giorno::tipo_giorno`.
 class InvioTessere {
  public:
   InvioTessere(Database& db, SessioneDownload& sessione, const Giorno& giorno, const Label& lblID);
 
   /// 0 the record was written and verified, 1 it was not. For an operator card `posizione` comes back as the
   /// allocated position, which is stored before the cabinet is reached; for a key it says where it goes. On
-  /// success the card's queue row of this cabinet is deleted.
+  /// success the card's queue row of this cabinet goes, unless it says something else by now or the card's
+  /// mask has become another one meanwhile. Nothing is sent while a deletion waits in the queue.
   qint16 invia_record_operatore(const QString& codice, qint32& posizione, qint16 tipo);
 
   /// 0 deleted, 1 not. `posizione` comes back as the one the card had; it is free from this moment, whatever
-  /// the cabinet says. When no other cabinet has the card in its queue, the card leaves the registry too.
+  /// the cabinet says, and remembered until the cabinet has confirmed. What becomes of the card,
+  /// `CodaTessere::servita_cancellazione` tells. Nothing is sent while a writing waits in the queue.
   qint16 cancella_operatore_lokera(const QString& codice, qint32& posizione, qint16 tipo);
 
+  /// Sends the deletions again that this cabinet has not confirmed; those of positions where a card has been
+  /// written since are left out. 0 none is open any more, 1 some are. Ends at the first without an answer.
+  qint16 ripeti_cancellazioni();
+
+  std::function<void(const Errore&)> segnala;
+
  private:
-  qlonglong id() const { return lblID_.Caption().toLongLong(); }
-  Errore assegna_posizione(const QString& codice, qint32& posizione);
-  Errore prima_posizione_libera(qint32& posizione);
-  Errore libera_posizione(const QString& codice, qint32& posizione, bool& trovata);
-  bool scrivi_e_verifica(QByteArrayView testa, const QByteArray& record);
-  void togli_dalla_coda(const QString& codice);
-  void togli_dal_registro(const QString& codice);
+  /// The cabinet and the connection that an operation began with.
+  struct Conversazione {
+    qlonglong lokera;
+    int numero;
+  };
+
+  Conversazione conversazione() const {
+    return {lblID_.Caption().toLongLong(), sessione_.numero_connessione()};
+  }
+  bool interrotta(const Conversazione& c) const { return sessione_.numero_connessione() != c.numero; }
+  bool fallito(const Errore& errore) const;
+
+  Errore permessa(const Conversazione& c, const QString& codice, OperazioneCoda operazione, bool& permessa);
+  Errore record_di(const QString& codice, QByteArray& record);
+  bool scrivi_e_verifica(const Conversazione& c, QByteArrayView testa, const QByteArray& record);
+  Errore scritta(const Conversazione& c, const QString& codice, qint32 posizione, const QByteArray& record);
+  bool ripeti_cancellazione(const Conversazione& c, qint32 posizione, bool& muta);
 
   Database& db_;
   SessioneDownload& sessione_;
   const Giorno& giorno_;
   const Label& lblID_;
+  CodaTessere coda_;
+  PosizioniTessere posizioni_;
 };
 
 }  // namespace lokera

@@ -137,17 +137,13 @@ bool sostituisci_tabelle(Connection& conn, const std::vector<TabellaDaLista>& ta
   // Handlers of an edit may take their time, so it is over before the transaction begins.
   for (const TabellaDaLista& t : tabelle) t.lista.grd().Update();
   griglia* lista = &tabelle.front().lista;
-  Errore errore;
-  {
-    Transazione transazione(conn);
-    errore = transazione.inizio();
+  const Errore errore = in_transazione(conn, [&]() -> Errore {
     for (const TabellaDaLista& t : tabelle) {
-      if (errore) break;
       lista = &t.lista;
-      errore = lista->riscrivi(conn, t);
+      if (Errore e = lista->riscrivi(conn, t)) return e;
     }
-    if (!errore) errore = transazione.conferma();
-  }
+    return {};
+  });
   if (!errore) return true;
   lista->errore_ = errore;
   lista->errore_salvataggio_ = true;

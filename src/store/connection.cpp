@@ -63,17 +63,24 @@ quint64 Connection::versione_tabella(const QString& tabella) const {
   return motore_->versione(tabella);
 }
 
-Transazione::Transazione(Connection& connessione)
-    : connessione_(connessione), inizio_(connessione.BeginTrans()), aperta_(!inizio_) {}
-
-Transazione::~Transazione() {
-  if (aperta_) connessione_.RollbackTrans();
+Errore in_transazione(Connection& c, const std::function<Errore()>& lavoro) {
+  if (Errore e = c.BeginTrans()) return e;
+  Errore errore = lavoro();
+  if (!errore) return c.CommitTrans();
+  c.RollbackTrans();
+  return errore;
 }
 
-Errore Transazione::conferma() {
-  if (!aperta_) return inizio_ ? inizio_ : Errore{SQLITE_ERROR, u"La transazione è già chiusa"_s};
-  aperta_ = false;
-  return connessione_.CommitTrans();
+Errore tutto_o_niente(Connection& c, const std::function<Errore()>& lavoro) {
+  if (!c.in_transazione()) return in_transazione(c, lavoro);
+  if (Errore e = c.Execute(u"savepoint parte"_s)) return e;
+  Errore errore = lavoro();
+  if (errore) {
+    static_cast<void>(c.Execute(u"rollback to parte"_s));
+    c.motore_->modifiche.tutte();
+  }
+  Errore chiusura = c.Execute(u"release parte"_s);
+  return errore ? errore : chiusura;
 }
 
 }  // namespace lokera

@@ -50,26 +50,18 @@ class Connection {
 
  private:
   friend class Recordset;
+  friend Errore tutto_o_niente(Connection&, const std::function<Errore()>&);
   struct Motore;
   std::unique_ptr<Motore> motore_;
 };
 
-/// A transaction that rolls back unless it was committed.
-class Transazione {
- public:
-  explicit Transazione(Connection& connessione);
-  ~Transazione();
-  Transazione(const Transazione&) = delete;
-  Transazione& operator=(const Transazione&) = delete;
-  /// The failure of the beginning, if it could not begin.
-  const Errore& inizio() const { return inizio_; }
-  /// After a failure nothing of the transaction is kept.
-  Errore conferma();
+/// Runs `lavoro` as one transaction. The work runs only when the transaction has begun; it is committed when
+/// the work returns no failure, and otherwise nothing of it is kept. Returns the failure of the beginning,
+/// the work or the commit. What it has committed is durable, so it fails when a transaction is open already.
+Errore in_transazione(Connection& connessione, const std::function<Errore()>& lavoro);
 
- private:
-  Connection& connessione_;
-  Errore inizio_;
-  bool aperta_;
-};
+/// All of `lavoro` or nothing of it: inside an open transaction as a part of that, which alone makes it
+/// durable, otherwise `in_transazione`.
+Errore tutto_o_niente(Connection& connessione, const std::function<Errore()>& lavoro);
 
 }  // namespace lokera

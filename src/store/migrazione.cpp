@@ -97,6 +97,14 @@ std::vector<Passo> passi() {
        u"[MM], "
        u"[AAAA]))",
        {{u"giorno", u"text(20)"}}},
+      {u"tessere_da_conservare",
+       u"([ID_tessera] text(10), [ID_lokera] integer, CONSTRAINT tessere_da_conservare_KEY PRIMARY KEY "
+       u"([ID_tessera], [ID_lokera]))",
+       {{u"motivo", u"text(20)"}}},
+      {u"cancellazioni_da_confermare",
+       u"([ID_lokera] integer, [posizione] long, CONSTRAINT cancellazioni_da_confermare_KEY PRIMARY KEY "
+       u"([ID_lokera], [posizione]))",
+       {{u"ID_tessera", u"text(10)"}}},
   };
 }
 

@@ -74,8 +74,9 @@ constexpr std::array base{
         u"[partitaiva] text(20), [codicefiscale] text(20)"},
 };
 
-constexpr std::array della_migrazione{u"parametri",          u"PIANIF_RESET",  u"aggiorn_tessere_oper",
-                                      u"posiz_tessere_oper", u"fascie_orarie", u"giorni_particolari"};
+constexpr std::array della_migrazione{
+    u"parametri",     u"PIANIF_RESET",       u"aggiorn_tessere_oper",  u"posiz_tessere_oper",
+    u"fascie_orarie", u"giorni_particolari", u"tessere_da_conservare", u"cancellazioni_da_confermare"};
 
 constexpr std::array indici{
     u"securety_locks_chiave on securety_locks (tabella, chiave)",
@@ -96,14 +97,13 @@ Errore crea_tabelle(Connection& c) {
 }
 
 Errore riempi(Database& db) {
-  Transazione t(db.connessione_db);
-  if (t.inizio()) return t.inizio();
-  if (Errore e = crea_tabelle(db.connessione_db)) return e;
-  aggiorna_database(db);
-  const QStringList mancanti = tabelle_mancanti(db.connessione_db);
-  if (!mancanti.isEmpty()) return {1, u"Tabelle non create: "_s + mancanti.join(u", "_s)};
-  if (Errore e = carica_dati_consegnati(db.connessione_db)) return e;
-  return t.conferma();
+  return in_transazione(db.connessione_db, [&]() -> Errore {
+    if (Errore e = crea_tabelle(db.connessione_db)) return e;
+    aggiorna_database(db);
+    const QStringList mancanti = tabelle_mancanti(db.connessione_db);
+    if (!mancanti.isEmpty()) return {1, u"Tabelle non create: "_s + mancanti.join(u", "_s)};
+    return carica_dati_consegnati(db.connessione_db);
+  });
 }
 
 }  // namespace

@@ -3,7 +3,6 @@
 #include <span>
 
 #include "link/protocollo.h"
-#include "store/recordset.h"
 
 namespace lokera {
 
@@ -153,19 +152,11 @@ void CicloDownload::prossima_lokera(Visita& visita) {
 
 void CicloDownload::riempi_coda() {
   grdAggOper.RemoveAll();
-  Recordset rs;
-  Errore errore = rs.Open(
-      QStringLiteral(
-          "select aggiorn_tessere_oper.*, tessere_operatori.intestazione from (aggiorn_tessere_oper inner"
-          " join tessere_operatori on aggiorn_tessere_oper.id_tessera = tessere_operatori.codice) where"
-          " aggiorn_tessere_oper.ID_lokera = ?"),
-      db_.connessione_db, {e_.lblID.Caption().toLongLong()});
-  while (!errore && !rs.eof()) {
-    aggiungi(grdAggOper, {{u"codice", rs.testo(u"id_tessera")},
-                          {u"descrizione", rs.testo(u"intestazione")},
-                          {u"oper", rs.testo(u"operazione")}});
-    errore = rs.MoveNext();
-  }
+  std::vector<RigaCoda> righe;
+  const Errore errore = CodaTessere(db_.connessione_db).per_lokera(e_.lblID.Caption().toLongLong(), righe);
+  if (errore && segnala) segnala(errore);
+  for (const RigaCoda& r : righe)
+    aggiungi(grdAggOper, {{u"codice", r.tessera}, {u"descrizione", r.intestazione}, {u"oper", r.operazione}});
   grdAggOper.Row(0);
 }
 
@@ -187,6 +178,8 @@ void CicloDownload::leggi_seriale(const Visita& visita) {
 }
 
 void CicloDownload::invia_coda(const Visita& visita) {
+  (void)invio_.ripeti_cancellazioni();
+  if (!mia(visita)) return;
   if (grdAggOper.Rows() == 0) return;
   (void)giorno_.tipo_giorno();
   for (int riga = 0; riga < grdAggOper.Rows(); ++riga) {

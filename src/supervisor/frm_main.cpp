@@ -81,7 +81,7 @@ frm_Main::frm_Main(const AmbientePrincipale& a)
 // Where a lower floor makes something happen on a higher one, the function is handed down here.
 void frm_Main::collega_parti() {
   const auto segnala_errore = [this](const Errore& e) { segnala(e); };
-  acquisizione.segnala = decisioni.segnala = ciclo.segnala = fasce.segnala = segnala_errore;
+  acquisizione.segnala = decisioni.segnala = ciclo.segnala = fasce.segnala = invio.segnala = segnala_errore;
   slave.richiesta = [this](QByteArray& buffer) { decisioni.smista(buffer); };
   decisioni.registra_movimento = [this](char tipo) { return acquisizione.registra_movimento(tipo); };
   ciclo.applica_fasce_orarie = [this] { fasce.applica_fasce_orarie(); };

@@ -7,11 +7,10 @@
 namespace lokera {
 
 Errore Registro::registra(const Movimento& movimento, QString& descrizione, qlonglong& posizione) {
-  Transazione transazione(db_.connessione_db);
-  if (transazione.inizio()) return transazione.inizio();
-  if (Errore e = aggiorna_chiave(movimento, descrizione, posizione)) return e;
-  if (Errore e = aggiungi_movimento(movimento)) return e;
-  return transazione.conferma();
+  return in_transazione(db_.connessione_db, [&] {
+    Errore errore = aggiorna_chiave(movimento, descrizione, posizione);
+    return errore ? errore : aggiungi_movimento(movimento);
+  });
 }
 
 Errore Registro::aggiorna_chiave(const Movimento& movimento, QString& descrizione, qlonglong& posizione) {

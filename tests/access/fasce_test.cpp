@@ -1,6 +1,7 @@
 #include "access/fasce.h"
 
 #include "aiuti/banco.h"
+#include "ledger/coda_tessere.h"
 
 namespace lokera::prova {
 namespace {
@@ -88,12 +89,21 @@ TEST_F(FasceTest, UnaCorsaLungaCedeFuoriDalleTransazioniENonNeTrovaUnAltra) {
 }
 
 TEST_F(FasceTest, ChiEInCodaRestaComE) {
-  b.in_coda(QStringLiteral("0000000001"), 1, QStringLiteral("D"));
+  CodaTessere tessere(b.db().connessione_db);
+  const QString codice = QStringLiteral("0000000001");
+  EXPECT_FALSE(tessere.accoda_cancellazione_conservando(codice, 1, MotivoConservare::non_raggiunta));
   b.vm.orologio().imposta(QDateTime(giorno, QTime(8, 0)));
   b.main().fasce.applica_fasce_orarie();
   EXPECT_EQ(b.conta(coda), 2);
   EXPECT_EQ(b.conta(coda, QStringLiteral("operazione = 'D' and ID_lokera = 1")), 1);
   EXPECT_EQ(b.conta(coda, QStringLiteral("operazione = 'I' and ID_lokera = 2")), 1);
+}
+
+TEST_F(FasceTest, UnaTesseraInUscitaNonTornaDaNessunaParte) {
+  b.in_coda(QStringLiteral("0000000001"), 3, QStringLiteral("D"));
+  b.in_coda(QStringLiteral("0000000002"), 1, QStringLiteral("D"));
+  EXPECT_EQ(corsa(QTime(8, 0)), 2);
+  EXPECT_EQ(corsa(QTime(12, 1)), 2);  // the deletions have been served
 }
 
 TEST_F(FasceTest, UnErroreNonPerdeLaFascia) {

@@ -25,6 +25,7 @@ class InvioTest : public ::testing::Test {
 
   QList<QByteArray> risposta(const QByteArray& frame) {
     const QByteArray codice = frame.left(5);
+    if (codice == momento) std::exchange(intanto, nullptr)();
     if (muta) return {};
     if (codice == "00031") scritto = frame.mid(10, frame.size() - 13);
     if (codice == "00030") return {componi_frame("0003000" + rilettura.value_or(scritto) + "XX")};
@@ -36,7 +37,32 @@ class InvioTest : public ::testing::Test {
     return b.main().invio.cancella_operatore_lokera(codice, posizione, 0);
   }
 
+  /// Once, when the cabinet has received a frame of this code and before it answers.
+  void durante(const QByteArray& codice, std::function<void()> che_cosa) {
+    momento = codice;
+    intanto = [this, fa = std::move(che_cosa)] {
+      momento.clear();
+      fa();
+    };
+  }
+  /// The deletion of `codice` at position 0 stays without an answer.
+  void cancella_invano(const QString& codice) {
+    EXPECT_EQ(invia(codice), 0);
+    b.in_coda(codice, 1, QStringLiteral("D"));
+    muta = true;
+    lokera.ricevuti.clear();
+    EXPECT_EQ(cancella(codice), 1);
+    muta = false;
+  }
+  QStringList coda() {
+    return righe(b.db().connessione_db,
+                 QStringLiteral("select ID_tessera, ID_lokera, operazione from aggiorn_tessere_oper order by"
+                                " ID_tessera, ID_lokera"));
+  }
+
   Banco b;
+  QByteArray momento;
+  std::function<void()> intanto;
   bool muta = false;
   std::optional<QByteArray> rilettura, rifiuto;
   QByteArray scritto;
@@ -127,17 +153,176 @@ TEST_F(InvioTest, LaTesseraLasciaIlRegistroConLUltimaLokera) {
 }
 
 TEST_F(InvioTest, UnaCancellazioneSenzaRispostaLiberaSubitoIlPosto) {
-  EXPECT_EQ(invia(t1), 0);
-  b.in_coda(t1, 1, QStringLiteral("D"));
-  muta = true;
-  lokera.ricevuti.clear();
-  EXPECT_EQ(cancella(t1), 1);
+  cancella_invano(t1);
   EXPECT_EQ(lokera.ricevuti.size(), 2);
   EXPECT_EQ(b.conta(QStringLiteral("posiz_tessere_oper")), 0);
   EXPECT_EQ(b.conta(QStringLiteral("aggiorn_tessere_oper")), 1);
   EXPECT_EQ(cancella(t1), 0);  // the next turn finds no row and counts as done
   EXPECT_EQ(b.conta(QStringLiteral("aggiorn_tessere_oper")), 0);
   EXPECT_EQ(b.conta(QStringLiteral("tessere_operatori")), 1);
+}
+
+TEST_F(InvioTest, UnaCancellazioneNonConfermataSiRipete) {
+  struct Caso {
+    const char* nome;
+    bool muta;
+    const char* risposta;
+    int frame;
+    qlonglong aperte;
+  };
+  const Caso casi[] = {{"silent", true, "00", 2, 1},
+                       {"refused", false, "03", 2, 1},
+                       {"no such record", false, "14", 2, 0},
+                       {"confirmed", false, "00", 1, 0}};
+  for (const Caso& caso : casi) {
+    b.sql(QStringLiteral("delete from cancellazioni_da_confermare"));
+    cancella_invano(t1);
+    EXPECT_EQ(cancella(t1), 0);
+    b.tessera(t1);
+    muta = caso.muta;
+    rifiuto = caso.risposta;
+    lokera.ricevuti.clear();
+    EXPECT_EQ(b.main().invio.ripeti_cancellazioni(), caso.aperte) << caso.nome;
+    EXPECT_EQ(lokera.ricevuti, QList<QByteArray>(caso.frame, componi_frame("0003200000"))) << caso.nome;
+    EXPECT_EQ(b.conta(QStringLiteral("cancellazioni_da_confermare")), caso.aperte) << caso.nome;
+    muta = false;
+    rifiuto.reset();
+  }
+  lokera.ricevuti.clear();
+  EXPECT_EQ(b.main().invio.ripeti_cancellazioni(), 0);
+  EXPECT_TRUE(lokera.ricevuti.isEmpty());
+}
+
+TEST_F(InvioTest, UnaLokeraMutaNonSiInterrogaPerTutte) {
+  for (const int p : {0, 1, 2})
+    b.sql(QStringLiteral("insert into cancellazioni_da_confermare (ID_lokera, posizione) values (1, ?)"),
+          {p});
+  muta = true;
+  EXPECT_EQ(b.main().invio.ripeti_cancellazioni(), 1);
+  EXPECT_EQ(lokera.ricevuti.size(), 2);
+}
+
+TEST_F(InvioTest, NonSiCancellaChiHaPresoIlPosto) {
+  cancella_invano(t1);
+  b.in_coda(t2, 1);
+  rilettura = "9999999999";
+  EXPECT_EQ(invia(t2), 1);
+  EXPECT_EQ(posizione, 0);
+  rilettura.reset();
+  lokera.ricevuti.clear();
+  rifiuto = "03";
+  EXPECT_EQ(b.main().invio.ripeti_cancellazioni(), 1);  // its own writing still waits: it comes after
+  EXPECT_EQ(lokera.ricevuti.size(), 2);
+  rifiuto.reset();
+  b.sql(QStringLiteral("update aggiorn_tessere_oper set operazione = 'D' where ID_tessera = ?"), {t2});
+  EXPECT_EQ(b.main().invio.ripeti_cancellazioni(), 0);
+  b.sql(QStringLiteral("delete from aggiorn_tessere_oper where ID_tessera = ?"), {t2});
+  EXPECT_EQ(b.main().invio.ripeti_cancellazioni(), 0);
+  EXPECT_EQ(lokera.ricevuti.size(), 2);  // its record may lie there
+  EXPECT_EQ(b.conta(QStringLiteral("cancellazioni_da_confermare")), 1);
+  EXPECT_EQ(invia(t2), 0);
+  EXPECT_EQ(b.conta(QStringLiteral("cancellazioni_da_confermare")), 0);
+}
+
+TEST_F(InvioTest, CioCheCambiaMentreLaLokeraRispondeRestaInCoda) {
+  struct Caso {
+    const char* nome;
+    QByteArray durante;
+    QString istruzione;
+    qint16 esito;
+    QString operazione;
+  };
+  b.chiave(QStringLiteral("1000000001"), 1, 0, 5);
+  const QString elimina = QStringLiteral("update aggiorn_tessere_oper set operazione = 'D'");
+  const QString registra = QStringLiteral("update aggiorn_tessere_oper set operazione = 'I'");
+  const QString gruppo =
+      QStringLiteral("insert into gruppi_tessera (tessera, codice) values ('0000000001', 5)");
+  const QString uguale = QStringLiteral("update aggiorn_tessere_oper set operazione = operazione");
+  const Caso casi[] = {{"deleted while it was written", "00031", elimina, 0, QStringLiteral("D")},
+                       {"deleted while it was read back", "00030", elimina, 0, QStringLiteral("D")},
+                       {"another group meanwhile", "00030", gruppo, 0, QStringLiteral("I")},
+                       {"nothing new", "00030", uguale, 0, QString()},
+                       {"registered while it was deleted", "00032", registra, 0, QStringLiteral("I")}};
+  for (const Caso& caso : casi) {
+    const bool scrive = caso.durante != "00032";
+    b.sql(QStringLiteral("delete from aggiorn_tessere_oper"));
+    b.in_coda(t1, 1, scrive ? QStringLiteral("I") : QStringLiteral("D"));
+    durante(caso.durante, [&] { b.sql(caso.istruzione); });
+    EXPECT_EQ(scrive ? invia(t1) : cancella(t1), caso.esito) << caso.nome;
+    EXPECT_EQ(b.uno(QStringLiteral("select operazione from aggiorn_tessere_oper")).toString(),
+              caso.operazione)
+        << caso.nome;
+    EXPECT_EQ(b.conta(QStringLiteral("tessere_operatori")), 2) << caso.nome;
+  }
+}
+
+TEST_F(InvioTest, ContaCioCheLaCodaDiceAdesso) {
+  b.in_coda(t1, 1, QStringLiteral("D"));
+  EXPECT_EQ(invia(t1), 1);
+  b.sql(QStringLiteral("update aggiorn_tessere_oper set operazione = 'I'"));
+  EXPECT_EQ(cancella(t1), 1);
+  EXPECT_TRUE(lokera.ricevuti.isEmpty());
+  EXPECT_EQ(b.conta(QStringLiteral("posiz_tessere_oper")), 0);
+}
+
+TEST_F(InvioTest, UnaCancellazioneServitaÈTuttaONiente) {
+  QStringList detti;
+  b.main().invio.segnala = [&](const Errore& e) { detti << e.descrizione; };
+  b.in_coda(t1, 1, QStringLiteral("D"));
+  b.sql(QStringLiteral("alter table gruppi_tessera rename to via"));
+  EXPECT_EQ(cancella(t1), 1);
+  EXPECT_EQ(detti.size(), 1);
+  EXPECT_EQ(b.conta(QStringLiteral("aggiorn_tessere_oper")), 1);
+  EXPECT_EQ(b.conta(QStringLiteral("tessere_operatori")), 2);
+}
+
+TEST_F(InvioTest, UnaFinestraCheCambiaLokeraNonSpostaLOperazione) {
+  for (const char* momento_del_cambio : {"00031", "00030", "00032"}) {
+    const bool scrive = QByteArray(momento_del_cambio) != "00032";
+    b.sql(QStringLiteral("delete from aggiorn_tessere_oper"));
+    for (const int id : {1, 2}) b.in_coda(t1, id, scrive ? QStringLiteral("I") : QStringLiteral("D"));
+    b.main().lblID.Caption = QStringLiteral("1");
+    durante(momento_del_cambio, [&] { b.main().lblID.Caption = QStringLiteral("2"); });
+    EXPECT_EQ(scrive ? invia(t1) : cancella(t1), 0);
+    EXPECT_EQ(coda(), QStringList{QStringLiteral("0000000001|2|") + QLatin1Char(scrive ? 'I' : 'D')})
+        << momento_del_cambio;
+  }
+}
+
+TEST_F(InvioTest, SuUnaConnessioneDiAltriNonSiInviaNulla) {
+  EXPECT_EQ(invia(t1), 0);
+  b.sql(QStringLiteral("insert into cancellazioni_da_confermare (ID_lokera, posizione) values (1, 7)"));
+  const std::pair<QByteArray, std::function<qint16()>> operazioni[] = {
+      {"00031", [&] { return invia(t1); }},
+      {"00030", [&] { return invia(t1); }},
+      {"00032", [&] { return cancella(t1); }},
+      {"00032", [&] { return b.main().invio.ripeti_cancellazioni(); }}};
+  for (const bool risponde : {false, true}) {
+    for (const auto& [ultimo, operazione] : operazioni) {
+      b.sql(QStringLiteral("delete from aggiorn_tessere_oper"));
+      b.in_coda(t1, 1, ultimo == "00032" ? QStringLiteral("D") : QStringLiteral("I"));
+      const QStringList prima = coda();
+      lokera.ricevuti.clear();
+      durante(ultimo, [&] {
+        muta = true;
+        b.vm.ciclo().fra(100ms, [&] {
+          b.main().download.connessione_socket_download();
+          // A good answer on the new connection is none to what was asked on the old one.
+          muta = !risponde;
+          (void)b.main().download.verifica_collegamento();
+        });
+      });
+      EXPECT_EQ(operazione(), 1) << ultimo.constData();
+      muta = false;
+      b.vm.esegui_per(10s);
+      lokera.ricevuti.removeIf([](const QByteArray& f) { return f.startsWith("00010"); });
+      ASSERT_FALSE(lokera.ricevuti.isEmpty());
+      EXPECT_TRUE(lokera.ricevuti.last().startsWith(ultimo)) << ultimo.constData();
+      EXPECT_EQ(lokera.ricevuti.count(lokera.ricevuti.last()), 1) << ultimo.constData();
+      EXPECT_EQ(coda(), prima) << ultimo.constData();
+      EXPECT_EQ(b.conta(QStringLiteral("cancellazioni_da_confermare"), QStringLiteral("posizione = 7")), 1);
+    }
+  }
 }
 
 }  // namespace

@@ -134,9 +134,10 @@ TEST_F(Griglia, AFailureShowsItsDescriptionAndLeavesTheListEmpty) {
 class Riempimento : public Griglia {
  protected:
   Riempimento() {
-    Transazione t(conn);
-    for (int i = 1; i <= 1000; ++i) sql(u"insert into gruppi values (?, 'g')"_s, {i});
-    EXPECT_FALSE(t.conferma());
+    EXPECT_FALSE(in_transazione(conn, [&] {
+      for (int i = 1; i <= 1000; ++i) sql(u"insert into gruppi values (?, 'g')"_s, {i});
+      return Errore{};
+    }));
     gruppi({});
   }
   const OrologioChePassa orologio;

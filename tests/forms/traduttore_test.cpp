@@ -76,10 +76,10 @@ TEST_F(Traduzioni, ATextThatTheTableCannotHoldStaysItalian) {
 
 TEST_F(Traduzioni, AnAddedTextGoesWithTheTransactionAndComesBackLater) {
   const QString chiave = u"Chiave"_s;
-  {
-    const Transazione persa(conn);
+  EXPECT_TRUE(in_transazione(conn, [&]() -> Errore {
     EXPECT_EQ(traduttore.traduci(chiave), chiave);
-  }
+    return {1, u"lost"_s};
+  }));
   EXPECT_TRUE(testi().isEmpty());
   EXPECT_EQ(traduttore.traduci(chiave), chiave);
   EXPECT_EQ(testi().size(), 1);

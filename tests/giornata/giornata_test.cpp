@@ -71,6 +71,7 @@ INSTANTIATE_TEST_SUITE_P(Giornata, Fasce, testing::Range(401, 404));
 TEST(Giornata, OfOneSeedIsTheSameToTheLastByte) {
   const ImpostazioniGiornata i{.seme = 7, .lokere = 3, .gestita = true};
   const EsitoGiornata prima = vivi_giornata(i);
+  EXPECT_GT(prima.eliminate, 0);
   EXPECT_EQ(prima.impronta, vivi_giornata(i).impronta);
   ImpostazioniGiornata altra = i;
   altra.seme = 8;

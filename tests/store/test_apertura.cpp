@@ -56,9 +56,12 @@ TEST_F(Apertura, UnAltraConsoleTieneIlFile) {
   ASSERT_FALSE(altra.BeginTrans());
   ASSERT_FALSE(altra.Execute(u"insert into gruppi values (1, 'a')"_s));
   EXPECT_TRUE(esegui("insert into gruppi values (2, 'b')").contains(testo("occupato")));
-  Transazione t(c());
-  EXPECT_TRUE(t.inizio());
-  EXPECT_TRUE(t.conferma());
+  for (const auto transazione : {in_transazione, tutto_o_niente}) {
+    EXPECT_TRUE(transazione(c(), [] {
+      ADD_FAILURE() << "a work without its transaction";
+      return Errore{};
+    }));
+  }
   aggiorna_database(db);  // silent, and quick
   ASSERT_FALSE(altra.CommitTrans());
   EXPECT_EQ(leggi("select codice from gruppi"), QStringList{"1"});
@@ -67,27 +70,50 @@ TEST_F(Apertura, UnAltraConsoleTieneIlFile) {
 TEST_F(Apertura, DiscoPienoAnnullaLaTransazione) {
   ASSERT_EQ(esegui("insert into gruppi values (1, 'prima')"), QString());
   ASSERT_FALSE(prova::righe(c(), u"pragma max_page_count = 1"_s).isEmpty());  // never below the present size
-  {
-    Transazione t(c());
-    ASSERT_FALSE(t.inizio());
-    ASSERT_EQ(esegui("update gruppi set descrizione = 'dopo'"), QString());
-    QString rifiuto;
-    for (int i = 0; i < 5000 && rifiuto.isEmpty(); ++i) {
-      rifiuto = esegui("insert into movimenti (id, intestazione) values (?, ?)", {i, QString(100, u'x')});
+  const Errore rifiuto = in_transazione(c(), [&] {
+    Errore e = c().Execute(u"update gruppi set descrizione = 'dopo'"_s);
+    for (int i = 0; i < 5000 && !e; ++i) {
+      e = c().Execute(u"insert into movimenti (id, intestazione) values (?, ?)"_s, {i, QString(100, u'x')});
     }
-    EXPECT_EQ(rifiuto, u"Spazio su disco esaurito"_s);
-  }
+    return e;
+  });
+  EXPECT_EQ(rifiuto.descrizione, u"Spazio su disco esaurito"_s);
   EXPECT_FALSE(c().in_transazione());
   EXPECT_EQ(leggi("select descrizione from gruppi"), QStringList{"prima"});
   EXPECT_EQ(leggi("select count(*) from movimenti"), QStringList{"0"});
 }
 
 TEST_F(Apertura, DopoUnAnnullamentoNienteSiScriveDaSolo) {
-  Transazione t(c());
-  ASSERT_EQ(esegui("rollback"), QString());  // as the engine does after some failures
-  EXPECT_TRUE(esegui("insert into gruppi values (1, 'a')").contains(testo("annullata")));
-  EXPECT_TRUE(t.conferma());
+  EXPECT_TRUE(in_transazione(c(), [&] {
+    EXPECT_EQ(esegui("rollback"), QString());  // as the engine does after some failures
+    EXPECT_TRUE(esegui("insert into gruppi values (1, 'a')").contains(testo("annullata")));
+    EXPECT_TRUE(tutto_o_niente(c(), [] { return Errore{}; }));
+    return Errore{};
+  }));
   EXPECT_EQ(esegui("insert into gruppi values (1, 'a')"), QString());
+}
+
+TEST_F(Apertura, UnaParteFallitaNonLasciaNullaNellaTransazione) {
+  const auto metti = [&](int codice) {
+    return c().Execute(u"insert into gruppi values (?, 'a')"_s, {codice});
+  };
+  const auto parte = [&](int codice, bool riesce) {
+    return tutto_o_niente(c(), [&, riesce]() -> Errore {
+      EXPECT_FALSE(metti(codice));
+      return riesce ? Errore{} : Errore{1, u"no"_s};
+    });
+  };
+  EXPECT_FALSE(in_transazione(c(), [&] {
+    EXPECT_FALSE(parte(1, true));
+    const quint64 prima = c().versione_tabella(u"gruppi"_s);
+    EXPECT_TRUE(parte(2, false));
+    EXPECT_NE(c().versione_tabella(u"gruppi"_s), prima) << "who read in between has to read again";
+    EXPECT_TRUE(in_transazione(c(), [&] { return metti(3); })) << "its commit would not be one";
+    return metti(4);
+  }));
+  EXPECT_TRUE(parte(5, false));
+  EXPECT_FALSE(parte(6, true));
+  EXPECT_EQ(leggi("select codice from gruppi order by codice"), (QStringList{"1", "4", "6"}));
 }
 
 TEST_F(Apertura, UnaSolaIstruzioneEIValoriGiusti) {

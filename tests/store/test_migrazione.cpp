@@ -58,7 +58,7 @@ TEST_F(FileVecchio, RiceveCioCheMancaETieneIlResto) {
   EXPECT_EQ(rs.campo(rs.indice(u"ip_lokera")).nome, u"IP_LOKERA"_s);
   EXPECT_EQ(rs.conta_campi(), 17);
   for (const char* tabella : {"PIANIF_RESET", "aggiorn_tessere_oper", "posiz_tessere_oper", "fascie_orarie",
-                              "giorni_particolari"}) {
+                              "giorni_particolari", "tessere_da_conservare", "cancellazioni_da_confermare"}) {
     EXPECT_EQ(leggi(QByteArray("select count(*) from ").append(tabella).constData()), QStringList{"0"})
         << tabella;
   }

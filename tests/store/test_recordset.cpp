@@ -124,9 +124,7 @@ TEST_F(Righe, UnRecordsetApertoSopravviveAUnaConferma) {
     Recordset dentro;  // the same text while it is in use
     ASSERT_FALSE(dentro.Open(sql, c()));
     EXPECT_EQ(dentro.testo(u"codice"), u"0000000001"_s);
-    Transazione t(c());
-    ASSERT_EQ(esegui("insert into gruppi values (1, 'a')"), QString());
-    ASSERT_FALSE(t.conferma());
+    ASSERT_FALSE(in_transazione(c(), [&] { return c().Execute(u"insert into gruppi values (1, 'a')"_s); }));
   }
   ASSERT_FALSE(fuori.MoveNext());
   EXPECT_EQ(fuori.testo(u"codice"), u"0000000002"_s);
@@ -145,11 +143,11 @@ TEST_F(Righe, VersioneDellaTabella) {
   EXPECT_FALSE(cambiata());
   ASSERT_EQ(esegui("delete from gruppi"), QString());
   EXPECT_TRUE(cambiata());
-  {
-    Transazione t(c());
-    ASSERT_EQ(esegui("insert into gruppi values (2, 'b')"), QString());
+  EXPECT_TRUE(in_transazione(c(), [&]() -> Errore {
+    EXPECT_EQ(esegui("insert into gruppi values (2, 'b')"), QString());
     EXPECT_TRUE(cambiata());
-  }
+    return {1, u"no"_s};
+  }));
   EXPECT_TRUE(cambiata()) << "rolled back";
   Connection altra;
   ASSERT_FALSE(altra.Open(file(), password_database()));

@@ -162,6 +162,32 @@ TEST(Ciclo, UnaRigaDellaCodaCheFalliscaNonFermaLeAltre) {
   EXPECT_EQ(b.conta(QStringLiteral("aggiorn_tessere_oper")), 3);
 }
 
+TEST(Ciclo, PrimaDellaCodaLeCancellazioniNonConfermate) {
+  Banco b;
+  b.lokera(1);
+  b.sql(QStringLiteral("insert into cancellazioni_da_confermare (ID_lokera, posizione) values (1, 3)"));
+  bool conferma = false;
+  LokeraFinta lokera(b.vm, QStringLiteral("127.0.0.2"), 10001, [&](const QByteArray& f) -> QList<QByteArray> {
+    if (f.left(5) == "00032" && !conferma) return {componi_frame("0003206")};
+    EXPECT_TRUE(f.left(5) != "00032" || !b.main().ciclo.TimerDownload->Enabled());
+    return buona(f);
+  });
+  b.main().Form_Load();  // nothing is queued
+  b.vm.esegui_per(1s);
+  EXPECT_EQ(codici(lokera.ricevuti),
+            (QList<QByteArray>{"00010", "00010", "0001B", "00032", "00032", "00039"}));
+  conferma = true;
+  b.tessera(QStringLiteral("0000000001"));
+  b.in_coda(QStringLiteral("0000000001"), 1);
+  lokera.ricevuti.clear();
+  b.vm.esegui_per(35s);
+  EXPECT_EQ(codici(lokera.ricevuti),
+            (QList<QByteArray>{"00010", "00010", "00032", "00031", "00030", "00039"}));
+  lokera.ricevuti.clear();
+  b.vm.esegui_per(30s);
+  EXPECT_FALSE(codici(lokera.ricevuti).contains("00032"));
+}
+
 TEST(Ciclo, UnSerialeCheNonVieneNonFermaLaVisita) {
   for (const char* risposta : {"", "0001B0500000012345", "0001B00ABCDEFGHIJ"}) {
     Banco b;

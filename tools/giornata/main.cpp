@@ -38,7 +38,10 @@ bool leggi_numero(const QCommandLineParser& p, const QString& nome, int massimo,
 std::optional<Comando> leggi(const QStringList& argomenti, QString& errore) {
   QCommandLineParser p;
   p.setApplicationDescription(
-      u"Days of a site in virtual time: one console, its cabinets, people and faults by a seed.\n"
+      u"Days of a site in virtual time: one console, its cabinets, people and faults by a seed. At the end "
+      u"of\n"
+      "each every movement is booked, the cabinets hold the cards that the registry asks for and no others,\n"
+      "and the registry the cards that nobody deleted and no others.\n"
       "Prints a line for each seed and ends at the first on which something does not agree."_s);
   p.addOptions({{u"semi"_s, u"seed, or seeds from..to [1]"_s, u"a..b"_s, u"1"_s},
                 {u"lokere"_s, u"cabinets [6]"_s, u"n"_s, u"6"_s},
@@ -70,15 +73,14 @@ std::optional<Comando> leggi(const QStringList& argomenti, QString& errore) {
 }
 
 QString riassunto(quint64 seme, const EsitoGiornata& e, qint64 ms) {
-  return u"seed %1  %2  visits %3, rows %4 (live %5, repeated %6, garbled %7), left behind %8+%9"_s.arg(seme)
+  return u"seed %1  %2  visits %3, rows %4 (live %5, repeated %6, garbled %7), cards deleted %8"_s.arg(seme)
              .arg(e.differenze.isEmpty() ? u"good"_s : u"DIFFERS"_s)
              .arg(e.visite)
              .arg(e.movimenti)
              .arg(e.in_diretta)
              .arg(e.ripetuti)
              .arg(e.alterati)
-             .arg(e.tessere_rimaste)
-             .arg(e.tessere_tornate) +
+             .arg(e.eliminate) +
          u", resets %1, longest wait %2 ms, nested %3, trace %4, %5 ms"_s.arg(e.azzeramenti)
              .arg(e.attesa_ms)
              .arg(e.annidate)

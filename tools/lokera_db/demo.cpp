@@ -180,18 +180,18 @@ void metti_utenti(Riempitore& r) {
 }  // namespace
 
 Errore riempi_demo(Connection& connessione) {
-  Transazione t(connessione);
-  if (t.inizio()) return t.inizio();
-  Riempitore r(connessione);
-  metti_armadi(r);
-  metti_gruppi(r);
-  metti_chiavi(r);
-  metti_tessere(r, QDate::currentDate());
-  metti_appartenenze(r);
-  metti_fasce(r);
-  metti_giorni_particolari(r);
-  metti_utenti(r);
-  return r.errore() ? r.errore() : t.conferma();
+  return in_transazione(connessione, [&] {
+    Riempitore r(connessione);
+    metti_armadi(r);
+    metti_gruppi(r);
+    metti_chiavi(r);
+    metti_tessere(r, QDate::currentDate());
+    metti_appartenenze(r);
+    metti_fasce(r);
+    metti_giorni_particolari(r);
+    metti_utenti(r);
+    return r.errore();
+  });
 }
 
 }  // namespace lokera

@@ -1,0 +1,175 @@
+#include "ledger/coda_tessere.h"
+
+#include "store/recordset.h"
+
+namespace lokera {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString lettera(OperazioneCoda operazione) {
+  return QString(QChar(static_cast<char16_t>(operazione)));
+}
+
+QString testo(MotivoConservare motivo) {
+  return motivo == MotivoConservare::non_raggiunta ? u"non raggiunta"_s : u"attende chiave"_s;
+}
+
+}  // namespace
+
+QString CodaTessere::in_uscita(const QString& tessera) {
+  return u"exists (select 1 from aggiorn_tessere_oper as q where q.ID_tessera = %1 and q.operazione = 'D' and"
+         " not exists (select 1 from tessere_da_conservare as m where m.ID_tessera = q.ID_tessera and"
+         " m.ID_lokera = q.ID_lokera))"_s.arg(tessera);
+}
+
+Errore CodaTessere::accoda_scrittura(const QString& tessera, qlonglong lokera) {
+  return tutto_o_niente(c_, [&] { return metti(tessera, lokera, OperazioneCoda::scrittura); });
+}
+
+Errore CodaTessere::accoda_scrittura_se_manca(const QString& tessera, qlonglong lokera) {
+  return c_.Execute(
+      u"insert into aggiorn_tessere_oper (ID_tessera, ID_lokera, operazione) select ?, ?, 'I' where not"
+      " exists (select 1 from aggiorn_tessere_oper where ID_tessera = ? and ID_lokera = ?) and not "_s +
+          in_uscita(u"?"_s),
+      {tessera, lokera, tessera, lokera, tessera});
+}
+
+Errore CodaTessere::accoda_cancellazione(const QString& tessera, qlonglong lokera) {
+  return tutto_o_niente(c_, [&] {
+    Errore errore = togli_segni(tessera);
+    return errore ? errore : metti(tessera, lokera, OperazioneCoda::cancellazione);
+  });
+}
+
+Errore CodaTessere::accoda_cancellazione_conservando(const QString& tessera, qlonglong lokera,
+                                                     MotivoConservare motivo) {
+  return tutto_o_niente(c_, [&]() -> Errore {
+    bool esce = false;
+    if (Errore e = esiste(u"select 1 where "_s + in_uscita(u"?"_s), {tessera}, esce)) return e;
+    if (Errore e = metti(tessera, lokera, OperazioneCoda::cancellazione)) return e;
+    return esce ? Errore{} : segna(tessera, lokera, motivo);
+  });
+}
+
+Errore CodaTessere::elimina_tessera(const QString& tessera) {
+  return tutto_o_niente(c_, [&]() -> Errore {
+    if (Errore e = togli_segni(tessera)) return e;
+    if (Errore e =
+            c_.Execute(u"update aggiorn_tessere_oper set operazione = 'D' where ID_tessera = ?"_s, {tessera}))
+      return e;
+    if (Errore e = c_.Execute(
+            u"insert into aggiorn_tessere_oper (ID_tessera, ID_lokera, operazione) select p.ID_tessera,"
+            " p.ID_lokera, 'D' from posiz_tessere_oper as p where p.ID_tessera = ? and not exists (select 1"
+            " from aggiorn_tessere_oper as q where q.ID_tessera = p.ID_tessera and q.ID_lokera ="
+            " p.ID_lokera)"_s,
+            {tessera}))
+      return e;
+    return esce_se_servita(tessera);
+  });
+}
+
+Errore CodaTessere::per_lokera(qlonglong lokera, std::vector<RigaCoda>& righe) {
+  righe.clear();
+  Recordset rs;
+  Errore e = rs.Open(
+      u"select aggiorn_tessere_oper.*, tessere_operatori.intestazione from (aggiorn_tessere_oper inner join"
+      " tessere_operatori on aggiorn_tessere_oper.id_tessera = tessere_operatori.codice) where"
+      " aggiorn_tessere_oper.ID_lokera = ?"_s,
+      c_, {lokera});
+  while (!e && !rs.eof()) {
+    righe.push_back({rs.testo(u"id_tessera"), rs.testo(u"intestazione"), rs.testo(u"operazione")});
+    e = rs.MoveNext();
+  }
+  if (e) righe.clear();
+  return e;
+}
+
+Errore CodaTessere::in_attesa(const QString& tessera, qlonglong lokera,
+                              std::optional<OperazioneCoda>& operazione) {
+  operazione.reset();
+  Recordset rs;
+  if (Errore e =
+          rs.Open(u"select operazione from aggiorn_tessere_oper where ID_tessera = ? and ID_lokera = ?"_s, c_,
+                  {tessera, lokera}))
+    return e;
+  if (rs.eof()) return {};
+  const bool elimina = rs.testo(u"operazione") == lettera(OperazioneCoda::cancellazione);
+  operazione = elimina ? OperazioneCoda::cancellazione : OperazioneCoda::scrittura;
+  return {};
+}
+
+Errore CodaTessere::servita_scrittura(const QString& tessera, qlonglong lokera) {
+  return togli(tessera, lokera, OperazioneCoda::scrittura);
+}
+
+Errore CodaTessere::servita_cancellazione(const QString& tessera, qlonglong lokera) {
+  return tutto_o_niente(c_, [&]() -> Errore {
+    std::optional<OperazioneCoda> attesa;
+    if (Errore e = in_attesa(tessera, lokera, attesa)) return e;
+    if (attesa == OperazioneCoda::scrittura) return {};
+    bool conservata = false;
+    if (Errore e = esiste(u"select 1 from tessere_da_conservare where ID_tessera = ? and ID_lokera = ?"_s,
+                          {tessera, lokera}, conservata))
+      return e;
+    if (Errore e = togli(tessera, lokera, OperazioneCoda::cancellazione)) return e;
+    return conservata ? Errore{} : esce_se_servita(tessera);
+  });
+}
+
+Errore CodaTessere::metti(const QString& tessera, qlonglong lokera, OperazioneCoda operazione) {
+  if (Errore e = c_.Execute(u"delete from tessere_da_conservare where ID_tessera = ? and ID_lokera = ?"_s,
+                            {tessera, lokera}))
+    return e;
+  qint64 righe = 0;
+  if (Errore e = c_.Execute(
+          u"update aggiorn_tessere_oper set operazione = ? where ID_tessera = ? and ID_lokera = ?"_s,
+          {lettera(operazione), tessera, lokera}, &righe))
+    return e;
+  if (righe > 0) return {};
+  return c_.Execute(
+      u"insert into aggiorn_tessere_oper (ID_tessera, ID_lokera, operazione) values (?, ?, ?)"_s,
+      {tessera, lokera, lettera(operazione)});
+}
+
+Errore CodaTessere::togli(const QString& tessera, qlonglong lokera, OperazioneCoda operazione) {
+  return tutto_o_niente(c_, [&]() -> Errore {
+    qint64 righe = 0;
+    if (Errore e = c_.Execute(
+            u"delete from aggiorn_tessere_oper where ID_tessera = ? and ID_lokera = ? and operazione = ?"_s,
+            {tessera, lokera, lettera(operazione)}, &righe))
+      return e;
+    if (righe == 0) return {};
+    return c_.Execute(u"delete from tessere_da_conservare where ID_tessera = ? and ID_lokera = ?"_s,
+                      {tessera, lokera});
+  });
+}
+
+Errore CodaTessere::segna(const QString& tessera, qlonglong lokera, MotivoConservare motivo) {
+  return c_.Execute(u"insert into tessere_da_conservare (ID_tessera, ID_lokera, motivo) values (?, ?, ?)"_s,
+                    {tessera, lokera, testo(motivo)});
+}
+
+Errore CodaTessere::togli_segni(const QString& tessera) {
+  return c_.Execute(u"delete from tessere_da_conservare where ID_tessera = ?"_s, {tessera});
+}
+
+// While a cabinet waits the card stays, and none of the deletions that wait may keep it any more.
+Errore CodaTessere::esce_se_servita(const QString& tessera) {
+  bool altrove = false;
+  if (Errore e = esiste(u"select 1 from aggiorn_tessere_oper where ID_tessera = ?"_s, {tessera}, altrove))
+    return e;
+  if (altrove) return togli_segni(tessera);
+  if (Errore e = c_.Execute(u"delete FROM gruppi_tessera WHERE tessera = ?"_s, {tessera})) return e;
+  return c_.Execute(u"delete FROM tessere_operatori WHERE codice = ?"_s, {tessera});
+}
+
+Errore CodaTessere::esiste(const QString& sql, const QVariantList& valori, bool& trovata) {
+  Recordset rs;
+  Errore e = rs.Open(sql, c_, valori);
+  trovata = !e && !rs.eof();
+  return e;
+}
+
+}  // namespace lokera
