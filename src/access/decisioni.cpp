@@ -88,7 +88,10 @@ void Decisioni::richiesta_chiave(QByteArray& testo) {
   const auto lato = prelievo ? PannelloLive::Lato::sinistro : PannelloLive::Lato::destro;
   stato_operazione = !ammesso ? ' ' : prelievo ? 'P' : 'R';
   pannello_.mostra_lato(lato, ammesso ? verde : rosso, codice, gruppo);
-  if (!ammesso) pannello_.avvia_timer(lato);
+  if (ammesso)
+    pannello_.ferma_timer();  // the panel says who and what until the end of the operation
+  else
+    pannello_.avvia_timer(lato);
   rispondi(testo, ammesso ? "00091001" : "00091000");
 }
 

@@ -257,14 +257,32 @@ TEST_F(DecisioniTest, UnMovimentoNonRegistratoNonEConfermato) {
       QStringLiteral(" "));
 }
 
-// The timer of a refused key clears the side's text while the next key is out of its place.
-TEST_F(DecisioniTest, DelTestoDelPannelloSiRegistranoDieciCaratteri) {
-  tessera("0000000001");
-  chiave("1000000002");
-  chiave("1000000001");
-  b.vm.esegui_per(3100ms);
-  EXPECT_EQ(esito("03"), "00092ABCDEFGHIJ0");
-  EXPECT_EQ(b.uno(QStringLiteral("select chiave from movimenti")).toString(), QStringLiteral("Tessera ch"));
+// What an earlier request or end left running must not take the operator and the key off the panel while the
+// next key is out of its place.
+TEST_F(DecisioniTest, UnOperazioneApertaRestaSulPannello) {
+  const std::function<void()> avviano[] = {
+      [&] { chiave("1000000002"); },                        // refused on the left
+      [&] { chiave("1000000001"), esito("02"); },           // given up: the left side and the panel
+      [&] { chiave("1000000002", '0'), esito("00"); },      // the right side
+      [&] { tessera("0000000099"), chiave("1000000001"); }  // card and key refused
+  };
+  for (const auto& avvia : avviano) {
+    for (const char verso : {'1', '0'}) {
+      b.sql(QStringLiteral("delete from movimenti"));
+      tessera("0000000001");
+      avvia();
+      const QString operatore = p().lblP.Caption();
+      if (verso == '1' && operatore.isEmpty()) continue;
+      EXPECT_EQ(chiave("1000000001", verso), "00091001");
+      b.vm.esegui_per(6s);
+      EXPECT_EQ((verso == '1' ? p().ShapeSX : p().ShapeDX).FillColor(), verde);
+      EXPECT_EQ(esito(verso == '1' ? "03" : "01"), "00092ABCDEFGHIJ0");
+      EXPECT_EQ(righe(b.db().connessione_db, QStringLiteral("select operatore, chiave from movimenti")),
+                QStringList{operatore + QStringLiteral("|1000000001")});
+    }
+  }
+  EXPECT_EQ(b.uno(QStringLiteral("select operatore from tessere_chiavi where codice = '1000000001'")),
+            QStringLiteral(" "));
 }
 
 TEST_F(DecisioniTest, SenzaSlotIlPannelloTieneLOperatore) {
