@@ -25,7 +25,7 @@ Decisioni::Decisioni(Database& db, const Clock& orologio, Giorno& giorno, Pannel
       lblID_(lblID) {}
 
 void Decisioni::smista(QByteArray& buffer) {
-  if (buffer.size() < 16) return;
+  if (buffer.size() < 16 || !buffer.endsWith('\r')) return;
   const QByteArray codice = codice_comando(buffer).toByteArray();
   if (codice == "00090" && stato_operazione == ' ') richiesta_operatore(buffer);
   if (codice == "00091" && stato_operazione == ' ') richiesta_chiave(buffer);

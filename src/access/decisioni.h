@@ -17,7 +17,8 @@ class Decisioni {
   Decisioni(Database& db, const Clock& orologio, Giorno& giorno, PannelloLive& pannello,
             SessioneSlave& sessione, const Label& lblID);
 
-  /// Looks at what came and calls one of the three handlers, or leaves it in the buffer.
+  /// Looks at what came and calls one of the three handlers, or leaves it in the buffer; so it does with a
+  /// fragment, which has no carriage return at its end.
   void smista(QByteArray& buffer_ricezione);
 
   void richiesta_operatore(QByteArray& testo);  ///< "00090", operator card at the reader

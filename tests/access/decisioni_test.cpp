@@ -212,7 +212,23 @@ TEST_F(DecisioniTest, ConUnOperazioneApertaSoloLaFineHaRisposta) {
   EXPECT_EQ(chiave("1000000001"), "-");
   EXPECT_EQ(chiedi("00092.ABC"), "-");  // shorter than sixteen characters
   EXPECT_EQ(chiedi("0009\xC8.ABCDEFGHIJ.03"), "-");
+  lokera.invia("00092.ABCDEFGHIJ.03");  // a fragment
+  b.vm.esegui_per(50ms);
+  EXPECT_EQ(stato(), 'P');
+  EXPECT_EQ(b.conta(QStringLiteral("movimenti")), 0);
   EXPECT_EQ(esito("02"), "00092ABCDEFGHIJ1");
+}
+
+TEST_F(DecisioniTest, UnFrammentoNonApreNulla) {
+  tessera("0000000001");
+  const qsizetype prima = lokera.ricevuti.size();
+  for (const QByteArray testo : {"00091..012345678911000000001", "00090..012345678900000000001"}) {
+    lokera.invia(componi_frame(testo).chopped(1));
+    b.vm.esegui_per(1s);
+  }
+  EXPECT_EQ(lokera.ricevuti.size(), prima);
+  EXPECT_EQ(stato(), ' ');
+  EXPECT_EQ(p().ShapeP.FillColor(), verde);
 }
 
 TEST_F(DecisioniTest, UnaRichiestaDentroUnAttesaHaRispostaSubito) {
