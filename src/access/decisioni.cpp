@@ -37,6 +37,7 @@ void Decisioni::richiesta_operatore(QByteArray& testo) {
   const QByteArray stato_tessera = campo_frame(testo, 18, 1).toByteArray();
   const QString codice = testo_ascii(campo_frame(testo, 19, 10));
   const bool ammesso = stato_tessera == "1" && operatore_ammesso(codice);
+  tessera_rifiutata_ = !ammesso;
   rispondi(testo, ammesso ? "00090001" : "00090000");
   if (stato_tessera == "0") {
     pannello_.spegni_lampade();
@@ -102,7 +103,7 @@ bool Decisioni::prelievo_ammesso(const QString& codice, QString& gruppo) {
   const bool di_questa_lokera = rs.numero(u"lokera") == lblID_.Caption().toLongLong();
   gruppo = rs.testo(u"gruppo");
   rs.Close();
-  return gruppo_abilitato(gruppo) && di_questa_lokera && entro_fascia(gruppo);
+  return !tessera_rifiutata_ && gruppo_abilitato(gruppo) && di_questa_lokera && entro_fascia(gruppo);
 }
 
 bool Decisioni::gruppo_abilitato(const QString& gruppo) {

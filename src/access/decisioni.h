@@ -53,6 +53,7 @@ class Decisioni {
   PannelloLive& pannello_;
   SessioneSlave& sessione_;
   const Label& lblID_;
+  bool tessera_rifiutata_ = false;  ///< the card that was shown last; the panel names it all the same
 };
 
 }  // namespace lokera

@@ -128,6 +128,20 @@ TEST_F(DecisioniTest, Chiavi) {
   }
 }
 
+// The panel names a refused card for a while, and a key could be in its hand meanwhile.
+TEST_F(DecisioniTest, ConUnaTesseraRifiutataNonSiPrelevaSiRestituisce) {
+  b.tessera(QStringLiteral("0000000010"), 1, 0, {}, QDateTime(QDate(2008, 11, 29), QTime(0, 0)));
+  b.abilita(QStringLiteral("0000000010"), 5);
+  EXPECT_EQ(tessera("0000000010"), "00090000");
+  EXPECT_EQ(chiave("1000000001"), "00091000");
+  EXPECT_EQ(p().lblP.Caption(), QStringLiteral("0000000010"));
+  EXPECT_EQ(p().lblSxG.Caption(), QStringLiteral("5"));
+  EXPECT_EQ(chiave("1000000001", '0'), "00091001");
+  EXPECT_EQ(esito("01"), "00092ABCDEFGHIJ0");
+  EXPECT_EQ(tessera("0000000001"), "00090001");
+  EXPECT_EQ(chiave("1000000001"), "00091001");
+}
+
 TEST_F(DecisioniTest, FasceAlMinuto) {
   const auto prelievo = [&](QTime ora) {
     b.vm.orologio().imposta(QDateTime(QDate(2008, 11, 30), ora));
