@@ -16,13 +16,8 @@ QString testo_ascii(QByteArrayView v) {
 }  // namespace
 
 Decisioni::Decisioni(Database& db, const Clock& orologio, Giorno& giorno, PannelloLive& pannello,
-                     SessioneSlave& sessione, const Label& lblID)
-    : db_(db),
-      orologio_(orologio),
-      giorno_(giorno),
-      pannello_(pannello),
-      sessione_(sessione),
-      lblID_(lblID) {}
+                     SessioneSlave& sessione)
+    : db_(db), orologio_(orologio), giorno_(giorno), pannello_(pannello), sessione_(sessione) {}
 
 void Decisioni::smista(QByteArray& buffer) {
   if (buffer.size() < 16 || !buffer.endsWith('\r')) return;
@@ -100,7 +95,7 @@ bool Decisioni::prelievo_ammesso(const QString& codice, QString& gruppo) {
   Recordset rs;
   if (!apri(rs, QStringLiteral("select * from tessere_chiavi where codice = ?"), {codice})) return false;
   if (rs.eof()) return false;
-  const bool di_questa_lokera = rs.numero(u"lokera") == lblID_.Caption().toLongLong();
+  const bool di_questa_lokera = rs.numero(u"lokera") == sessione_.lokera();
   gruppo = rs.testo(u"gruppo");
   rs.Close();
   return !tessera_rifiutata_ && gruppo_abilitato(gruppo) && di_questa_lokera && entro_fascia(gruppo);

@@ -15,7 +15,7 @@ namespace lokera {
 class Decisioni {
  public:
   Decisioni(Database& db, const Clock& orologio, Giorno& giorno, PannelloLive& pannello,
-            SessioneSlave& sessione, const Label& lblID);
+            SessioneSlave& sessione);
 
   /// Looks at what came and calls one of the three handlers, or leaves it in the buffer; so it does with a
   /// fragment, which has no carriage return at its end.
@@ -52,7 +52,6 @@ class Decisioni {
   Giorno& giorno_;
   PannelloLive& pannello_;
   SessioneSlave& sessione_;
-  const Label& lblID_;
   bool tessera_rifiutata_ = false;  ///< the card that was shown last; the panel names it all the same
 };
 

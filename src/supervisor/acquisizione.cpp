@@ -100,15 +100,14 @@ void Acquisizione::acquisisci_transazione() {
   movimento.data = data_transazione(data_ora);
   Errore errore;
   movimento.intestazione = intestazione_tessera(movimento.operatore, errore);
-  QString descrizione;
-  qlonglong posizione = -1;
-  if (!errore) errore = registro_.registra(movimento, descrizione, posizione);
+  ChiaveRegistrata registrata;
+  if (!errore) errore = registro_.registra(movimento, registrata);
   if (errore) {
     if (segnala) segnala(errore);
     return;
   }
   ultimo_frame_ = frame;
-  mostra_ultima(movimento, data_ora, descrizione);
+  mostra_ultima(movimento, data_ora, registrata.descrizione);
   sessione_.wskDownload->SendData(frame_conferma_transazione);
 }
 
@@ -136,16 +135,20 @@ Errore Acquisizione::registra_movimento(char tipo) {
   movimento.chiave = (prelievo ? pannello_.lblSX : pannello_.lblDX).Caption().left(10);
   movimento.operazione = tipo;
   movimento.data = sessione_.attesa().orologio().adesso();
-  QString descrizione;
-  qlonglong posizione = -1;
-  const Errore errore = registro_.registra(movimento, descrizione, posizione);
+  ChiaveRegistrata chiave;
+  const Errore errore = registro_.registra(movimento, chiave);
   if (errore && segnala) segnala(errore);
-  if (errore) return errore;
-  if (prelievo)
-    tabellone_.chiave_uscita(posizione);
+  if (!errore) mostra_lampada(movimento, chiave);
+  return errore;
+}
+
+// The board shows one cabinet, and by now perhaps another than that of the key.
+void Acquisizione::mostra_lampada(const Movimento& movimento, const ChiaveRegistrata& chiave) {
+  if (chiave.lokera != lblID_.Caption().toLongLong()) return;
+  if (movimento.operazione == 'P')
+    tabellone_.chiave_uscita(chiave.posizione);
   else
-    tabellone_.chiave_presente(posizione);
-  return {};
+    tabellone_.chiave_presente(chiave.posizione);
 }
 
 }  // namespace lokera

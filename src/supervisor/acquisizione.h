@@ -38,6 +38,7 @@ class Acquisizione {
  private:
   void leggi_uno_alla_volta(qint16 numero);
   QString intestazione_tessera(const QString& codice, Errore& errore);
+  void mostra_lampada(const Movimento& movimento, const ChiaveRegistrata& chiave);
   void mostra_ultima(const Movimento& movimento, const QString& data_ora, const QString& descrizione);
 
   Finestra& finestra_;

@@ -142,6 +142,27 @@ TEST_F(DecisioniTest, ConUnaTesseraRifiutataNonSiPrelevaSiRestituisce) {
   EXPECT_EQ(chiave("1000000001"), "00091001");
 }
 
+// The session stays with the cabinet that it was opened for, wherever the cycle goes.
+TEST_F(DecisioniTest, DecideLaLokeraCollegataNonQuellaDelCiclo) {
+  b.chiave(QStringLiteral("1000000004"), 2, 1, 5);
+  for (const QString& del_ciclo : {QStringLiteral("2"), QStringLiteral("1")}) {
+    b.main().lblID.Caption = del_ciclo;
+    EXPECT_FALSE(b.main().tabellone.situazione_chiavi());
+    tessera("0000000001");
+    EXPECT_EQ(chiave("1000000003"), "00091000");
+    EXPECT_EQ(chiave("1000000001"), "00091001");
+    esito("03");
+    // The board of another cabinet stays as it is.
+    const bool propria = del_ciclo == QStringLiteral("1");
+    const Tabellone& t = b.main().tabellone;
+    EXPECT_EQ(b.main().tabellone.lampade_chiave(1).FillColor(), (propria ? t.keyU : t.keyP).FillColor());
+  }
+  b.main().tabellone.chiave_uscita(1);
+  chiave("1000000004", '0');  // brought to the wrong cabinet: this board has another key at its place
+  esito("01");
+  EXPECT_EQ(b.main().tabellone.lampade_chiave(2).FillColor(), b.main().tabellone.keyU.FillColor());
+}
+
 TEST_F(DecisioniTest, FasceAlMinuto) {
   const auto prelievo = [&](QTime ora) {
     b.vm.orologio().imposta(QDateTime(QDate(2008, 11, 30), ora));
