@@ -1,10 +1,9 @@
 #include "access/fasce.h"
 
-#include <map>
 #include <optional>
-#include <set>
 #include <vector>
 
+#include "access/tessere_di_fascia.h"
 #include "store/date_jet.h"
 #include "store/recordset.h"
 
@@ -59,55 +58,22 @@ Errore leggi_fasce(Connection& c, const QString& giorno, std::vector<Fascia>& fa
   return e;
 }
 
-Errore leggi_colonna(Connection& c, const QString& sql, const QVariantList& valori, QVariantList& colonna) {
-  Recordset rs;
-  Errore e = rs.Open(sql, c, valori);
-  while (!e && !rs.eof()) {
-    colonna << rs.valore(0);
-    e = rs.MoveNext();
-  }
-  return e;
-}
-
 /// The run: first the cards that the bands touch are looked up, then they are queued in the order of their
-/// codes, so that a transaction writes to few places of the file. Each transaction is one short stretch, and
+/// codes. Each transaction is one short stretch, and
 /// the loop runs between them.
 class Applicazione {
  public:
   Applicazione(Connection& c, PolledWait& attesa, const QString& giorno)
       : c_(c), attesa_(attesa), giorno_(giorno), inizio_(attesa.orologio().monotono()) {}
 
-  // Every card of the operator group that may use the key group, and every cabinet that holds a key of it.
   Errore cerca(const Fascia& fascia) {
-    QVariantList lokere;
-    QVariantList tessere;
-    if (Errore e = leggi_colonna(
-            c_,
-            QStringLiteral(
-                "select distinct lokera from tessere_chiavi where gruppo = ? and lokera is not null"),
-            {fascia.gruppo_chiavi}, lokere))
-      return e;
-    if (lokere.isEmpty()) return {};
-    if (Errore e = leggi_colonna(
-            c_,
-            QStringLiteral(
-                "select tessere_operatori.codice from (tessere_operatori inner join gruppi_tessera on"
-                " tessere_operatori.codice = gruppi_tessera.tessera) where tessere_operatori.gruppo = ? and"
-                " gruppi_tessera.codice = ?"),
-            {fascia.gruppo_oper, fascia.gruppo_chiavi}, tessere))
-      return e;
-    for (const QVariant& tessera : tessere) {
-      std::set<qlonglong>& dove = coppie_[tessera.toString()];
-      for (const QVariant& lokera : lokere) dove.insert(lokera.toLongLong());
-    }
+    if (Errore e = tessere_di_fascia(c_, fascia.gruppo_oper, fascia.gruppo_chiavi, coppie_)) return e;
     return respira();
   }
 
   Errore accoda() {
-    for (const auto& [tessera, lokere] : coppie_) {
-      for (const qlonglong lokera : lokere) {
-        if (Errore e = accoda_coppia(tessera, lokera)) return e;
-      }
+    for (const auto& [tessera, lokera] : coppie_) {
+      if (Errore e = accoda_coppia(tessera, lokera)) return e;
       if (Errore e = respira()) return e;
     }
     return {};
@@ -161,7 +127,7 @@ class Applicazione {
   const QString giorno_;
   Monotonic inizio_;
   std::optional<Transazione> transazione_;
-  std::map<QString, std::set<qlonglong>> coppie_;  ///< the cabinets that each card is queued for
+  CoppieTessere coppie_;
 };
 
 Errore applica(Connection& c, PolledWait& attesa, const QString& giorno) {
