@@ -73,7 +73,8 @@ bool Decisioni::entro_limite(const QString& codice, qlonglong massimo) {
   if (!apri(rs, QStringLiteral("select count(*) as chiavi_uscite from tessere_chiavi where operatore = ?"),
             {codice}))
     return false;
-  return rs.eof() || rs.numero(u"chiavi_uscite") <= massimo;
+  const qlonglong altre = chiavi_non_registrate ? chiavi_non_registrate(codice) : 0;
+  return rs.numero(u"chiavi_uscite") + altre <= massimo;
 }
 
 void Decisioni::richiesta_chiave(QByteArray& testo) {

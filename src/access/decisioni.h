@@ -32,6 +32,8 @@ class Decisioni {
   /// Books the movement, 'P' or 'R', of the operator and the key on the panel. The end of the operation is
   /// confirmed to the cabinet only when it returns without a failure.
   std::function<Errore(char tipo)> registra_movimento;
+  /// How many keys the card has taken that the database doesn't show yet.
+  std::function<qlonglong(const QString& tessera)> chiavi_non_registrate;
   /// A query failed and the request was refused: tells the person at the desk.
   std::function<void(const Errore&)> segnala;
 

@@ -32,12 +32,13 @@ QString data_ora_record(QByteArrayView frame) {
 
 }  // namespace
 
-Acquisizione::Acquisizione(Finestra& finestra, Database& db, SessioneDownload& sessione,
+Acquisizione::Acquisizione(Finestra& finestra, Database& db, TimerFactory& timer, SessioneDownload& sessione,
                            PannelloLive& pannello, Tabellone& tabellone, const Label& lblID,
                            Label& lblLetturaTrans)
     : lblNumTrans(finestra, QStringLiteral("lblNumTrans")),
       lblUltimaTrans(finestra, QStringLiteral("lblUltimaTrans")),
       shpTrans(finestra, QStringLiteral("shpTrans")),
+      in_attesa(db, timer),
       finestra_(finestra),
       db_(db),
       registro_(db),
@@ -47,6 +48,7 @@ Acquisizione::Acquisizione(Finestra& finestra, Database& db, SessioneDownload& s
       lblID_(lblID),
       lblLetturaTrans_(lblLetturaTrans) {
   shpTrans.Visible = false;
+  in_attesa.registrato = [this](const Movimento& m, const ChiaveRegistrata& c) { mostra_lampada(m, c); };
   sessione_.leggi_transazioni = [this](qint16 n) { leggi_transazioni(n); };
   sessione_.acquisisci_transazione = [this] { acquisisci_transazione(); };
 }
@@ -135,11 +137,7 @@ Errore Acquisizione::registra_movimento(char tipo) {
   movimento.chiave = (prelievo ? pannello_.lblSX : pannello_.lblDX).Caption().left(10);
   movimento.operazione = tipo;
   movimento.data = sessione_.attesa().orologio().adesso();
-  ChiaveRegistrata chiave;
-  const Errore errore = registro_.registra(movimento, chiave);
-  if (errore && segnala) segnala(errore);
-  if (!errore) mostra_lampada(movimento, chiave);
-  return errore;
+  return in_attesa.registra(movimento);
 }
 
 // The board shows one cabinet, and by now perhaps another than that of the key.

@@ -1,5 +1,6 @@
 #include "supervisor/frm_main.h"
 
+#include "forms/messaggi.h"
 #include "store/recordset.h"
 
 namespace lokera {
@@ -65,7 +66,7 @@ frm_Main::frm_Main(const AmbientePrincipale& a)
       invio(a.db, download, giorno, lblID),
       ciclo(*this, a.finestre, a.db, a.macchina.timer, a.macchina.socket, download, giorno, invio, tabellone,
             {lblID, lblNome, lblIndirizzoIP, lblStatus, lblStatusD, lblLetturaTrans}),
-      acquisizione(*this, a.db, download, pannello, tabellone, lblID, lblLetturaTrans),
+      acquisizione(*this, a.db, a.macchina.timer, download, pannello, tabellone, lblID, lblLetturaTrans),
       decisioni(a.db, a.macchina.orologio, giorno, pannello, slave),
       fasce(a.db, attesa_, giorno),
       accesso(*this, a.db, a.macchina.orologio, a.traduttore, a.macchina.messaggi, *slave.wsk),
@@ -84,9 +85,14 @@ void frm_Main::collega_parti() {
   acquisizione.segnala = decisioni.segnala = ciclo.segnala = fasce.segnala = segnala_errore;
   slave.richiesta = [this](QByteArray& buffer) { decisioni.smista(buffer); };
   decisioni.registra_movimento = [this](char tipo) { return acquisizione.registra_movimento(tipo); };
+  decisioni.chiavi_non_registrate = [this](const QString& tessera) {
+    return acquisizione.in_attesa.chiavi_uscite(tessera);
+  };
+  acquisizione.in_attesa.stato = [this](const Errore& e, const QDateTime& dal) { segnala_attesa(e, dal); };
   ciclo.applica_fasce_orarie = [this] { fasce.applica_fasce_orarie(); };
   accesso.abilita_menu = [this](bool abilitati) { menu.abilita(abilitati); };
   menu.chiudi_download = [this] { download.wskDownload->Close(); };
+  menu.si_puo_finire = [this] { return si_puo_finire(); };
   menu.mnuScarTrans.Click = [this] { mnuScarTrans_Click(); };
   timerOrario->Interval(intervallo_orologio_ms);
   timerOrario->Evento = [this] { timerOrario_Timer(); };
@@ -202,9 +208,37 @@ void frm_Main::mnuScarTrans_Click() {
   ciclo.TimerDownload_Timer();
 }
 
+QString frm_Main::testo_errore(const QDateTime& momento, const QString& che_cosa,
+                               const Errore& errore) const {
+  return momento.toString(u"HH:mm:ss  "_s) + che_cosa + u": "_s + errore.descrizione;
+}
+
 void frm_Main::segnala(const Errore& errore) {
-  lblErrore.Caption = a_.macchina.orologio.adesso().toString(u"HH:mm:ss  "_s) +
-                      a_.traduttore.traduci(u"errore di archivio"_s) + u": "_s + errore.descrizione;
+  ultimo_errore_ =
+      testo_errore(a_.macchina.orologio.adesso(), a_.traduttore.traduci(u"errore di archivio"_s), errore);
+  mostra_errori();
+}
+
+void frm_Main::segnala_attesa(const Errore& errore, const QDateTime& dal) {
+  const QString quanti = QString::number(acquisizione.in_attesa.quanti());
+  movimenti_in_attesa_ =
+      errore ? testo_errore(dal, quanti + u' ' + a_.traduttore.traduci(u"movimenti da registrare"_s), errore)
+             : QString();
+  mostra_errori();
+}
+
+void frm_Main::mostra_errori() {
+  QStringList testi = {movimenti_in_attesa_, ultimo_errore_};
+  testi.removeAll(QString());
+  lblErrore.Caption = testi.join(u"   "_s);
+}
+
+// What waits is in memory only, so it is tried once more and then asked about.
+bool frm_Main::si_puo_finire() {
+  return !acquisizione.in_attesa.riprova() ||
+         conferma(a_.traduttore, a_.macchina.messaggi,
+                  u"Alcuni movimenti non sono ancora registrati e andrebbero persi. Terminare ugualmente?"_s,
+                  u"Fine Lavoro"_s);
 }
 
 }  // namespace lokera
