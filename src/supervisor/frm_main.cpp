@@ -127,6 +127,8 @@ void frm_Main::Form_Load() {
   ciclo.grdLokere.Row(ciclo.grdLokere.Rows() - 1);
   ciclo.TimerDownload->Enabled(true);
   ciclo.TimerDownload_Timer();
+  // With a live session the first visit, which draws the board, is minutes away.
+  if (const Errore errore = tabellone.situazione_chiavi()) segnala(errore);
 }
 
 void frm_Main::trova_lokere_sistema() {
