@@ -17,6 +17,10 @@ const QString& titolo() {
   return testo;
 }
 
+QString con_ora(const QDateTime& momento, const QString& che_cosa) {
+  return momento.toString(u"HH:mm:ss  "_s) + che_cosa + u": "_s;
+}
+
 }  // namespace
 
 frm_Main::frm_Main(const AmbientePrincipale& a)
@@ -210,22 +214,18 @@ void frm_Main::mnuScarTrans_Click() {
   ciclo.TimerDownload_Timer();
 }
 
-QString frm_Main::testo_errore(const QDateTime& momento, const QString& che_cosa,
-                               const Errore& errore) const {
-  return momento.toString(u"HH:mm:ss  "_s) + che_cosa + u": "_s + errore.descrizione;
-}
-
 void frm_Main::segnala(const Errore& errore) {
-  ultimo_errore_ =
-      testo_errore(a_.macchina.orologio.adesso(), a_.traduttore.traduci(u"errore di archivio"_s), errore);
+  ultimo_errore_ = con_ora(a_.macchina.orologio.adesso(), a_.traduttore.traduci(u"errore di archivio"_s)) +
+                   errore.descrizione;
   mostra_errori();
 }
 
 void frm_Main::segnala_attesa(const Errore& errore, const QDateTime& dal) {
-  const QString quanti = QString::number(acquisizione.in_attesa.quanti());
-  movimenti_in_attesa_ =
-      errore ? testo_errore(dal, quanti + u' ' + a_.traduttore.traduci(u"movimenti da registrare"_s), errore)
-             : QString();
+  const QString quanti = QString::number(acquisizione.in_attesa.quanti()) + u" - "_s;
+  movimenti_in_attesa_.clear();
+  if (errore)
+    movimenti_in_attesa_ =
+        con_ora(dal, a_.traduttore.traduci(u"movimenti da registrare"_s)) + quanti + errore.descrizione;
   mostra_errori();
 }
 

@@ -90,7 +90,6 @@ class frm_Main : public Finestra {
   void segnala(const Errore& errore);
   void segnala_attesa(const Errore& errore, const QDateTime& dal);
   void mostra_errori();
-  QString testo_errore(const QDateTime& momento, const QString& che_cosa, const Errore& errore) const;
   bool si_puo_finire();
   void imposta_prima_lokera(const Recordset& rs);
   void elenca_lokere(Recordset& rs);

@@ -145,6 +145,7 @@ TEST_F(DecisioniTest, ConUnaTesseraRifiutataNonSiPrelevaSiRestituisce) {
 // The session stays with the cabinet that it was opened for, wherever the cycle goes.
 TEST_F(DecisioniTest, DecideLaLokeraCollegataNonQuellaDelCiclo) {
   b.chiave(QStringLiteral("1000000004"), 2, 1, 5);
+  Tabellone& t = b.main().tabellone;
   for (const QString& del_ciclo : {QStringLiteral("2"), QStringLiteral("1")}) {
     b.main().lblID.Caption = del_ciclo;
     EXPECT_FALSE(b.main().tabellone.situazione_chiavi());
@@ -154,13 +155,12 @@ TEST_F(DecisioniTest, DecideLaLokeraCollegataNonQuellaDelCiclo) {
     esito("03");
     // The board of another cabinet stays as it is.
     const bool propria = del_ciclo == QStringLiteral("1");
-    const Tabellone& t = b.main().tabellone;
-    EXPECT_EQ(b.main().tabellone.lampade_chiave(1).FillColor(), (propria ? t.keyU : t.keyP).FillColor());
+    EXPECT_EQ(t.lampade_chiave(1).FillColor(), (propria ? t.keyU : t.keyP).FillColor());
   }
-  b.main().tabellone.chiave_uscita(1);
+  t.chiave_uscita(1);
   chiave("1000000004", '0');  // brought to the wrong cabinet: this board has another key at its place
   esito("01");
-  EXPECT_EQ(b.main().tabellone.lampade_chiave(2).FillColor(), b.main().tabellone.keyU.FillColor());
+  EXPECT_EQ(t.lampade_chiave(2).FillColor(), t.keyU.FillColor());
 }
 
 TEST_F(DecisioniTest, FasceAlMinuto) {

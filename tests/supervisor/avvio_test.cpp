@@ -58,9 +58,9 @@ TEST(Avvio, IlTabelloneEDisegnatoSubito) {
   b.lokera(1, 1);
   b.chiave(QStringLiteral("1000000001"), 1, 2);
   b.main().Form_Load();
-  const Tabellone& t = b.main().tabellone;
-  EXPECT_EQ(b.main().tabellone.lampade_chiave(3).FillColor(), t.keyP.FillColor());
-  EXPECT_TRUE(b.main().tabellone.pnlK(0).Visible());
+  Tabellone& t = b.main().tabellone;
+  EXPECT_EQ(t.lampade_chiave(3).FillColor(), t.keyP.FillColor());
+  EXPECT_TRUE(t.pnlK(0).Visible());
 }
 
 TEST(Avvio, SenzaLokereNonFaCheContare) {

@@ -52,9 +52,9 @@ TEST_F(MovimentiInAttesaTest, CioCheNonSiRegistraOraSiRegistraPoiConIlSuoMomento
   blocca();
   EXPECT_EQ(muove('1', "1000000001"), "ABCDEFGHIJ");
   EXPECT_EQ(lampada(1), b.main().tabellone.keyP.FillColor());
-  EXPECT_TRUE(errore().contains(u"1 movimenti da registrare"_s)) << errore().toStdString();
+  EXPECT_TRUE(errore().contains(u"movimenti da registrare: 1 "_s)) << errore().toStdString();
   EXPECT_EQ(muove('0', "1000000002"), "ABCDEFGHIJ");
-  EXPECT_TRUE(errore().contains(u"2 movimenti da registrare"_s)) << errore().toStdString();
+  EXPECT_TRUE(errore().contains(u"movimenti da registrare: 2 "_s)) << errore().toStdString();
   b.vm.esegui_per(2s);
   EXPECT_EQ(registrati(), QStringList{});
   libera();
