@@ -16,16 +16,11 @@ QString testo_ascii(QByteArrayView v) {
 }  // namespace
 
 Decisioni::Decisioni(Database& db, const Clock& orologio, Giorno& giorno, PannelloLive& pannello,
-                     SessioneSlave& sessione, const Label& lblID)
-    : db_(db),
-      orologio_(orologio),
-      giorno_(giorno),
-      pannello_(pannello),
-      sessione_(sessione),
-      lblID_(lblID) {}
+                     SessioneSlave& sessione)
+    : db_(db), orologio_(orologio), giorno_(giorno), pannello_(pannello), sessione_(sessione) {}
 
 void Decisioni::smista(QByteArray& buffer) {
-  if (buffer.size() < 16) return;
+  if (buffer.size() < 16 || !buffer.endsWith('\r')) return;
   const QByteArray codice = codice_comando(buffer).toByteArray();
   if (codice == "00090" && stato_operazione == ' ') richiesta_operatore(buffer);
   if (codice == "00091" && stato_operazione == ' ') richiesta_chiave(buffer);
@@ -37,6 +32,7 @@ void Decisioni::richiesta_operatore(QByteArray& testo) {
   const QByteArray stato_tessera = campo_frame(testo, 18, 1).toByteArray();
   const QString codice = testo_ascii(campo_frame(testo, 19, 10));
   const bool ammesso = stato_tessera == "1" && operatore_ammesso(codice);
+  tessera_rifiutata_ = !ammesso;
   rispondi(testo, ammesso ? "00090001" : "00090000");
   if (stato_tessera == "0") {
     pannello_.spegni_lampade();
@@ -77,7 +73,8 @@ bool Decisioni::entro_limite(const QString& codice, qlonglong massimo) {
   if (!apri(rs, QStringLiteral("select count(*) as chiavi_uscite from tessere_chiavi where operatore = ?"),
             {codice}))
     return false;
-  return rs.eof() || rs.numero(u"chiavi_uscite") <= massimo;
+  const qlonglong altre = chiavi_non_registrate ? chiavi_non_registrate(codice) : 0;
+  return rs.numero(u"chiavi_uscite") + altre <= massimo;
 }
 
 void Decisioni::richiesta_chiave(QByteArray& testo) {
@@ -88,7 +85,10 @@ void Decisioni::richiesta_chiave(QByteArray& testo) {
   const auto lato = prelievo ? PannelloLive::Lato::sinistro : PannelloLive::Lato::destro;
   stato_operazione = !ammesso ? ' ' : prelievo ? 'P' : 'R';
   pannello_.mostra_lato(lato, ammesso ? verde : rosso, codice, gruppo);
-  if (!ammesso) pannello_.avvia_timer(lato);
+  if (ammesso)
+    pannello_.ferma_timer();  // the panel says who and what until the end of the operation
+  else
+    pannello_.avvia_timer(lato);
   rispondi(testo, ammesso ? "00091001" : "00091000");
 }
 
@@ -96,10 +96,10 @@ bool Decisioni::prelievo_ammesso(const QString& codice, QString& gruppo) {
   Recordset rs;
   if (!apri(rs, QStringLiteral("select * from tessere_chiavi where codice = ?"), {codice})) return false;
   if (rs.eof()) return false;
-  const bool di_questa_lokera = rs.numero(u"lokera") == lblID_.Caption().toLongLong();
+  const bool di_questa_lokera = rs.numero(u"lokera") == sessione_.lokera();
   gruppo = rs.testo(u"gruppo");
   rs.Close();
-  return gruppo_abilitato(gruppo) && di_questa_lokera && entro_fascia(gruppo);
+  return !tessera_rifiutata_ && gruppo_abilitato(gruppo) && di_questa_lokera && entro_fascia(gruppo);
 }
 
 bool Decisioni::gruppo_abilitato(const QString& gruppo) {

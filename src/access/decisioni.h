@@ -15,9 +15,10 @@ namespace lokera {
 class Decisioni {
  public:
   Decisioni(Database& db, const Clock& orologio, Giorno& giorno, PannelloLive& pannello,
-            SessioneSlave& sessione, const Label& lblID);
+            SessioneSlave& sessione);
 
-  /// Looks at what came and calls one of the three handlers, or leaves it in the buffer.
+  /// Looks at what came and calls one of the three handlers, or leaves it in the buffer; so it does with a
+  /// fragment, which has no carriage return at its end.
   void smista(QByteArray& buffer_ricezione);
 
   void richiesta_operatore(QByteArray& testo);  ///< "00090", operator card at the reader
@@ -31,6 +32,8 @@ class Decisioni {
   /// Books the movement, 'P' or 'R', of the operator and the key on the panel. The end of the operation is
   /// confirmed to the cabinet only when it returns without a failure.
   std::function<Errore(char tipo)> registra_movimento;
+  /// How many keys the card has taken that the database doesn't show yet.
+  std::function<qlonglong(const QString& tessera)> chiavi_non_registrate;
   /// A query failed and the request was refused: tells the person at the desk.
   std::function<void(const Errore&)> segnala;
 
@@ -51,7 +54,7 @@ class Decisioni {
   Giorno& giorno_;
   PannelloLive& pannello_;
   SessioneSlave& sessione_;
-  const Label& lblID_;
+  bool tessera_rifiutata_ = false;  ///< the card that was shown last; the panel names it all the same
 };
 
 }  // namespace lokera

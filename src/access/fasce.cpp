@@ -1,9 +1,9 @@
 #include "access/fasce.h"
 
 #include <functional>
-#include <set>
 #include <vector>
 
+#include "access/tessere_di_fascia.h"
 #include "ledger/coda_tessere.h"
 #include "store/date_jet.h"
 #include "store/recordset.h"
@@ -59,46 +59,16 @@ Errore leggi_fasce(Connection& c, const QString& giorno, std::vector<Fascia>& fa
   return e;
 }
 
-Errore leggi_colonna(Connection& c, const QString& sql, const QVariantList& valori, QVariantList& colonna) {
-  Recordset rs;
-  Errore e = rs.Open(sql, c, valori);
-  while (!e && !rs.eof()) {
-    colonna << rs.valore(0);
-    e = rs.MoveNext();
-  }
-  return e;
-}
-
 /// The run: first the cards that the bands touch are looked up, then they are queued in the order of their
-/// codes, so that a transaction writes to few places of the file. Each transaction is one short stretch, and
+/// codes. Each transaction is one short stretch, and
 /// the loop runs between them.
 class Applicazione {
  public:
   Applicazione(Connection& c, PolledWait& attesa, const QString& giorno)
       : c_(c), attesa_(attesa), giorno_(giorno), inizio_(attesa.orologio().monotono()) {}
 
-  // Every card of the operator group that may use the key group, and every cabinet that holds a key of it.
   Errore cerca(const Fascia& fascia) {
-    QVariantList lokere;
-    QVariantList tessere;
-    if (Errore e = leggi_colonna(
-            c_,
-            QStringLiteral(
-                "select distinct lokera from tessere_chiavi where gruppo = ? and lokera is not null"),
-            {fascia.gruppo_chiavi}, lokere))
-      return e;
-    if (lokere.isEmpty()) return {};
-    if (Errore e = leggi_colonna(
-            c_,
-            QStringLiteral(
-                "select tessere_operatori.codice from (tessere_operatori inner join gruppi_tessera on"
-                " tessere_operatori.codice = gruppi_tessera.tessera) where tessere_operatori.gruppo = ? and"
-                " gruppi_tessera.codice = ?"),
-            {fascia.gruppo_oper, fascia.gruppo_chiavi}, tessere))
-      return e;
-    for (const QVariant& tessera : tessere) {
-      for (const QVariant& lokera : lokere) coppie_.emplace(tessera.toString(), lokera.toLongLong());
-    }
+    if (Errore e = tessere_di_fascia(c_, fascia.gruppo_oper, fascia.gruppo_chiavi, coppie_)) return e;
     respira();
     return {};
   }
@@ -150,7 +120,7 @@ class Applicazione {
   PolledWait& attesa_;
   const QString giorno_;
   Monotonic inizio_;
-  std::set<std::pair<QString, qlonglong>> coppie_;  ///< each card with a cabinet that it is queued for
+  CoppieTessere coppie_;  ///< each card with a cabinet that it is queued for
 };
 
 Errore applica(Connection& c, PolledWait& attesa, const QString& giorno) {

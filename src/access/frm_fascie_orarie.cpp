@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "access/esecuzioni_fasce.h"
+#include "access/fasce_cambiate.h"
 #include "access/giorno.h"
 #include "forms/formato.h"
 #include "forms/messaggi.h"
@@ -183,11 +184,16 @@ void frm_fascie_orarie::Command5_Click() {
   Connection& c = a_.db.connessione_db;
   // Bands that stay as they were have had their effect today already; others have had none.
   EsecuzioniFasce esecuzioni;
+  FasceCambiate cambiate(a_.db, a_.traduttore, a_.orologio.adesso().date());
   TabellaDaLista fasce{griglia_, u"delete from fascie_orarie"_s, u"select * from fascie_orarie"_s};
-  fasce.prima = [&] { return esecuzioni.leggi(c); };
+  fasce.prima = [&] {
+    Errore e = cambiate.leggi_prima();
+    return e ? e : esecuzioni.leggi(c);
+  };
   fasce.completa = [&](Recordset& rs, int) { (void)esecuzioni.ridai(rs); };
-  const TabellaDaLista giorni{griglia_g_, u"delete from giorni_particolari"_s,
-                              u"select * from giorni_particolari"_s};
+  TabellaDaLista giorni{griglia_g_, u"delete from giorni_particolari"_s,
+                        u"select * from giorni_particolari"_s};
+  giorni.dopo = [&] { return cambiate.accoda(); };
   if (!sostituisci_tabelle(c, {fasce, giorni})) return;
   avvisa(a_.traduttore, a_.messaggi, u"Registrazione conclusa!"_s);
 }

@@ -5,7 +5,7 @@
 namespace lokera {
 
 /// The time bands (`grd`) and the special days (`grdG`) side by side. Nothing reaches the database until
-/// `Command5`, which replaces both tables as a whole; it never queues a card.
+/// `Command5`, which replaces both tables as a whole and queues the cards whose bands of today it changes.
 class frm_fascie_orarie : public Finestra {
  public:
   explicit frm_fascie_orarie(const Ambiente& ambiente);

@@ -34,18 +34,20 @@ Giorno::Giorno(Database& db, const Clock& orologio, Traduttore& traduttore)
     : db_(db), orologio_(orologio), traduttore_(traduttore) {}
 
 Errore Giorno::tipo_giorno() {
-  const QDate oggi = orologio_.adesso().date();
-  giorno_corrente_ = traduttore_.traduci(nome_giorno(oggi.dayOfWeek()));
+  Errore e = tipo_della_data(db_, traduttore_, orologio_.adesso().date(), giorno_corrente_);
+  if (e) aggiorna_database(db_);
+  return e;
+}
+
+Errore tipo_della_data(Database& db, Traduttore& traduttore, QDate data, QString& giorno) {
+  giorno = traduttore.traduci(nome_giorno(data.dayOfWeek()));
   QString speciale;
-  if (Errore e = giorno_speciale(db_, oggi, oggi.year(), speciale)) {
-    aggiorna_database(db_);
-    return e;
-  }
+  if (Errore e = giorno_speciale(db, data, data.year(), speciale)) return e;
   // A day of this very year wins over one of every year.
   if (speciale.isEmpty()) {
-    if (Errore e = giorno_speciale(db_, oggi, 0, speciale)) return e;
+    if (Errore e = giorno_speciale(db, data, 0, speciale)) return e;
   }
-  if (!speciale.isEmpty()) giorno_corrente_ = speciale;
+  if (!speciale.isEmpty()) giorno = speciale;
   return {};
 }
 

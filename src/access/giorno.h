@@ -27,6 +27,9 @@ class Giorno {
   QString giorno_corrente_;
 };
 
+/// The day type of that date. On a failure `giorno` is the weekday's name.
+Errore tipo_della_data(Database& db, Traduttore& traduttore, QDate data, QString& giorno);
+
 /// The Italian name of a weekday, 1 Monday to 7 Sunday.
 QString nome_giorno(int giorno_settimana);
 

@@ -39,9 +39,11 @@ void PannelloLive::azzera_operatore() {
   spegni_lampade();
   lblIntestazione.Caption = intestazione_a_riposo();
   lblPG.Caption = QString();
-  TimerSlot->Enabled(false);
-  TimerDX->Enabled(false);
-  TimerSX->Enabled(false);
+  ferma_timer();
+}
+
+void PannelloLive::ferma_timer() {
+  for (const auto& timer : {&TimerSlot, &TimerDX, &TimerSX}) (*timer)->Enabled(false);
 }
 
 void PannelloLive::spegni_lampade() {

@@ -22,6 +22,8 @@ class PannelloLive {
   void spegni_lampade();
   void mostra_lato(Lato lato, Colore colore, const QString& codice, const QString& gruppo);
   void avvia_timer(Lato lato);
+  /// What an earlier request or end has started must not clear what the panel holds from now on.
+  void ferma_timer();
   /// The two result lamps of a side: 5 and 7 on the left, 6 and 8 on the right.
   void mostra_esito(Lato lato, Colore prima, Colore seconda);
   QString intestazione_a_riposo() { return traduttore_.traduci(QStringLiteral("intestazione")); }

@@ -97,6 +97,7 @@ struct TabellaDaLista {
   QString apri;      ///< query whose rows are the table
   griglia::Completa completa = {};
   std::function<Errore()> prima = {};  ///< runs inside the transaction, before the table is emptied
+  std::function<Errore()> dopo = {};   ///< the same, once the table has its new rows
 };
 
 /// Replaces the tables by the lists in one transaction, all or nothing. On a failure everything is as it was

@@ -128,8 +128,8 @@ Errore griglia::riscrivi(Connection& conn, const TabellaDaLista& tabella) {
   if (Errore e = conn.Execute(tabella.cancella)) return e;
   Recordset rs;
   if (Errore e = rs.Open(tabella.apri, conn, {}, Cursore::aggiornabile)) return e;
-  scrivi_tutto(rs, {}, tabella.completa);
-  return errore_;
+  if (!scrivi_tutto(rs, {}, tabella.completa) || !tabella.dopo) return errore_;
+  return tabella.dopo();
 }
 
 bool sostituisci_tabelle(Connection& conn, const std::vector<TabellaDaLista>& tabelle) {

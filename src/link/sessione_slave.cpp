@@ -9,10 +9,11 @@ constexpr quint16 porta_slave = 10002;
 }
 
 SessioneSlave::SessioneSlave(WinsockFactory& fabbrica, PolledWait& attesa, Scambio& scambio,
-                             const Label& lblIndirizzoIP, Label& lblStatus)
+                             const Label& lblID, const Label& lblIndirizzoIP, Label& lblStatus)
     : wsk(fabbrica.crea_winsock()),
       attesa_(attesa),
       scambio_(scambio),
+      lblID_(lblID),
       lblIndirizzoIP_(lblIndirizzoIP),
       lblStatus_(lblStatus) {
   wsk->DataArrival = [this](qsizetype n) { wsk_DataArrival(n); };
@@ -20,13 +21,19 @@ SessioneSlave::SessioneSlave(WinsockFactory& fabbrica, PolledWait& attesa, Scamb
 
 void SessioneSlave::connessione_socket() {
   const QString indirizzo = normalizza_ip(lblIndirizzoIP_.Caption);
+  const qlonglong numero = lblID_.Caption().toLongLong();
   wsk->Close();
   wsk->Protocol(Protocol::tcp);
   wsk->RemoteHost(indirizzo);
   wsk->RemotePort(porta_slave);
   wsk->Connect(indirizzo, porta_slave);
   const bool connessa = attesa_.attendi(5, [this] { return wsk->State() == socket_connesso; });
+  if (connessa) lokera_ = numero;
   lblStatus_.Caption = connessa ? QStringLiteral("ON Line") : QStringLiteral("OFF Line");
+}
+
+qlonglong SessioneSlave::lokera() const {
+  return lokera_.value_or(lblID_.Caption().toLongLong());
 }
 
 void SessioneSlave::wsk_DataArrival(qsizetype /*bytesTotal*/) {

@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 #include "forms/controlli.h"
 #include "link/scambio.h"
@@ -14,14 +15,18 @@ namespace lokera {
 /// started again; `lblStatus` keeps what the connection gave.
 class SessioneSlave {
  public:
-  SessioneSlave(WinsockFactory& fabbrica, PolledWait& attesa, Scambio& scambio, const Label& lblIndirizzoIP,
-                Label& lblStatus);
+  SessioneSlave(WinsockFactory& fabbrica, PolledWait& attesa, Scambio& scambio, const Label& lblID,
+                const Label& lblIndirizzoIP, Label& lblStatus);
 
   /// Returns when connected or given up after more than five seconds; the result stands in `lblStatus`.
   void connessione_socket();
 
   /// Fetches what came into `buffer_ricezione` and hands it to `richiesta`.
   void wsk_DataArrival(qsizetype bytesTotal);
+
+  /// The cabinet at the other end, the `ID` of its row, wherever the cycle has gone since; that of `lblID`
+  /// before the first connection, 0 for none.
+  qlonglong lokera() const;
 
   std::unique_ptr<Winsock> wsk;
   /// Decides and answers at once; must not run the loop.
@@ -30,8 +35,10 @@ class SessioneSlave {
  private:
   PolledWait& attesa_;
   Scambio& scambio_;
+  const Label& lblID_;
   const Label& lblIndirizzoIP_;
   Label& lblStatus_;
+  std::optional<qlonglong> lokera_;
 };
 
 }  // namespace lokera

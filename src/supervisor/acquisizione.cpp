@@ -32,12 +32,13 @@ QString data_ora_record(QByteArrayView frame) {
 
 }  // namespace
 
-Acquisizione::Acquisizione(Finestra& finestra, Database& db, SessioneDownload& sessione,
+Acquisizione::Acquisizione(Finestra& finestra, Database& db, TimerFactory& timer, SessioneDownload& sessione,
                            PannelloLive& pannello, Tabellone& tabellone, const Label& lblID,
                            Label& lblLetturaTrans)
     : lblNumTrans(finestra, QStringLiteral("lblNumTrans")),
       lblUltimaTrans(finestra, QStringLiteral("lblUltimaTrans")),
       shpTrans(finestra, QStringLiteral("shpTrans")),
+      in_attesa(db, timer),
       finestra_(finestra),
       db_(db),
       registro_(db),
@@ -47,6 +48,7 @@ Acquisizione::Acquisizione(Finestra& finestra, Database& db, SessioneDownload& s
       lblID_(lblID),
       lblLetturaTrans_(lblLetturaTrans) {
   shpTrans.Visible = false;
+  in_attesa.registrato = [this](const Movimento& m, const ChiaveRegistrata& c) { mostra_lampada(m, c); };
   sessione_.leggi_transazioni = [this](qint16 n) { leggi_transazioni(n); };
   sessione_.acquisisci_transazione = [this](const QByteArray& frame) { acquisisci_transazione(frame); };
 }
@@ -105,15 +107,14 @@ void Acquisizione::acquisisci_transazione(const QByteArray& frame) {
   movimento.data = data_transazione(data_ora);
   Errore errore;
   movimento.intestazione = intestazione_tessera(movimento.operatore, errore);
-  QString descrizione;
-  qlonglong posizione = -1;
-  if (!errore) errore = registro_.registra(movimento, descrizione, posizione);
+  ChiaveRegistrata registrata;
+  if (!errore) errore = registro_.registra(movimento, registrata);
   if (errore) {
     da_registrare_ = frame;
     if (segnala) segnala(errore);
     return;
   }
-  mostra_ultima(movimento, data_ora, descrizione);
+  mostra_ultima(movimento, data_ora, registrata.descrizione);
   sessione_.conferma_transazione();
 }
 
@@ -141,16 +142,16 @@ Errore Acquisizione::registra_movimento(char tipo) {
   movimento.chiave = (prelievo ? pannello_.lblSX : pannello_.lblDX).Caption().left(10);
   movimento.operazione = tipo;
   movimento.data = sessione_.attesa().orologio().adesso();
-  QString descrizione;
-  qlonglong posizione = -1;
-  const Errore errore = registro_.registra(movimento, descrizione, posizione);
-  if (errore && segnala) segnala(errore);
-  if (errore) return errore;
-  if (prelievo)
-    tabellone_.chiave_uscita(posizione);
+  return in_attesa.registra(movimento);
+}
+
+// The board shows one cabinet, and by now perhaps another than that of the key.
+void Acquisizione::mostra_lampada(const Movimento& movimento, const ChiaveRegistrata& chiave) {
+  if (chiave.lokera != lblID_.Caption().toLongLong()) return;
+  if (movimento.operazione == 'P')
+    tabellone_.chiave_uscita(chiave.posizione);
   else
-    tabellone_.chiave_presente(posizione);
-  return {};
+    tabellone_.chiave_presente(chiave.posizione);
 }
 
 }  // namespace lokera

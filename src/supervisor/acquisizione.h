@@ -6,6 +6,7 @@
 #include "forms/controlli.h"
 #include "link/sessione_download.h"
 #include "store/database.h"
+#include "supervisor/movimenti_in_attesa.h"
 #include "supervisor/registro.h"
 #include "supervisor/tabellone.h"
 
@@ -15,8 +16,8 @@ namespace lokera {
 /// operation.
 class Acquisizione {
  public:
-  Acquisizione(Finestra& finestra, Database& db, SessioneDownload& sessione, PannelloLive& pannello,
-               Tabellone& tabellone, const Label& lblID, Label& lblLetturaTrans);
+  Acquisizione(Finestra& finestra, Database& db, TimerFactory& timer, SessioneDownload& sessione,
+               PannelloLive& pannello, Tabellone& tabellone, const Label& lblID, Label& lblLetturaTrans);
 
   /// Reads that many stored records, each booked and acknowledged before the next is asked for. Runs the
   /// loop; input to the window is off meanwhile. Ends at the first record that isn't confirmed in time, and
@@ -27,19 +28,21 @@ class Acquisizione {
   /// Books the record of the frame and acknowledges it after the commit.
   void acquisisci_transazione(const QByteArray& frame);
 
-  /// Books the live movement that the panel shows.
+  /// Books the live movement that the panel shows. A failure says that it waits in `in_attesa`.
   Errore registra_movimento(char tipo);
 
   Label lblNumTrans, lblUltimaTrans;
   Shape shpTrans;
+  MovimentiInAttesa in_attesa;  ///< the live movements that could not be booked yet
 
-  /// A movement could not be booked: tells the person at the desk.
+  /// A stored movement could not be booked: tells the person at the desk.
   std::function<void(const Errore&)> segnala;
 
  private:
   void leggi_uno_alla_volta(qint16 numero);
   bool leggi_uno();
   QString intestazione_tessera(const QString& codice, Errore& errore);
+  void mostra_lampada(const Movimento& movimento, const ChiaveRegistrata& chiave);
   void mostra_ultima(const Movimento& movimento, const QString& data_ora, const QString& descrizione);
 
   Finestra& finestra_;

@@ -1,5 +1,6 @@
 #include "supervisor/frm_main.h"
 
+#include "forms/messaggi.h"
 #include "store/recordset.h"
 
 namespace lokera {
@@ -14,6 +15,10 @@ constexpr int larghezza_tabella = 9000;
 const QString& titolo() {
   static const QString testo = u"Lokera elettronica  -   release 30/11/2008"_s;
   return testo;
+}
+
+QString con_ora(const QDateTime& momento, const QString& che_cosa) {
+  return momento.toString(u"HH:mm:ss  "_s) + che_cosa + u": "_s;
 }
 
 }  // namespace
@@ -57,7 +62,7 @@ frm_Main::frm_Main(const AmbientePrincipale& a)
       lblTitEsitoSX(*this, u"lblTitEsitoSX"_s, u"esito"_s),
       lblTitEsitoDX(*this, u"lblTitEsitoDX"_s, u"esito"_s),
       lblTitAccesso(*this, u"lblTitAccesso"_s, u"Accesso"_s),
-      slave(a.macchina.socket, attesa_, scambio_, lblIndirizzoIP, lblStatus),
+      slave(a.macchina.socket, attesa_, scambio_, lblID, lblIndirizzoIP, lblStatus),
       download(a.macchina.socket, attesa_, scambio_, lblIndirizzoIP, lblLetturaTrans),
       giorno(a.db, a.macchina.orologio, a.traduttore),
       pannello(*this, a.macchina.timer, a.traduttore),
@@ -65,8 +70,8 @@ frm_Main::frm_Main(const AmbientePrincipale& a)
       invio(a.db, download, giorno, lblID),
       ciclo(*this, a.finestre, a.db, a.macchina.timer, a.macchina.socket, download, giorno, invio, tabellone,
             {lblID, lblNome, lblIndirizzoIP, lblStatus, lblStatusD, lblLetturaTrans}),
-      acquisizione(*this, a.db, download, pannello, tabellone, lblID, lblLetturaTrans),
-      decisioni(a.db, a.macchina.orologio, giorno, pannello, slave, lblID),
+      acquisizione(*this, a.db, a.macchina.timer, download, pannello, tabellone, lblID, lblLetturaTrans),
+      decisioni(a.db, a.macchina.orologio, giorno, pannello, slave),
       fasce(a.db, attesa_, giorno),
       accesso(*this, a.db, a.macchina.orologio, a.traduttore, a.macchina.messaggi, *slave.wsk),
       menu(*this, a.db, a.finestre, a.traduttore, a.macchina.messaggi, a.macchina.desktop,
@@ -84,9 +89,14 @@ void frm_Main::collega_parti() {
   acquisizione.segnala = decisioni.segnala = ciclo.segnala = fasce.segnala = invio.segnala = segnala_errore;
   slave.richiesta = [this](QByteArray& buffer) { decisioni.smista(buffer); };
   decisioni.registra_movimento = [this](char tipo) { return acquisizione.registra_movimento(tipo); };
+  decisioni.chiavi_non_registrate = [this](const QString& tessera) {
+    return acquisizione.in_attesa.chiavi_uscite(tessera);
+  };
+  acquisizione.in_attesa.stato = [this](const Errore& e, const QDateTime& dal) { segnala_attesa(e, dal); };
   ciclo.applica_fasce_orarie = [this] { fasce.applica_fasce_orarie(); };
   accesso.abilita_menu = [this](bool abilitati) { menu.abilita(abilitati); };
   menu.chiudi_download = [this] { download.chiudi(); };
+  menu.si_puo_finire = [this] { return si_puo_finire(); };
   menu.mnuScarTrans.Click = [this] { mnuScarTrans_Click(); };
   timerOrario->Interval(intervallo_orologio_ms);
   timerOrario->Evento = [this] { timerOrario_Timer(); };
@@ -122,6 +132,8 @@ void frm_Main::Form_Load() {
   ciclo.grdLokere.Row(ciclo.grdLokere.Rows() - 1);
   ciclo.TimerDownload->Enabled(true);
   ciclo.TimerDownload_Timer();
+  // With a live session the first visit, which draws the board, is minutes away.
+  if (const Errore errore = tabellone.situazione_chiavi()) segnala(errore);
 }
 
 void frm_Main::trova_lokere_sistema() {
@@ -203,8 +215,32 @@ void frm_Main::mnuScarTrans_Click() {
 }
 
 void frm_Main::segnala(const Errore& errore) {
-  lblErrore.Caption = a_.macchina.orologio.adesso().toString(u"HH:mm:ss  "_s) +
-                      a_.traduttore.traduci(u"errore di archivio"_s) + u": "_s + errore.descrizione;
+  ultimo_errore_ = con_ora(a_.macchina.orologio.adesso(), a_.traduttore.traduci(u"errore di archivio"_s)) +
+                   errore.descrizione;
+  mostra_errori();
+}
+
+void frm_Main::segnala_attesa(const Errore& errore, const QDateTime& dal) {
+  const QString quanti = QString::number(acquisizione.in_attesa.quanti()) + u" - "_s;
+  movimenti_in_attesa_.clear();
+  if (errore)
+    movimenti_in_attesa_ =
+        con_ora(dal, a_.traduttore.traduci(u"movimenti da registrare"_s)) + quanti + errore.descrizione;
+  mostra_errori();
+}
+
+void frm_Main::mostra_errori() {
+  QStringList testi = {movimenti_in_attesa_, ultimo_errore_};
+  testi.removeAll(QString());
+  lblErrore.Caption = testi.join(u"   "_s);
+}
+
+// What waits is in memory only, so it is tried once more and then asked about.
+bool frm_Main::si_puo_finire() {
+  return !acquisizione.in_attesa.riprova() ||
+         conferma(a_.traduttore, a_.macchina.messaggi,
+                  u"Alcuni movimenti non sono ancora registrati e andrebbero persi. Terminare ugualmente?"_s,
+                  u"Fine Lavoro"_s);
 }
 
 }  // namespace lokera

@@ -63,7 +63,7 @@ class frm_Main : public Finestra {
   Label lblModalità;
   Label lblStatus, lblStatusD, lblPorta, lblPortaD, lblSocket, lblSocketD;
   Label lblLetturaTrans, lblOrarioAgg, lblOrario;
-  Label lblErrore;  ///< the last failure of the store, for the person at the desk
+  Label lblErrore;  ///< how many live movements wait, the last failure of the store: for who sits at the desk
   // What stands beside the values.
   Label lblTitID, lblTitNome, lblTitIndirizzo, lblTitModalita, lblTitOrarioAgg;
   Label lblTitPorta, lblTitStato, lblTitLettura, lblTitTrans, lblTitUltima;
@@ -88,14 +88,18 @@ class frm_Main : public Finestra {
  private:
   void collega_parti();
   void segnala(const Errore& errore);
+  void segnala_attesa(const Errore& errore, const QDateTime& dal);
+  void mostra_errori();
+  bool si_puo_finire();
   void imposta_prima_lokera(const Recordset& rs);
   void elenca_lokere(Recordset& rs);
   void registra_release();
   void registra_computer();
   QString nome_computer() const { return slave.wsk->LocalHostName(); }
-  bool gestito_ = false;         ///< the first cabinet asks this console for its decisions
-  bool schema_vecchio_ = false;  ///< the file was too old to read the cabinets
-  bool tradotta_ = false;        ///< once: a second time would take the translations for Italian
+  QString movimenti_in_attesa_, ultimo_errore_;  ///< the two halves of `lblErrore`
+  bool gestito_ = false;                         ///< the first cabinet asks this console for its decisions
+  bool schema_vecchio_ = false;                  ///< the file was too old to read the cabinets
+  bool tradotta_ = false;  ///< once: a second time would take the translations for Italian
 };
 
 }  // namespace lokera

@@ -100,7 +100,7 @@ void MenuPrincipale::mnuTeleAssist_Click() {
 }
 
 void MenuPrincipale::mnuEsc_Click() {
-  programma_.fine();
+  if (!si_puo_finire || si_puo_finire()) programma_.fine();
 }
 
 }  // namespace lokera

@@ -34,6 +34,8 @@ class MenuPrincipale {
   /// Opens the window of that name, non-modal; one that is open already comes to the front. Set by the owner.
   std::function<void(const QString& nome)> apri_finestra;
   std::function<void()> chiudi_download;  ///< closes `wskDownload`
+  /// Asked before the program ends; may show a box, and so run the loop.
+  std::function<bool()> si_puo_finire;
 
  private:
   void apri(const QString& nome) {

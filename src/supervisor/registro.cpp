@@ -6,23 +6,30 @@
 
 namespace lokera {
 
-Errore Registro::registra(const Movimento& movimento, QString& descrizione, qlonglong& posizione) {
+namespace {
+
+qlonglong numero_o_nessuno(const Recordset& rs, QStringView campo) {
+  const QVariant valore = rs.valore(campo);
+  return valore.isValid() ? valore.toLongLong() : -1;
+}
+
+}  // namespace
+
+Errore Registro::registra(const Movimento& movimento, ChiaveRegistrata& chiave) {
   return in_transazione(db_.connessione_db, [&] {
-    Errore errore = aggiorna_chiave(movimento, descrizione, posizione);
+    Errore errore = aggiorna_chiave(movimento, chiave);
     return errore ? errore : aggiungi_movimento(movimento);
   });
 }
 
-Errore Registro::aggiorna_chiave(const Movimento& movimento, QString& descrizione, qlonglong& posizione) {
-  descrizione.clear();
-  posizione = -1;
+Errore Registro::aggiorna_chiave(const Movimento& movimento, ChiaveRegistrata& chiave) {
+  chiave = {};
   Recordset rs;
   if (Errore e = rs.Open(QStringLiteral("SELECT * FROM tessere_chiavi WHERE codice = ?"), db_.connessione_db,
                          {movimento.chiave}, Cursore::aggiornabile))
     return e;
   if (rs.eof()) return {};
-  descrizione = rs.testo(u"descrizione");
-  if (const QVariant p = rs.valore(u"posizione"); p.isValid()) posizione = p.toLongLong();
+  chiave = {rs.testo(u"descrizione"), numero_o_nessuno(rs, u"lokera"), numero_o_nessuno(rs, u"posizione")};
   const bool prelievo = movimento.operazione == 'P';
   if (Errore e = rs.imposta(u"operatore", prelievo ? movimento.operatore : QStringLiteral(" "))) return e;
   const bool con_data = prelievo && movimento.data.isValid();

@@ -16,16 +16,22 @@ struct Movimento {
   QDateTime data;  ///< invalid when the cabinet's own date was none
 };
 
+/// What the registry says of a key. One that it doesn't know, or that has no place yet, has -1 for it.
+struct ChiaveRegistrata {
+  QString descrizione;
+  qlonglong lokera = -1;
+  qlonglong posizione = -1;  ///< counted from 0
+};
+
 /// Books movements: the key's row and the movement's row in one transaction, committed when the call returns
-/// without a failure. A key that the registry doesn't know is booked all the same; `posizione` and
-/// `descrizione` come back from its row when it has one.
+/// without a failure. A key that the registry doesn't know is booked all the same.
 class Registro {
  public:
   explicit Registro(Database& db) : db_(db) {}
-  Errore registra(const Movimento& movimento, QString& descrizione, qlonglong& posizione);
+  Errore registra(const Movimento& movimento, ChiaveRegistrata& chiave);
 
  private:
-  Errore aggiorna_chiave(const Movimento& movimento, QString& descrizione, qlonglong& posizione);
+  Errore aggiorna_chiave(const Movimento& movimento, ChiaveRegistrata& chiave);
   Errore aggiungi_movimento(const Movimento& movimento);
   Errore nuovo_id(qlonglong& id);
   Database& db_;

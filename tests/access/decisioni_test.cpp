@@ -128,6 +128,41 @@ TEST_F(DecisioniTest, Chiavi) {
   }
 }
 
+// The panel names a refused card for a while, and a key could be in its hand meanwhile.
+TEST_F(DecisioniTest, ConUnaTesseraRifiutataNonSiPrelevaSiRestituisce) {
+  b.tessera(QStringLiteral("0000000010"), 1, 0, {}, QDateTime(QDate(2008, 11, 29), QTime(0, 0)));
+  b.abilita(QStringLiteral("0000000010"), 5);
+  EXPECT_EQ(tessera("0000000010"), "00090000");
+  EXPECT_EQ(chiave("1000000001"), "00091000");
+  EXPECT_EQ(p().lblP.Caption(), QStringLiteral("0000000010"));
+  EXPECT_EQ(p().lblSxG.Caption(), QStringLiteral("5"));
+  EXPECT_EQ(chiave("1000000001", '0'), "00091001");
+  EXPECT_EQ(esito("01"), "00092ABCDEFGHIJ0");
+  EXPECT_EQ(tessera("0000000001"), "00090001");
+  EXPECT_EQ(chiave("1000000001"), "00091001");
+}
+
+// The session stays with the cabinet that it was opened for, wherever the cycle goes.
+TEST_F(DecisioniTest, DecideLaLokeraCollegataNonQuellaDelCiclo) {
+  b.chiave(QStringLiteral("1000000004"), 2, 1, 5);
+  Tabellone& t = b.main().tabellone;
+  for (const QString& del_ciclo : {QStringLiteral("2"), QStringLiteral("1")}) {
+    b.main().lblID.Caption = del_ciclo;
+    EXPECT_FALSE(b.main().tabellone.situazione_chiavi());
+    tessera("0000000001");
+    EXPECT_EQ(chiave("1000000003"), "00091000");
+    EXPECT_EQ(chiave("1000000001"), "00091001");
+    esito("03");
+    // The board of another cabinet stays as it is.
+    const bool propria = del_ciclo == QStringLiteral("1");
+    EXPECT_EQ(t.lampade_chiave(1).FillColor(), (propria ? t.keyU : t.keyP).FillColor());
+  }
+  t.chiave_uscita(1);
+  chiave("1000000004", '0');  // brought to the wrong cabinet: this board has another key at its place
+  esito("01");
+  EXPECT_EQ(t.lampade_chiave(2).FillColor(), t.keyU.FillColor());
+}
+
 TEST_F(DecisioniTest, FasceAlMinuto) {
   const auto prelievo = [&](QTime ora) {
     b.vm.orologio().imposta(QDateTime(QDate(2008, 11, 30), ora));
@@ -212,7 +247,23 @@ TEST_F(DecisioniTest, ConUnOperazioneApertaSoloLaFineHaRisposta) {
   EXPECT_EQ(chiave("1000000001"), "-");
   EXPECT_EQ(chiedi("00092.ABC"), "-");  // shorter than sixteen characters
   EXPECT_EQ(chiedi("0009\xC8.ABCDEFGHIJ.03"), "-");
+  lokera.invia("00092.ABCDEFGHIJ.03");  // a fragment
+  b.vm.esegui_per(1s);
+  EXPECT_EQ(stato(), 'P');
+  EXPECT_EQ(b.conta(QStringLiteral("movimenti")), 0);
   EXPECT_EQ(esito("02"), "00092ABCDEFGHIJ1");
+}
+
+TEST_F(DecisioniTest, UnFrammentoNonApreNulla) {
+  tessera("0000000001");
+  const qsizetype prima = lokera.ricevuti.size();
+  for (const QByteArray testo : {"00091..012345678911000000001", "00090..012345678900000000001"}) {
+    lokera.invia(componi_frame(testo).chopped(1));
+    b.vm.esegui_per(1s);
+  }
+  EXPECT_EQ(lokera.ricevuti.size(), prima);
+  EXPECT_EQ(stato(), ' ');
+  EXPECT_EQ(p().ShapeP.FillColor(), verde);
 }
 
 TEST_F(DecisioniTest, UnaRichiestaDentroUnAttesaHaRispostaSubito) {
@@ -257,14 +308,32 @@ TEST_F(DecisioniTest, UnMovimentoNonRegistratoNonEConfermato) {
       QStringLiteral(" "));
 }
 
-// The timer of a refused key clears the side's text while the next key is out of its place.
-TEST_F(DecisioniTest, DelTestoDelPannelloSiRegistranoDieciCaratteri) {
-  tessera("0000000001");
-  chiave("1000000002");
-  chiave("1000000001");
-  b.vm.esegui_per(3100ms);
-  EXPECT_EQ(esito("03"), "00092ABCDEFGHIJ0");
-  EXPECT_EQ(b.uno(QStringLiteral("select chiave from movimenti")).toString(), QStringLiteral("Tessera ch"));
+// What an earlier request or end left running must not take the operator and the key off the panel while the
+// next key is out of its place.
+TEST_F(DecisioniTest, UnOperazioneApertaRestaSulPannello) {
+  const std::function<void()> avviano[] = {
+      [&] { chiave("1000000002"); },                        // refused on the left
+      [&] { chiave("1000000001"), esito("02"); },           // given up: the left side and the panel
+      [&] { chiave("1000000002", '0'), esito("00"); },      // the right side
+      [&] { tessera("0000000099"), chiave("1000000001"); }  // card and key refused
+  };
+  for (const auto& avvia : avviano) {
+    for (const char verso : {'1', '0'}) {
+      b.sql(QStringLiteral("delete from movimenti"));
+      tessera("0000000001");
+      avvia();
+      const QString operatore = p().lblP.Caption();
+      if (verso == '1' && operatore.isEmpty()) continue;
+      EXPECT_EQ(chiave("1000000001", verso), "00091001");
+      b.vm.esegui_per(6s);
+      EXPECT_EQ((verso == '1' ? p().ShapeSX : p().ShapeDX).FillColor(), verde);
+      EXPECT_EQ(esito(verso == '1' ? "03" : "01"), "00092ABCDEFGHIJ0");
+      EXPECT_EQ(righe(b.db().connessione_db, QStringLiteral("select operatore, chiave from movimenti")),
+                QStringList{operatore + QStringLiteral("|1000000001")});
+    }
+  }
+  EXPECT_EQ(b.uno(QStringLiteral("select operatore from tessere_chiavi where codice = '1000000001'")),
+            QStringLiteral(" "));
 }
 
 TEST_F(DecisioniTest, SenzaSlotIlPannelloTieneLOperatore) {

@@ -187,21 +187,60 @@ TEST_F(SalvataggioEInvio, OnlyBandsThatCallForAPushGetOne) {
   const struct {
     const char* cosa;
     QString campo, testo;
-    qsizetype spinte;
-  } casi[] = {{"nothing changed", u""_s, u""_s, 0},
-              {"still to come", u"dalle_ore"_s, u"9"_s, 0},
-              {"in force, with other hours", u"dalle_ore"_s, u"7.30"_s, 1},
-              {"the same once more", u"dalle_ore"_s, u"7.30"_s, 0},
-              {"of another day", u"giorno"_s, u"Lunedì"_s, 0},
-              {"of today again", u"giorno"_s, u"Domenica"_s, 1}};
+    qsizetype al_salvataggio, poi;
+  } casi[] = {{"nothing changed", u""_s, u""_s, 0, 0},
+              {"still to come", u"dalle_ore"_s, u"9"_s, 1, 0},
+              {"in force, with other hours", u"dalle_ore"_s, u"7.30"_s, 1, 1},
+              {"the same once more", u"dalle_ore"_s, u"7.30"_s, 0, 0},
+              {"of another day", u"giorno"_s, u"Lunedì"_s, 1, 0},
+              {"of another day still", u"alle_ore"_s, u"11"_s, 0, 0},
+              {"of today again", u"giorno"_s, u"domenica"_s, 1, 1},
+              {"of other cards", u"gruppo_oper"_s, u"8"_s, 1, 0},
+              {"of no cards still", u"gruppo_chiavi"_s, u"2"_s, 0, 0}};
   for (const auto& c : casi) {
     grd.utente_modifica(0, grd.colonna(c.campo), c.testo);
     finestra.Command5_Click();
-    EXPECT_EQ(in_coda(), 0) << "a save queues nothing: " << c.cosa;
+    EXPECT_EQ(in_coda(), c.al_salvataggio) << c.cosa;
+    sql(u"delete from aggiorn_tessere_oper"_s);
     scheduler.applica_fasce_orarie();
-    EXPECT_EQ(in_coda(), c.spinte) << c.cosa;
+    EXPECT_EQ(in_coda(), c.poi) << c.cosa;
     sql(u"delete from aggiorn_tessere_oper"_s);
   }
+}
+
+// What a cabinet was told of a band stays there until it is told again.
+TEST_F(SalvataggioEInvio, ABandThatIsGoneTodayIsTakenBackFromTheCabinets) {
+  sql(u"insert into tessere_chiavi (codice, lokera, posizione, gruppo) values ('0000000002', 6, 0, 1)"_s);
+  sql(u"insert into aggiorn_tessere_oper (ID_tessera, ID_lokera, operazione) values ('0000000042', 6, 'D')"_s);
+  sql(u"insert into tessere_da_conservare (ID_tessera, ID_lokera, motivo) values ('0000000042', 6, 'x')"_s);
+  const QStringList dopo = {u"0000000042|5|I"_s, u"0000000042|6|D"_s};
+  const auto accodati = [&] {
+    return righe(u"select ID_tessera, ID_lokera, operazione from aggiorn_tessere_oper order by ID_lokera"_s);
+  };
+  // Today becomes a Monday: with another date nothing happens.
+  digita_riga(grdG, {u"1"_s, u"12"_s, u"0"_s, u"Lunedì"_s});
+  finestra.Command5_Click();
+  EXPECT_EQ(accodati(), QStringList{dopo[1]});
+  digita_riga(grdG, {u"30"_s, u"11"_s, u"0"_s, u"Lunedì"_s});
+  finestra.Command5_Click();
+  EXPECT_EQ(accodati(), dopo);
+  sql(u"delete from aggiorn_tessere_oper where ID_lokera = 5"_s);
+  grdG.utente_elimina(grdG.Rows() - 1);
+  finestra.Command5_Click();
+  EXPECT_EQ(accodati(), dopo);
+  sql(u"delete from aggiorn_tessere_oper where ID_lokera = 5"_s);
+  grd.utente_elimina(0);
+  finestra.Command5_Click();
+  EXPECT_EQ(accodati(), dopo);
+}
+
+TEST_F(SalvataggioEInvio, WithoutItsQueueASaveIsNone) {
+  const QStringList prima = fasce();
+  sql(u"create trigger pieno before insert on aggiorn_tessere_oper begin select raise(abort, 'pieno'); end"_s);
+  grd.utente_elimina(0);
+  finestra.Command5_Click();
+  EXPECT_EQ(fasce(), prima);
+  EXPECT_TRUE(messaggi.testi().value(0).contains(u"pieno"_s));
 }
 
 TEST_F(SalvataggioEInvio, TheEndOfABandIsPushedAfterASave) {

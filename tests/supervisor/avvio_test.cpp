@@ -51,6 +51,18 @@ TEST(Avvio, SoloLaPrimaGestitaApreLaSessione) {
   }
 }
 
+// With the session open the first visit is minutes away.
+TEST(Avvio, IlTabelloneEDisegnatoSubito) {
+  Banco b;
+  LokeraFinta viva(b.vm, QStringLiteral("127.0.0.2"), 10002);
+  b.lokera(1, 1);
+  b.chiave(QStringLiteral("1000000001"), 1, 2);
+  b.main().Form_Load();
+  Tabellone& t = b.main().tabellone;
+  EXPECT_EQ(t.lampade_chiave(3).FillColor(), t.keyP.FillColor());
+  EXPECT_TRUE(t.pnlK(0).Visible());
+}
+
 TEST(Avvio, SenzaLokereNonFaCheContare) {
   Banco b;
   b.main().Form_Load();

@@ -1,0 +1,57 @@
+#include "access/fasce_cambiate.h"
+
+#include <algorithm>
+#include <iterator>
+
+#include "access/giorno.h"
+#include "access/tessere_di_fascia.h"
+#include "ledger/coda_tessere.h"
+#include "store/recordset.h"
+
+namespace lokera {
+
+namespace {
+
+QTime al_minuto(const QVariant& ora) {
+  const QTime t = ora.toDateTime().time();
+  return t.isValid() ? QTime(t.hour(), t.minute()) : QTime();
+}
+
+}  // namespace
+
+FasceCambiate::FasceCambiate(Database& db, Traduttore& traduttore, QDate data)
+    : db_(db), traduttore_(traduttore), data_(data) {}
+
+Errore FasceCambiate::leggi_prima() {
+  return leggi(prima_);
+}
+
+Errore FasceCambiate::leggi(Fasce& fasce) {
+  QString giorno;
+  if (Errore e = tipo_della_data(db_, traduttore_, data_, giorno)) return e;
+  Recordset rs;
+  Errore e =
+      rs.Open(QStringLiteral("select * from fascie_orarie where giorno = ?"), db_.connessione_db, {giorno});
+  while (!e && !rs.eof()) {
+    fasce[{rs.numero(u"gruppo_oper"), rs.numero(u"gruppo_chiavi")}].emplace(
+        al_minuto(rs.valore(u"dalle_ore")), al_minuto(rs.valore(u"alle_ore")));
+    e = rs.MoveNext();
+  }
+  return e;
+}
+
+Errore FasceCambiate::accoda() {
+  Fasce dopo;
+  if (Errore e = leggi(dopo)) return e;
+  Fasce cambiate;
+  std::ranges::set_symmetric_difference(prima_, dopo, std::inserter(cambiate, cambiate.end()));
+  CoppieTessere coppie;
+  for (const auto& [gruppi, orari] : cambiate)
+    if (Errore e = tessere_di_fascia(db_.connessione_db, gruppi.first, gruppi.second, coppie)) return e;
+  CodaTessere coda(db_.connessione_db);
+  for (const auto& [tessera, lokera] : coppie)
+    if (Errore e = coda.accoda_scrittura_se_manca(tessera, lokera)) return e;
+  return {};
+}
+
+}  // namespace lokera
