@@ -133,7 +133,7 @@ bool griglia::colonne_da_tabella(Connection& conn, const QString& nome_form, con
     if (rs.MoveNext()) return false;
   }
   if (colonne.empty()) return false;
-  grd_.imposta_colonne(std::move(colonne));
+  imposta_colonne(std::move(colonne));
   return true;
 }
 
@@ -145,6 +145,12 @@ void griglia::colonne_da_modello(Connection& conn, const QString& sql) {
     Colonna& c = colonne.emplace_back(i < grd_.Cols() ? grd_.Columns(i) : Colonna());
     if (i < rs.conta_campi()) colonna_da_campo(c, rs.campo(i));
   }
+  imposta_colonne(std::move(colonne));
+}
+
+void griglia::imposta_colonne(std::vector<Colonna> colonne) {
+  for (Colonna& c : colonne)
+    if (riservati_.contains(c.campo, Qt::CaseInsensitive)) c.Visible = false;
   grd_.imposta_colonne(std::move(colonne));
 }
 

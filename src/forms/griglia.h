@@ -38,6 +38,9 @@ class griglia {
   void layout(Connection& conn_layout, const QString& nome_form, const QString& nome_griglia,
               Connection& conn_dati, const QString& sql_modello, int larghezza_griglia = 0);
 
+  /// The column of this field is never shown, whatever the layout table says of it. Before `layout`.
+  void riserva(const QString& campo) { riservati_ += campo; }
+
   /// Fills the list. Runs the event loop now and then, so that input is taken during a long filling; a popola
   /// of the same list that starts in one of those moments takes its place. On an error the description is
   /// shown and the list is empty. Returns whether the list holds the whole result.
@@ -70,6 +73,7 @@ class griglia {
 
   bool colonne_da_tabella(Connection& conn, const QString& nome_form, const QString& nome_griglia);
   void colonne_da_modello(Connection& conn, const QString& sql);
+  void imposta_colonne(std::vector<Colonna> colonne);
   void adatta(int larghezza_griglia);
   bool riempi(Recordset& rs);
   bool popolamento_fallito(const Errore& errore);
@@ -84,6 +88,7 @@ class griglia {
 
   SSOleDBGrid& grd_;
   ServiziGriglia& servizi_;
+  QStringList riservati_;
   bool errore_salvataggio_ = false;
   QHash<QString, QVariant> date_lette_;  ///< of the save under way
   int riga_rifiutata_ = -1;
