@@ -15,6 +15,7 @@
 
 namespace lokera {
 
+class LetturaATratti;
 struct TabellaDaLista;
 
 /// What the lists of the windows need of the console; lives as long as it.
@@ -42,8 +43,9 @@ class griglia {
   void riserva(const QString& campo) { riservati_ += campo; }
 
   /// Fills the list. Runs the event loop now and then, so that input is taken during a long filling; a popola
-  /// of the same list that starts in one of those moments takes its place. On an error the description is
-  /// shown and the list is empty. Returns whether the list holds the whole result.
+  /// of the same list that starts in one of those moments takes its place. Others may write to the file in
+  /// them: a row that stays as it is comes exactly once. On an error the description is shown and the list is
+  /// empty. Returns whether the list holds the whole result.
   bool popola(Connection& conn, const QString& sql, const QVariantList& valori = {});
 
   /// Copies the row into the current row of `rs`. Skips what fails.
@@ -75,7 +77,8 @@ class griglia {
   void colonne_da_modello(Connection& conn, const QString& sql);
   void imposta_colonne(std::vector<Colonna> colonne);
   void adatta(int larghezza_griglia);
-  bool riempi(Recordset& rs);
+  bool riempi(LetturaATratti& lettura);
+  Errore riempi_tratto(LetturaATratti& lettura);
   bool popolamento_fallito(const Errore& errore);
   void annota(const Errore& errore);
   void salva_cella(Recordset& rs, int riga, int colonna, int indice);
