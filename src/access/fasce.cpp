@@ -1,10 +1,14 @@
 #include "access/fasce.h"
 
+#include <algorithm>
 #include <map>
 #include <optional>
 #include <set>
+#include <span>
+#include <utility>
 #include <vector>
 
+#include "forms/lettura_a_tratti.h"
 #include "store/date_jet.h"
 #include "store/recordset.h"
 
@@ -15,6 +19,7 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto tratto_massimo = 15ms;
+constexpr size_t insieme = 50;  ///< pairs that one statement queues
 
 struct Fascia {
   qlonglong gruppo_oper;
@@ -69,6 +74,26 @@ Errore leggi_colonna(Connection& c, const QString& sql, const QVariantList& valo
   return e;
 }
 
+using Coppia = std::pair<QString, qlonglong>;  ///< a card and a cabinet
+
+/// Queues the pairs that aren't queued; one that is stays as it is, also a deletion. All in one statement: by
+/// themselves they would take several times as long.
+Errore accoda(Connection& c, std::span<const Coppia> coppie) {
+  QString sql = QStringLiteral(
+      "insert into aggiorn_tessere_oper (id_tessera, id_lokera, operazione) with nuove (tessera, lokera) as"
+      " (values (?, ?)");
+  QVariantList valori;
+  valori.reserve(2 * static_cast<qsizetype>(coppie.size()));
+  for (const auto& [tessera, lokera] : coppie) valori << tessera << lokera;
+  for (size_t i = 1; i < coppie.size(); ++i) sql += QStringLiteral(", (?, ?)");
+  sql += QStringLiteral(
+      ") select tessera, lokera, 'I' from nuove where not exists (select 1 from aggiorn_tessere_oper where"
+      " ID_tessera = nuove.tessera and ID_lokera = nuove.lokera)");
+  return c.Execute(sql, valori);
+}
+
+using GruppiDovuti = std::map<qlonglong, std::set<qlonglong>>;  ///< operator group -> key groups
+
 /// The run: first the cards that the bands touch are looked up, then they are queued in the order of their
 /// codes, so that a transaction writes to few places of the file. Each transaction is one short stretch, and
 /// the loop runs between them.
@@ -77,38 +102,33 @@ class Applicazione {
   Applicazione(Connection& c, PolledWait& attesa, const QString& giorno)
       : c_(c), attesa_(attesa), giorno_(giorno), inizio_(attesa.orologio().monotono()) {}
 
-  // Every card of the operator group that may use the key group, and every cabinet that holds a key of it.
-  Errore cerca(const Fascia& fascia) {
-    QVariantList lokere;
-    QVariantList tessere;
-    if (Errore e = leggi_colonna(
-            c_,
-            QStringLiteral(
-                "select distinct lokera from tessere_chiavi where gruppo = ? and lokera is not null"),
-            {fascia.gruppo_chiavi}, lokere))
-      return e;
-    if (lokere.isEmpty()) return {};
-    if (Errore e = leggi_colonna(
-            c_,
-            QStringLiteral(
-                "select tessere_operatori.codice from (tessere_operatori inner join gruppi_tessera on"
-                " tessere_operatori.codice = gruppi_tessera.tessera) where tessere_operatori.gruppo = ? and"
-                " gruppi_tessera.codice = ?"),
-            {fascia.gruppo_oper, fascia.gruppo_chiavi}, tessere))
-      return e;
-    for (const QVariant& tessera : tessere) {
-      std::set<qlonglong>& dove = coppie_[tessera.toString()];
-      for (const QVariant& lokera : lokere) dove.insert(lokera.toLongLong());
-    }
-    return respira();
+  /// Every card of the operator group that may use one of the key groups, and every cabinet that holds a key
+  /// of that.
+  Errore cerca(qlonglong gruppo_oper, const std::set<qlonglong>& gruppi_chiavi) {
+    LetturaATratti lettura(
+        c_,
+        QStringLiteral(
+            "select tessere_operatori.codice, gruppi_tessera.codice as gruppo from (tessere_operatori inner"
+            " join gruppi_tessera on tessere_operatori.codice = gruppi_tessera.tessera) where"
+            " tessere_operatori.gruppo = ?"),
+        {gruppo_oper});
+    do {
+      if (Errore e = cerca_tratto(lettura, gruppi_chiavi)) return e;
+      if (Errore e = respira()) return e;
+    } while (lettura.sospesa());
+    return {};
   }
 
   Errore accoda() {
-    for (const auto& [tessera, lokere] : coppie_) {
-      for (const qlonglong lokera : lokere) {
-        if (Errore e = accoda_coppia(tessera, lokera)) return e;
-      }
+    std::ranges::sort(coppie_);
+    coppie_.erase(std::unique(coppie_.begin(), coppie_.end()), coppie_.end());
+    for (std::span<const Coppia> restano = coppie_; !restano.empty();) {
+      // Few wordings, since each is prepared once.
+      const size_t quante = restano.size() < insieme ? 1 : insieme;
+      if (Errore e = inizia()) return e;
+      if (Errore e = lokera::accoda(c_, restano.first(quante))) return e;
       if (Errore e = respira()) return e;
+      restano = restano.subspan(quante);
     }
     return {};
   }
@@ -132,14 +152,33 @@ class Applicazione {
   }
 
  private:
-  // A pair that is queued already stays as it is, also a deletion.
-  Errore accoda_coppia(const QString& tessera, qlonglong lokera) {
-    if (Errore e = inizia()) return e;
-    return c_.Execute(
-        QStringLiteral(
-            "insert into aggiorn_tessere_oper (id_tessera, id_lokera, operazione) select ?, ?, 'I' where"
-            " not exists (select 1 from aggiorn_tessere_oper where ID_tessera = ? and ID_lokera = ?)"),
-        {tessera, lokera, tessera, lokera});
+  Errore cerca_tratto(LetturaATratti& lettura, const std::set<qlonglong>& gruppi_chiavi) {
+    if (Errore e = lettura.apri()) return e;
+    Recordset& rs = lettura.righe();
+    while (!rs.eof()) {
+      const qlonglong gruppo = rs.valore(1).toLongLong();
+      if (gruppi_chiavi.contains(gruppo)) {
+        if (Errore e = aggiungi(rs.valore(0).toString(), gruppo)) return e;
+      }
+      lettura.annota();
+      if (Errore e = rs.MoveNext()) return e;
+      if (tratto_finito() && lettura.sospendi()) break;
+    }
+    return {};
+  }
+
+  Errore aggiungi(const QString& tessera, qlonglong gruppo_chiavi) {
+    const auto [dove, nuovo] = lokere_.try_emplace(gruppo_chiavi);
+    if (nuovo) {
+      if (Errore e = leggi_colonna(
+              c_,
+              QStringLiteral(
+                  "select distinct lokera from tessere_chiavi where gruppo = ? and lokera is not null"),
+              {gruppo_chiavi}, dove->second))
+        return e;
+    }
+    for (const QVariant& lokera : dove->second) coppie_.emplace_back(tessera, lokera.toLongLong());
+    return {};
   }
 
   Errore inizia() {
@@ -148,8 +187,10 @@ class Applicazione {
     return transazione_->inizio();
   }
 
+  bool tratto_finito() const { return attesa_.orologio().monotono() - inizio_ >= tratto_massimo; }
+
   Errore respira() {
-    if (attesa_.orologio().monotono() - inizio_ < tratto_massimo) return {};
+    if (!tratto_finito()) return {};
     if (Errore e = finisci()) return e;
     attesa_.cedi();
     inizio_ = attesa_.orologio().monotono();
@@ -161,7 +202,8 @@ class Applicazione {
   const QString giorno_;
   Monotonic inizio_;
   std::optional<Transazione> transazione_;
-  std::map<QString, std::set<qlonglong>> coppie_;  ///< the cabinets that each card is queued for
+  std::map<qlonglong, QVariantList> lokere_;  ///< the cabinets that hold keys of each key group
+  std::vector<Coppia> coppie_;
 };
 
 Errore applica(Connection& c, PolledWait& attesa, const QString& giorno) {
@@ -170,8 +212,10 @@ Errore applica(Connection& c, PolledWait& attesa, const QString& giorno) {
   const QDateTime adesso = attesa.orologio().adesso();
   std::erase_if(fasce, [&](const Fascia& f) { return !da_applicare(f, adesso); });
   Applicazione applicazione(c, attesa, giorno);
-  for (const Fascia& fascia : fasce) {
-    if (Errore e = applicazione.cerca(fascia)) return e;
+  GruppiDovuti dovuti;
+  for (const Fascia& f : fasce) dovuti[f.gruppo_oper].insert(f.gruppo_chiavi);
+  for (const auto& [gruppo_oper, gruppi_chiavi] : dovuti) {
+    if (Errore e = applicazione.cerca(gruppo_oper, gruppi_chiavi)) return e;
   }
   if (Errore e = applicazione.accoda()) return e;
   for (const Fascia& fascia : fasce) {
