@@ -17,9 +17,9 @@ constexpr int giri = 5;
 constexpr const char* in_una =
     "insert into aggiorn_tessere_oper (id_tessera, id_lokera, operazione) select distinct t.codice, k.lokera,"
     " 'I' from fascie_orarie f join tessere_operatori t on t.gruppo = f.gruppo_oper join gruppi_tessera g on"
-    " g.tessera = t.codice and g.codice = f.gruppo_chiavi join tessere_chiavi k on k.gruppo = g.codice where"
-    " f.giorno = ? and k.lokera is not null and not exists (select 1 from aggiorn_tessere_oper a where"
-    " a.ID_tessera = t.codice and a.ID_lokera = k.lokera)";
+    " g.tessera = t.codice and g.codice = f.gruppo_chiavi join (select distinct gruppo, lokera from"
+    " tessere_chiavi where lokera is not null) k on k.gruppo = g.codice where f.giorno = ? and not exists"
+    " (select 1 from aggiorn_tessere_oper a where a.ID_tessera = t.codice and a.ID_lokera = k.lokera)";
 
 qlonglong coppie(Nudo& nudo) {
   Istruzione conta(nudo, "select count(*) from aggiorn_tessere_oper");

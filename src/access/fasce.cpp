@@ -1,6 +1,8 @@
 #include "access/fasce.h"
 
+#include <algorithm>
 #include <functional>
+#include <span>
 #include <vector>
 
 #include "access/tessere_di_fascia.h"
@@ -59,25 +61,25 @@ Errore leggi_fasce(Connection& c, const QString& giorno, std::vector<Fascia>& fa
   return e;
 }
 
-/// The run: first the cards that the bands touch are looked up, then they are queued in the order of their
-/// codes. Each transaction is one short stretch, and
-/// the loop runs between them.
+/// The run: first the cards that the bands touch are looked up, then they are queued, then the bands are
+/// marked. Each transaction is one short stretch, and the loop runs between them.
 class Applicazione {
  public:
   Applicazione(Connection& c, PolledWait& attesa, const QString& giorno)
-      : c_(c), attesa_(attesa), giorno_(giorno), inizio_(attesa.orologio().monotono()) {}
+      : c_(c), attesa_(attesa), giorno_(giorno), inizio_(attesa.orologio().monotono()), tessere_(c) {}
 
-  Errore cerca(const Fascia& fascia) {
-    if (Errore e = tessere_di_fascia(c_, fascia.gruppo_oper, fascia.gruppo_chiavi, coppie_)) return e;
-    respira();
-    return {};
+  Errore cerca(const GruppiDiFascia& gruppi) {
+    return tessere_.cerca(
+        gruppi, [this] { return tratto_finito(); }, [this] { respira(); });
   }
 
   Errore accoda() {
     CodaTessere coda(c_);
-    const std::vector<std::pair<QString, qlonglong>> coppie(coppie_.begin(), coppie_.end());
-    return a_tratti(coppie.size(), [&](size_t i) {
-      return coda.accoda_scrittura_se_manca(coppie[i].first, coppie[i].second);
+    const std::span<const TesseraInLokera> coppie = tessere_.coppie();
+    const size_t blocchi = (coppie.size() + insieme - 1) / insieme;
+    return a_tratti(blocchi, [&](size_t i) {
+      return coda.accoda_scritture_se_mancano(
+          coppie.subspan(i * insieme, std::min(insieme, coppie.size() - i * insieme)));
     });
   }
 
@@ -116,11 +118,13 @@ class Applicazione {
     inizio_ = attesa_.orologio().monotono();
   }
 
+  static constexpr size_t insieme = CodaTessere::piu_scritture;
+
   Connection& c_;
   PolledWait& attesa_;
   const QString giorno_;
   Monotonic inizio_;
-  CoppieTessere coppie_;  ///< each card with a cabinet that it is queued for
+  TessereDiFascia tessere_;
 };
 
 Errore applica(Connection& c, PolledWait& attesa, const QString& giorno) {
@@ -128,10 +132,10 @@ Errore applica(Connection& c, PolledWait& attesa, const QString& giorno) {
   if (Errore e = leggi_fasce(c, giorno, fasce)) return e;
   const QDateTime adesso = attesa.orologio().adesso();
   std::erase_if(fasce, [&](const Fascia& f) { return !da_applicare(f, adesso); });
+  GruppiDiFascia gruppi;
+  for (const Fascia& f : fasce) gruppi[f.gruppo_oper].insert(f.gruppo_chiavi);
   Applicazione applicazione(c, attesa, giorno);
-  for (const Fascia& fascia : fasce) {
-    if (Errore e = applicazione.cerca(fascia)) return e;
-  }
+  if (Errore e = applicazione.cerca(gruppi)) return e;
   if (Errore e = applicazione.accoda()) return e;
   return applicazione.segna_eseguite(fasce);
 }

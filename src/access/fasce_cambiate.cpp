@@ -5,7 +5,6 @@
 
 #include "access/giorno.h"
 #include "access/tessere_di_fascia.h"
-#include "ledger/coda_tessere.h"
 #include "store/recordset.h"
 
 namespace lokera {
@@ -45,13 +44,11 @@ Errore FasceCambiate::accoda() {
   if (Errore e = leggi(dopo)) return e;
   Fasce cambiate;
   std::ranges::set_symmetric_difference(prima_, dopo, std::inserter(cambiate, cambiate.end()));
-  CoppieTessere coppie;
-  for (const auto& [gruppi, orari] : cambiate)
-    if (Errore e = tessere_di_fascia(db_.connessione_db, gruppi.first, gruppi.second, coppie)) return e;
-  CodaTessere coda(db_.connessione_db);
-  for (const auto& [tessera, lokera] : coppie)
-    if (Errore e = coda.accoda_scrittura_se_manca(tessera, lokera)) return e;
-  return {};
+  GruppiDiFascia gruppi;
+  for (const auto& [coppia, orari] : cambiate) gruppi[coppia.first].insert(coppia.second);
+  TessereDiFascia tessere(db_.connessione_db);
+  if (Errore e = tessere.cerca(gruppi)) return e;
+  return CodaTessere(db_.connessione_db).accoda_scritture_se_mancano(tessere.coppie());
 }
 
 }  // namespace lokera

@@ -1,45 +1,68 @@
 #include "access/tessere_di_fascia.h"
 
-#include "store/recordset.h"
+#include <algorithm>
 
 namespace lokera {
 
-namespace {
+using namespace Qt::StringLiterals;
 
-Errore leggi_colonna(Connection& c, const QString& sql, const QVariantList& valori, QVariantList& colonna) {
+Errore TessereDiFascia::cerca(const GruppiDiFascia& gruppi, const std::function<bool()>& finito,
+                              const std::function<void()>& respira) {
+  for (const auto& [gruppo_oper, gruppi_chiavi] : gruppi) {
+    LetturaATratti lettura(
+        c_,
+        u"select tessere_operatori.codice, gruppi_tessera.codice as gruppo from (tessere_operatori inner"
+        " join gruppi_tessera on tessere_operatori.codice = gruppi_tessera.tessera) where"
+        " tessere_operatori.gruppo = ?"_s,
+        {gruppo_oper});
+    do {
+      if (Errore e = cerca_tratto(lettura, gruppi_chiavi, finito)) return e;
+      if (respira && finito()) respira();
+    } while (lettura.sospesa());
+  }
+  return {};
+}
+
+Errore TessereDiFascia::cerca_tratto(LetturaATratti& lettura, const std::set<qlonglong>& gruppi_chiavi,
+                                     const std::function<bool()>& finito) {
+  if (Errore e = lettura.apri()) return e;
+  Recordset& rs = lettura.righe();
+  while (!rs.eof()) {
+    const qlonglong gruppo = rs.valore(1).toLongLong();
+    if (gruppi_chiavi.contains(gruppo)) {
+      if (Errore e = aggiungi(rs.valore(0).toString(), gruppo)) return e;
+    }
+    lettura.annota();
+    if (Errore e = rs.MoveNext()) return e;
+    if (finito && finito() && lettura.sospendi()) break;
+  }
+  return {};
+}
+
+Errore TessereDiFascia::aggiungi(const QString& tessera, qlonglong gruppo_chiavi) {
+  const auto [dove, nuovo] = lokere_.try_emplace(gruppo_chiavi);
+  if (nuovo) {
+    if (Errore e = leggi_lokere(gruppo_chiavi, dove->second)) return e;
+  }
+  for (const qlonglong lokera : dove->second) coppie_.emplace_back(tessera, lokera);
+  return {};
+}
+
+Errore TessereDiFascia::leggi_lokere(qlonglong gruppo_chiavi, std::vector<qlonglong>& lokere) {
   Recordset rs;
-  Errore e = rs.Open(sql, c, valori);
+  Errore e = rs.Open(u"select distinct lokera from tessere_chiavi where gruppo = ? and lokera is not null"_s,
+                     c_, {gruppo_chiavi});
   while (!e && !rs.eof()) {
-    colonna << rs.valore(0);
+    lokere.push_back(rs.valore(0).toLongLong());
     e = rs.MoveNext();
   }
   return e;
 }
 
-}  // namespace
-
-Errore tessere_di_fascia(Connection& c, qlonglong gruppo_oper, qlonglong gruppo_chiavi,
-                         CoppieTessere& coppie) {
-  QVariantList lokere;
-  QVariantList codici;
-  if (Errore e = leggi_colonna(
-          c,
-          QStringLiteral(
-              "select distinct lokera from tessere_chiavi where gruppo = ? and lokera is not null"),
-          {gruppo_chiavi}, lokere))
-    return e;
-  if (lokere.isEmpty()) return {};
-  if (Errore e = leggi_colonna(
-          c,
-          QStringLiteral(
-              "select tessere_operatori.codice from (tessere_operatori inner join gruppi_tessera on"
-              " tessere_operatori.codice = gruppi_tessera.tessera) where tessere_operatori.gruppo = ? and"
-              " gruppi_tessera.codice = ?"),
-          {gruppo_oper, gruppo_chiavi}, codici))
-    return e;
-  for (const QVariant& codice : codici)
-    for (const QVariant& lokera : lokere) coppie.emplace(codice.toString(), lokera.toLongLong());
-  return {};
+const std::vector<TesseraInLokera>& TessereDiFascia::coppie() {
+  std::ranges::sort(coppie_);
+  coppie_.erase(std::unique(coppie_.begin(), coppie_.end()), coppie_.end());
+  return coppie_;
 }
 
 }  // namespace lokera

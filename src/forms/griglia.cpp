@@ -1,7 +1,10 @@
 // Columns and filling of a list.
 #include "forms/griglia.h"
 
+#include <algorithm>
+
 #include "forms/formato.h"
+#include "forms/lettura_a_tratti.h"
 
 namespace lokera {
 
@@ -9,6 +12,8 @@ namespace {
 
 constexpr int righe_per_ridisegno = 100;
 constexpr Monotonic tempo_senza_cedere = std::chrono::milliseconds(20);
+/// A stretch lasts so many times as long as its query took to open, so that opening it again costs little.
+constexpr int tratto_per_apertura = 4;
 
 void tipo_dato(Colonna& c, const QString& tipo) {
   if (tipo == QStringLiteral("numero")) c.allineamento = Allineamento::destra;
@@ -102,6 +107,23 @@ void scrivi_riga(QByteArray& a, const Recordset& rs, const std::vector<Fonte>& f
   a.chop(1);
 }
 
+Errore riempi_blocco(SSOleDBGrid& grd, LetturaATratti& lettura, const std::vector<Fonte>& fonti) {
+  Recordset& rs = lettura.righe();
+  const int prima = grd.Rows();
+  QByteArray riga;
+  Errore errore;
+  grd.Redraw(false);
+  for (int i = 1; i <= righe_per_ridisegno && !rs.eof() && !errore; ++i) {
+    scrivi_riga(riga, rs, fonti);
+    grd.AddItem(QByteArrayView(riga));
+    if (i == righe_per_ridisegno) lettura.annota();
+    errore = rs.MoveNext();
+  }
+  grd.Redraw(true);
+  grd.ReDraw(prima);
+  return errore;
+}
+
 }  // namespace
 
 griglia::griglia(SSOleDBGrid& grd, ServiziGriglia& servizi) : grd_(grd), servizi_(servizi) {}
@@ -133,7 +155,7 @@ bool griglia::colonne_da_tabella(Connection& conn, const QString& nome_form, con
     if (rs.MoveNext()) return false;
   }
   if (colonne.empty()) return false;
-  grd_.imposta_colonne(std::move(colonne));
+  imposta_colonne(std::move(colonne));
   return true;
 }
 
@@ -145,6 +167,12 @@ void griglia::colonne_da_modello(Connection& conn, const QString& sql) {
     Colonna& c = colonne.emplace_back(i < grd_.Cols() ? grd_.Columns(i) : Colonna());
     if (i < rs.conta_campi()) colonna_da_campo(c, rs.campo(i));
   }
+  imposta_colonne(std::move(colonne));
+}
+
+void griglia::imposta_colonne(std::vector<Colonna> colonne) {
+  for (Colonna& c : colonne)
+    if (riservati_.contains(c.campo, Qt::CaseInsensitive)) c.Visible = false;
   grd_.imposta_colonne(std::move(colonne));
 }
 
@@ -172,38 +200,35 @@ bool griglia::popola(Connection& conn, const QString& sql, const QVariantList& v
   const Finestra::Attesa attesa(grd_.finestra());
   grd_.RemoveAll();
   const quint64 mio = grd_.svuotamenti();
-  Recordset rs;
-  if (const Errore e = rs.Open(sql, conn, valori)) return popolamento_fallito(e);
-  if (!riempi(rs)) return false;
+  LetturaATratti lettura(conn, sql, valori);
+  if (!riempi(lettura)) return false;
   if (grd_.Row() < 0) grd_.Row(0);
   return grd_.svuotamenti() == mio;
 }
 
 /// False when an error ended it or another filling of the list took its place.
-bool griglia::riempi(Recordset& rs) {
+bool griglia::riempi(LetturaATratti& lettura) {
   const quint64 mio = grd_.svuotamenti();
-  const std::vector<Fonte> colonne = fonti(grd_, rs);
-  const Clock& orologio = servizi_.attesa.orologio();
-  Monotonic ceduto = orologio.monotono();
-  QByteArray riga;
-  while (!rs.eof()) {
-    const int prima = grd_.Rows();
-    Errore errore;
-    grd_.Redraw(false);
-    for (int i = 0; i < righe_per_ridisegno && !rs.eof() && !errore; ++i) {
-      scrivi_riga(riga, rs, colonne);
-      grd_.AddItem(QByteArrayView(riga));
-      errore = rs.MoveNext();
-    }
-    grd_.Redraw(true);
-    if (errore) return popolamento_fallito(errore);
-    grd_.ReDraw(prima);
-    if (orologio.monotono() - ceduto <= tempo_senza_cedere) continue;
+  for (;;) {
+    if (const Errore e = riempi_tratto(lettura)) return popolamento_fallito(e);
+    if (!lettura.sospesa()) return true;
     servizi_.attesa.cedi();
     if (grd_.svuotamenti() != mio) return false;
-    ceduto = orologio.monotono();
   }
-  return true;
+}
+
+Errore griglia::riempi_tratto(LetturaATratti& lettura) {
+  const Clock& orologio = servizi_.attesa.orologio();
+  const Monotonic inizio = orologio.monotono();
+  if (Errore e = lettura.apri()) return e;
+  const Monotonic aperta = orologio.monotono();
+  const Monotonic fine = aperta + std::max(tempo_senza_cedere, (aperta - inizio) * tratto_per_apertura);
+  const std::vector<Fonte> colonne = fonti(grd_, lettura.righe());
+  while (!lettura.righe().eof()) {
+    if (Errore e = riempi_blocco(grd_, lettura, colonne)) return e;
+    if (orologio.monotono() > fine && lettura.sospendi()) break;
+  }
+  return {};
 }
 
 bool griglia::popolamento_fallito(const Errore& errore) {

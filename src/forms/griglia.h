@@ -15,6 +15,7 @@
 
 namespace lokera {
 
+class LetturaATratti;
 struct TabellaDaLista;
 
 /// What the lists of the windows need of the console; lives as long as it.
@@ -38,9 +39,13 @@ class griglia {
   void layout(Connection& conn_layout, const QString& nome_form, const QString& nome_griglia,
               Connection& conn_dati, const QString& sql_modello, int larghezza_griglia = 0);
 
+  /// The column of this field is never shown, whatever the layout table says of it. Before `layout`.
+  void riserva(const QString& campo) { riservati_ += campo; }
+
   /// Fills the list. Runs the event loop now and then, so that input is taken during a long filling; a popola
-  /// of the same list that starts in one of those moments takes its place. On an error the description is
-  /// shown and the list is empty. Returns whether the list holds the whole result.
+  /// of the same list that starts in one of those moments takes its place. Others may write to the file in
+  /// them: a row that stays as it is comes exactly once. On an error the description is shown and the list is
+  /// empty. Returns whether the list holds the whole result.
   bool popola(Connection& conn, const QString& sql, const QVariantList& valori = {});
 
   /// Copies the row into the current row of `rs`. Skips what fails.
@@ -70,8 +75,10 @@ class griglia {
 
   bool colonne_da_tabella(Connection& conn, const QString& nome_form, const QString& nome_griglia);
   void colonne_da_modello(Connection& conn, const QString& sql);
+  void imposta_colonne(std::vector<Colonna> colonne);
   void adatta(int larghezza_griglia);
-  bool riempi(Recordset& rs);
+  bool riempi(LetturaATratti& lettura);
+  Errore riempi_tratto(LetturaATratti& lettura);
   bool popolamento_fallito(const Errore& errore);
   void annota(const Errore& errore);
   void salva_cella(Recordset& rs, int riga, int colonna, int indice);
@@ -84,6 +91,7 @@ class griglia {
 
   SSOleDBGrid& grd_;
   ServiziGriglia& servizi_;
+  QStringList riservati_;
   bool errore_salvataggio_ = false;
   QHash<QString, QVariant> date_lette_;  ///< of the save under way
   int riga_rifiutata_ = -1;

@@ -2,6 +2,7 @@
 
 #include <QSet>
 
+#include <optional>
 #include <utility>
 
 #include "forms/ss_ole_db_combo.h"
@@ -12,14 +13,29 @@ namespace lokera {
 struct Traduttore::Memoria {
   Vocabolario vocabolario;
   QSet<QString> rifiutati;  ///< texts that the table didn't take; not offered again until it changes
+  /// Texts that another console's lock kept out of the table. While there are some, none is offered until
+  /// this console has written something: each try would make the window wait.
+  QSet<QString> rimandati;
+  qint64 scritte = 0;  ///< by this console when the first of them was put off
   quint64 versione = 0;
   bool letta = false;
+  bool occupata = false;  ///< the lock was met in reading
 
   bool aggiorna(Connection& connessione);
   void registra(Connection& connessione, const QString& testo);
+  void registra_rimandati(Connection& connessione);
+
+ private:
+  bool leggi(Connection& connessione, quint64 adesso);
+  Errore inserisci(Connection& connessione, const QString& testo);
 };
 
 namespace {
+
+/// Another console's lock, by the engine's own number.
+bool occupato(const Errore& errore) {
+  return (errore.numero & 0xFF) == 5;
+}
 
 const QString& tabella() {
   static const QString nome = QStringLiteral("traduzioni");
@@ -35,26 +51,57 @@ QStringView senza_blank(QStringView testo) {
 
 }  // namespace
 
-/// Whether the memory holds the table as it stands.
+/// Whether the memory holds the table: as it stands, or as it was read last while a lock is on the file.
 bool Traduttore::Memoria::aggiorna(Connection& connessione) {
+  // Words that are known are not worth a wait, and neither is a second one for words that aren't.
+  std::optional<SenzaAttesa> subito;
+  if (letta || occupata) subito.emplace(connessione);
   const quint64 adesso = connessione.versione_tabella(tabella());
   if (letta && versione == adesso) return true;
   rifiutati.clear();
+  return leggi(connessione, adesso);
+}
+
+bool Traduttore::Memoria::leggi(Connection& connessione, quint64 adesso) {
+  Vocabolario nuovo;
+  const Errore errore = nuovo.leggi(connessione);
+  occupata = occupato(errore);
+  if (occupata) return letta;
+  vocabolario = std::move(nuovo);
   versione = adesso;
-  letta = !vocabolario.leggi(connessione);
+  letta = !errore;
   return letta;
 }
 
 void Traduttore::Memoria::registra(Connection& connessione, const QString& testo) {
   if (rifiutati.contains(testo)) return;
-  const QString sql = QStringLiteral("insert into traduzioni (italiano, inglese) values (?, ' ')");
-  if (connessione.Execute(sql, {testo})) {
-    rifiutati.insert(testo);
-    return;
+  if (rimandati.isEmpty()) {
+    const Errore errore = inserisci(connessione, testo);
+    if (!errore) return;
+    scritte = connessione.righe_scritte();
+    if (!occupato(errore)) {
+      rifiutati.insert(testo);
+      return;
+    }
   }
+  rimandati.insert(testo);
+}
+
+void Traduttore::Memoria::registra_rimandati(Connection& connessione) {
+  if (rimandati.isEmpty() || connessione.righe_scritte() == scritte) return;
+  for (const QString& testo : std::exchange(rimandati, {}))
+    if (!vocabolario.trova(testo.toUtf8())) registra(connessione, testo);
+}
+
+Errore Traduttore::Memoria::inserisci(Connection& connessione, const QString& testo) {
+  std::optional<SenzaAttesa> subito;
+  if (occupata) subito.emplace(connessione);
+  const QString sql = QStringLiteral("insert into traduzioni (italiano, inglese) values (?, ' ')");
+  if (Errore e = connessione.Execute(sql, {testo})) return e;
   vocabolario.aggiungi(testo.toUtf8(), " ");
   const quint64 prima = std::exchange(versione, connessione.versione_tabella(tabella()));
-  letta = versione == prima + 1;  // more than our own row: another console wrote at that moment
+  if (versione != prima + 1) versione = 0;  // not our own row only: another console wrote at that moment
+  return {};
 }
 
 Traduttore::Traduttore(Database& db) : db_(db), memoria_(std::make_unique<Memoria>()) {}
@@ -62,7 +109,9 @@ Traduttore::Traduttore(Database& db) : db_(db), memoria_(std::make_unique<Memori
 Traduttore::~Traduttore() = default;
 
 bool Traduttore::pronto() {
-  return db_.lingua_interfaccia != 0 && memoria_->aggiorna(db_.connessione_db);
+  if (db_.lingua_interfaccia == 0 || !memoria_->aggiorna(db_.connessione_db)) return false;
+  memoria_->registra_rimandati(db_.connessione_db);
+  return true;
 }
 
 QString Traduttore::traduci(const QString& testo) {

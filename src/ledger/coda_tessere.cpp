@@ -29,11 +29,32 @@ Errore CodaTessere::accoda_scrittura(const QString& tessera, qlonglong lokera) {
 }
 
 Errore CodaTessere::accoda_scrittura_se_manca(const QString& tessera, qlonglong lokera) {
+  const TesseraInLokera una{tessera, lokera};
+  return accoda_scritture_se_mancano({&una, 1});
+}
+
+Errore CodaTessere::accoda_scritture_se_mancano(std::span<const TesseraInLokera> coppie) {
+  while (!coppie.empty()) {
+    // Few wordings, since each is prepared once.
+    const size_t quante = coppie.size() < piu_scritture ? 1 : piu_scritture;
+    if (Errore e = accoda_insieme(coppie.first(quante))) return e;
+    coppie = coppie.subspan(quante);
+  }
+  return {};
+}
+
+Errore CodaTessere::accoda_insieme(std::span<const TesseraInLokera> coppie) {
+  QString righe = u"(?, ?)"_s;
+  QVariantList valori;
+  for (const auto& [tessera, lokera] : coppie) valori << tessera << lokera;
+  for (size_t i = 1; i < coppie.size(); ++i) righe += u", (?, ?)"_s;
   return c_.Execute(
-      u"insert into aggiorn_tessere_oper (ID_tessera, ID_lokera, operazione) select ?, ?, 'I' where not"
-      " exists (select 1 from aggiorn_tessere_oper where ID_tessera = ? and ID_lokera = ?) and not "_s +
-          in_uscita(u"?"_s),
-      {tessera, lokera, tessera, lokera, tessera});
+      u"insert into aggiorn_tessere_oper (ID_tessera, ID_lokera, operazione) with nuove (tessera, lokera) as"
+      " (values %1) select tessera, lokera, 'I' from nuove where not exists (select 1 from "
+      "aggiorn_tessere_oper"
+      " where ID_tessera = nuove.tessera and ID_lokera = nuove.lokera) and not %2"_s.arg(
+          righe, in_uscita(u"nuove.tessera"_s)),
+      valori);
 }
 
 Errore CodaTessere::accoda_cancellazione(const QString& tessera, qlonglong lokera) {

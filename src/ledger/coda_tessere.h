@@ -3,6 +3,8 @@
 #include <QString>
 
 #include <optional>
+#include <span>
+#include <utility>
 #include <vector>
 
 #include "store/connection.h"
@@ -14,6 +16,9 @@ enum class OperazioneCoda : char16_t { scrittura = u'I', cancellazione = u'D' };
 
 /// Why the record of a card is to leave a cabinet while the card stays in the registry.
 enum class MotivoConservare { non_raggiunta, attende_chiave };
+
+/// A card and a cabinet that its record concerns.
+using TesseraInLokera = std::pair<QString, qlonglong>;
 
 struct RigaCoda {
   QString tessera;
@@ -35,6 +40,10 @@ class CodaTessere {
   Errore accoda_scrittura(const QString& tessera, qlonglong lokera);
   /// The same, unless something is queued there already, or the card is on its way out.
   Errore accoda_scrittura_se_manca(const QString& tessera, qlonglong lokera);
+  /// The same for many; quicker by far than one by one. With more than `piu_scritture` at once a failure
+  /// leaves some queued, unless a transaction is open.
+  Errore accoda_scritture_se_mancano(std::span<const TesseraInLokera> coppie);
+  static constexpr size_t piu_scritture = 50;
   /// The record is to be deleted, and the card is on its way out from now on.
   Errore accoda_cancellazione(const QString& tessera, qlonglong lokera);
   /// The record is to be deleted and the card stays, unless it is on its way out already.
@@ -59,6 +68,7 @@ class CodaTessere {
   Errore servita_cancellazione(const QString& tessera, qlonglong lokera);
 
  private:
+  Errore accoda_insieme(std::span<const TesseraInLokera> coppie);
   Errore metti(const QString& tessera, qlonglong lokera, OperazioneCoda operazione);
   Errore togli(const QString& tessera, qlonglong lokera, OperazioneCoda operazione);
   Errore segna(const QString& tessera, qlonglong lokera, MotivoConservare motivo);

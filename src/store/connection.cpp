@@ -63,6 +63,22 @@ quint64 Connection::versione_tabella(const QString& tabella) const {
   return motore_->versione(tabella);
 }
 
+qint64 Connection::righe_scritte() const {
+  return aperta() ? sqlite3_total_changes(motore_->db) : 0;
+}
+
+qint64 Connection::istruzioni() const {
+  return motore_->istruzioni;
+}
+
+SenzaAttesa::SenzaAttesa(Connection& connessione) : connessione_(connessione) {
+  if (connessione_.aperta()) sqlite3_busy_timeout(connessione_.motore_->db, 0);
+}
+
+SenzaAttesa::~SenzaAttesa() {
+  if (connessione_.aperta()) sqlite3_busy_timeout(connessione_.motore_->db, Connection::attesa_blocco_ms);
+}
+
 Errore in_transazione(Connection& c, const std::function<Errore()>& lavoro) {
   if (Errore e = c.BeginTrans()) return e;
   Errore errore = lavoro();

@@ -43,6 +43,11 @@ class Connection {
   /// A number that differs after any change to the table made through this connection, and after any change
   /// to the file made by another console. Costs less than a query.
   quint64 versione_tabella(const QString& tabella) const;
+  /// How many rows were written through this connection so far, those of transactions that were rolled back
+  /// too: where it grows, the right to write was had.
+  qint64 righe_scritte() const;
+  /// How many statements were asked for so far, whatever became of them.
+  qint64 istruzioni() const;
 
   /// How long (ms) a statement waits for another console's lock before it fails. Short, since it holds the
   /// loop.
@@ -51,8 +56,21 @@ class Connection {
  private:
   friend class Recordset;
   friend Errore tutto_o_niente(Connection&, const std::function<Errore()>&);
+  friend class SenzaAttesa;
   struct Motore;
   std::unique_ptr<Motore> motore_;
+};
+
+/// While one lives, a statement that meets another console's lock fails at once: for what isn't worth a wait.
+class SenzaAttesa {
+ public:
+  explicit SenzaAttesa(Connection& connessione);
+  ~SenzaAttesa();
+  SenzaAttesa(const SenzaAttesa&) = delete;
+  SenzaAttesa& operator=(const SenzaAttesa&) = delete;
+
+ private:
+  Connection& connessione_;
 };
 
 /// Runs `lavoro` as one transaction. The work runs only when the transaction has begun; it is committed when

@@ -30,6 +30,7 @@ std::shared_ptr<Statement> Connection::Motore::prendi(const QString& sql, Errore
     errore = {SQLITE_MISUSE, u"Database non aperto"_s};
     return nullptr;
   }
+  ++istruzioni;
   return statement.prendi(db, sql, errore);
 }
 

@@ -9,6 +9,11 @@ const QString& servizio() {
   static const QString nome = QStringLiteral("ZandorTool");
   return nome;
 }
+
+// The store keeps a blank where a text is missing, so a row without a password would open to a blank.
+bool manca(const QString& testo) {
+  return testo.trimmed().isEmpty();
+}
 }  // namespace
 
 Accesso::Accesso(Finestra& f, Database& db, const Clock& orologio, Traduttore& traduttore,
@@ -55,17 +60,17 @@ void Accesso::mnuAbile_Click() {
   (txtUtente.Text().isEmpty() ? txtUtente : txtPassword).SetFocus();
 }
 
-bool Accesso::utente_di_servizio() const {
-  return txtUtente.Text() == servizio() && txtPassword.Text() == servizio();
+bool Accesso::utente_di_servizio(const QString& password) const {
+  return txtUtente.Text() == servizio() && password == servizio();
 }
 
-Accesso::Verifica Accesso::verifica_utente(Errore& errore) {
+Accesso::Verifica Accesso::verifica_utente(const QString& password, Errore& errore) {
   Recordset rs;
   errore = rs.Open(QStringLiteral("SELECT * FROM operatori where user = ?"), db_.connessione_db,
                    {txtUtente.Text()}, Cursore::aggiornabile);
   if (errore) return Verifica::errore;
-  if (rs.eof()) return Verifica::sconosciuto;
-  if (rs.testo(u"pwd") != txtPassword.Text()) return Verifica::password_errata;
+  if (rs.eof() || manca(txtUtente.Text())) return Verifica::sconosciuto;
+  if (manca(password) || rs.testo(u"pwd") != password) return Verifica::password_errata;
   // Who may enter isn't kept out because the moment of the entry can't be written.
   (void)rs.imposta(u"ultima_entrata", orologio_.adesso());
   (void)rs.imposta(u"pc", wsk_.LocalHostName());
@@ -75,7 +80,11 @@ Accesso::Verifica Accesso::verifica_utente(Errore& errore) {
 
 void Accesso::cmdLogin_Click() {
   Errore errore;
-  const Verifica verifica = utente_di_servizio() ? Verifica::buona : verifica_utente(errore);
+  // Whatever comes of it, a password that was read is left in no box.
+  const QString password = txtPassword.Text;
+  txtPassword.Text = QString();
+  const Verifica verifica =
+      utente_di_servizio(password) ? Verifica::buona : verifica_utente(password, errore);
   switch (verifica) {
     case Verifica::buona:
       entra();
@@ -86,12 +95,10 @@ void Accesso::cmdLogin_Click() {
     case Verifica::sconosciuto:
       messaggi_.mostra(traduttore_.traduci(QStringLiteral("utente non registrato")));
       txtUtente.Text = QString();
-      txtPassword.Text = QString();
       txtUtente.SetFocus();
       break;
     case Verifica::password_errata:
       messaggi_.mostra(traduttore_.traduci(QStringLiteral("password errata")));
-      txtPassword.Text = QString();
       txtPassword.SetFocus();
       break;
   }

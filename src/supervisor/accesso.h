@@ -33,9 +33,9 @@ class Accesso {
 
  private:
   QString ultimo_utente() const;
-  bool utente_di_servizio() const;
+  bool utente_di_servizio(const QString& password) const;
   enum class Verifica { buona, sconosciuto, password_errata, errore };
-  Verifica verifica_utente(Errore& errore);
+  Verifica verifica_utente(const QString& password, Errore& errore);
   void entra();
   void esci();
 

@@ -67,6 +67,7 @@ void frm_operatori::collega_eventi() {
 void frm_operatori::Form_Load() {
   Connection& c = a_.db.connessione_db;
   Caption(a_.traduttore.traduci(u"   Operatori"_s));
+  griglia_.riserva(u"pwd"_s);
   griglia_.layout(c, nome(), grd.nome(), c, elenco_utenti(), grd.Width());
   griglia_.popola(c, elenco_utenti());
   Check1.Caption = a_.traduttore.traduci(u"utente supervisore"_s);
@@ -116,6 +117,8 @@ void frm_operatori::Command1_Click() {
     return avvisa(a_.traduttore, a_.messaggi, u"Non sono state apportate modifiche."_s);
   if (txtPwd.Text() != txtConfermaPwd.Text())
     return avvisa(a_.traduttore, a_.messaggi, u"La password non corrisponde con quella di conferma."_s);
+  if (txtUser.Text().trimmed().isEmpty())
+    return avvisa(a_.traduttore, a_.messaggi, u"Inserire il nome dell'utente."_s);
   if (const Errore e = registra()) return a_.messaggi.mostra(e.descrizione);
   if (stato_ == Stato::nuovo) abilita_comandi(Stato::modifica);
   ricarica(txtUser.Text());
@@ -143,6 +146,7 @@ void frm_operatori::Command5_Click() {
 }
 
 void frm_operatori::Command4_Click() {
+  grd_RowColChange();  // leaving an edit took the password out of the boxes
   abilita_comandi(Stato::modifica);
   maschera_password();
   txtUser.SetFocus();

@@ -2,6 +2,7 @@
 
 #include <QAbstractButton>
 #include <QCheckBox>
+#include <QEvent>
 #include <QFrame>
 #include <QGroupBox>
 #include <QLabel>
@@ -44,10 +45,15 @@ class AdattaPulsante : public AdattatoreDi<CommandButton, QPushButton> {
  public:
   AdattaPulsante(CommandButton& c, QPushButton& w) : AdattatoreDi(c, w) {
     w.setAutoDefault(false);
+    w.installEventFilter(this);
     connect(&w, &QPushButton::clicked, this, [this] { chiama(c_.Click); });
   }
 
  protected:
+  // A double click means one press: done twice, a save would go on with what the first one left in the boxes.
+  bool eventFilter(QObject* oggetto, QEvent* evento) override {
+    return oggetto == &w_ && evento->type() == QEvent::MouseButtonDblClick;
+  }
   void mostra() override {
     w_.setText(titolo_mostrato(c_.Caption));
     w_.setAccessibleName(c_.Caption().trimmed());

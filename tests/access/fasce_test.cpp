@@ -106,6 +106,28 @@ TEST_F(FasceTest, UnaTesseraInUscitaNonTornaDaNessunaParte) {
   EXPECT_EQ(corsa(QTime(12, 1)), 2);  // the deletions have been served
 }
 
+TEST_F(FasceTest, AncheInMoltiOgnunoUnaVoltaEChiEInCodaRestaComE) {
+  const auto codice = [](int i) { return QString::number(2'000'000'000 + i); };
+  for (int i = 0; i < 130; ++i) {
+    b.tessera(codice(i), 1);
+    b.abilita(codice(i), 5);
+    b.abilita(codice(i), 6);
+  }
+  b.fascia(1, 6, QStringLiteral("Lunedì"), QTime(8, 0), QTime(12, 0));
+  b.fascia(1, 5, QStringLiteral("Lunedì"), QTime(7, 59), QTime(12, 0));
+  for (const int i : {3, 60, 129}) {
+    b.in_coda(codice(i), 2, QStringLiteral("D"));
+    b.sql(QStringLiteral(
+              "insert into tessere_da_conservare (ID_tessera, ID_lokera, motivo) values (?, 2, 'x')"),
+          {codice(i)});
+  }
+  b.vm.orologio().imposta(QDateTime(giorno, QTime(8, 0)));
+  b.main().fasce.applica_fasce_orarie();
+  EXPECT_EQ(b.conta(coda, QStringLiteral("operazione = 'D'")), 3);
+  EXPECT_EQ(b.conta(coda), 131 * 2 + 131) << "two cabinets with keys of group 5, one of group 6";
+  EXPECT_EQ(b.conta(coda, QStringLiteral("ID_lokera = 3")), 131);
+}
+
 TEST_F(FasceTest, UnErroreNonPerdeLaFascia) {
   int segnalati = 0;
   b.main().fasce.segnala = [&](const Errore&) { ++segnalati; };

@@ -139,6 +139,18 @@ class Riempimento : public Griglia {
       return Errore{};
     }));
     gruppi({});
+    sql(u"create table voci (gruppo integer, nome text(20))"_s);
+  }
+  /// Numbers that aren't in the order of their rows, with few different texts, and none in places.
+  void riempi_di_nuovo() {
+    sql(u"delete from gruppi"_s);
+    sql(u"delete from voci"_s);
+    EXPECT_FALSE(conn.BeginTrans());
+    for (int i = 1; i <= 2000; ++i)
+      sql(u"insert into gruppi values (?, ?)"_s,
+          {i * 7 % 2001, i % 5 == 0 ? QVariant() : QVariant(QString::number(i % 3))});
+    for (int i = 0; i < 300; ++i) sql(u"insert into voci values (?, ?)"_s, {i / 2, QString::number(i % 4)});
+    EXPECT_FALSE(conn.CommitTrans());
   }
   const OrologioChePassa orologio;
   PolledWait attesa_breve{orologio, vm.ciclo()};
@@ -162,6 +174,89 @@ TEST_F(Riempimento, AWindowClosedDuringAFillingClosesAfterIt) {
   vm.ciclo().fra(Monotonic(0), [&] { finestra.chiudi(); });
   EXPECT_TRUE(a.popola(conn, tutti));
   EXPECT_EQ(righe_alla_chiusura, 1000);
+}
+
+/// Another console that writes at every turn of the loop: above and below the place that the list has
+/// reached, and takes rows away in many places, also the one that comes next.
+class Altra {
+ public:
+  Altra(const QString& file, VirtualEventLoop& ciclo, SSOleDBGrid& grd) : ciclo_(ciclo), grd_(grd) {
+    EXPECT_FALSE(c_.Open(file, u"prova"_s));
+    scrivi_al_prossimo_giro();
+  }
+  ~Altra() { finita_ = true; }
+  int giri = 0;
+  QStringList tolte;
+
+ private:
+  void scrivi_al_prossimo_giro() {
+    ciclo_.fra(Monotonic(0), [this] {
+      if (finita_) return;
+      ++giri;
+      prova::esegui(c_, u"insert into gruppi values (?, 'altra'), (?, 'z')"_s, {-giri, 5000 + giri});
+      togli(giri * 37);
+      togli(grd_.Rows() + 1);
+      scrivi_al_prossimo_giro();
+    });
+  }
+  void togli(int codice) {
+    if (codice > 2000) return;
+    prova::esegui(c_, u"delete from gruppi where codice = ?"_s, {codice});
+    tolte += QString::number(codice);
+  }
+  VirtualEventLoop& ciclo_;
+  SSOleDBGrid& grd_;
+  Connection c_;
+  bool finita_ = false;
+};
+
+TEST_F(Riempimento, OthersWriteMeanwhileAndWhatTheyLeaveAloneComesOnceInItsOrder) {
+  const char* const query[] = {
+      "select * from gruppi order by codice",
+      "select codice, descrizione from gruppi where codice <> 3 or codice = 3",
+      "Select * From gruppi Where descrizione is null or codice > 0 Order By descrizione collate nocase asc, "
+      "[codice]",
+      "select gruppi.*, v.nome from (gruppi left join voci as v on v.gruppo = gruppi.codice) order by v.nome",
+      "select g.* from gruppi g left join voci on voci.gruppo = g.codice order by g.descrizione"};
+  for (const char* testo : query) {
+    riempi_di_nuovo();
+    const QString q = QString::fromLatin1(testo);
+    const QStringList prima = righe(q);
+    QStringList dopo;
+    Altra altra(file, vm.ciclo(), grd);
+    EXPECT_TRUE(a.popola(conn, q)) << testo;
+    EXPECT_GT(altra.giri, 3) << testo;
+    const auto lasciata = [&](const QString& r) {
+      const QString codice = r.section(u'|', 0, 0);
+      return codice.toInt() > 0 && codice.toInt() <= 2000 && !altra.tolte.contains(codice);
+    };
+    for (int i = 0; i < grd.Rows(); ++i) dopo += grd.cella(i, 0);
+    QStringList attese;
+    for (const QString& r : prima)
+      if (lasciata(r)) attese += r.section(u'|', 0, 0);
+    dopo.removeIf([&](const QString& r) { return !lasciata(r); });
+    EXPECT_EQ(dopo, attese) << testo;
+  }
+}
+
+TEST_F(Riempimento, AQueryWithoutAnOrderOfItsRowsIsReadAtOneMoment) {
+  riempi_di_nuovo();
+  for (const char* testo : {"select distinct codice, descrizione from gruppi",
+                            "select codice from gruppi union all select codice from gruppi",
+                            "select codice from gruppi order by descrizione desc",
+                            "select -codice as codice from gruppi order by codice",
+                            "select u.codice codice from gruppi as g inner join gruppi as u on u.codice ="
+                            " g.codice order by codice",
+                            "select g.codice as codice from (select codice from gruppi) as g order by 1"}) {
+    const QStringList attese = righe(QString::fromLatin1(testo));
+    Altra altra(file, vm.ciclo(), grd);
+    EXPECT_TRUE(a.popola(conn, QString::fromLatin1(testo))) << testo;
+    EXPECT_EQ(altra.giri, 0) << testo;
+    QStringList viste;
+    for (int i = 0; i < grd.Rows(); ++i) viste += grd.cella(i, 0);
+    for (qsizetype i = 0; i < attese.size(); ++i)
+      ASSERT_EQ(viste.value(i), attese[i].section(u'|', 0, 0)) << testo;
+  }
 }
 
 TEST_F(Griglia, SavedRowsHoldWhatTheCellsSay) {

@@ -17,6 +17,17 @@ class Traduzioni : public Archivio {
   void voce(const QString& italiano, const QString& inglese) {
     sql(u"insert into traduzioni values (?, ?, null)"_s, {italiano, inglese});
   }
+  /// A window that shows words that the table lacks, and what it shows after its translation.
+  QStringList finestra(int didascalie) {
+    Finestra f(elenco, u"frm_prova"_s);
+    std::vector<std::unique_ptr<Label>> etichette;
+    for (int i = 0; i < didascalie; ++i)
+      etichette.push_back(std::make_unique<Label>(f, u"Label%1"_s.arg(i), u"Voce %1"_s.arg(i)));
+    traduttore.traduci_form(f);
+    QStringList viste;
+    for (const auto& e : etichette) viste += e->Caption();
+    return viste;
+  }
   QStringList testi() { return righe(u"select italiano, inglese, tedesco from traduzioni"_s); }
 };
 
@@ -83,6 +94,39 @@ TEST_F(Traduzioni, AnAddedTextGoesWithTheTransactionAndComesBackLater) {
   EXPECT_TRUE(testi().isEmpty());
   EXPECT_EQ(traduttore.traduci(chiave), chiave);
   EXPECT_EQ(testi().size(), 1);
+}
+
+TEST_F(Traduzioni, AnothersLockIsMetOnceAndTheWordsAreAddedAfterTheNextWrite) {
+  Connection altra;
+  ASSERT_FALSE(altra.Open(file, u"prova"_s));
+  ASSERT_FALSE(altra.Execute(u"begin immediate"_s));
+  qint64 prima = conn.istruzioni();
+  for (const int testi_nuovi : {60, 70}) {
+    EXPECT_EQ(finestra(testi_nuovi).last(), u"Voce %1"_s.arg(testi_nuovi - 1));
+    EXPECT_LE(conn.istruzioni() - std::exchange(prima, conn.istruzioni()), 3) << "no try for each word";
+  }
+  ASSERT_FALSE(altra.Execute(u"insert into traduzioni values ('Voce 7', 'Entry 7', null)"_s));
+  ASSERT_FALSE(altra.Execute(u"commit"_s));
+  EXPECT_EQ(finestra(70)[7], u"Entry 7"_s);
+  EXPECT_EQ(testi().size(), 1) << "nothing says yet that this console may write";
+  sql(u"create table altro (n integer)"_s);
+  sql(u"insert into altro values (1)"_s);
+  EXPECT_EQ(traduttore.traduci(u"Voce 7"_s), u"Entry 7"_s);
+  EXPECT_EQ(testi().size(), 70);
+}
+
+TEST_F(Traduzioni, WordsThatWereReadAreShownUnderAnothersLockToo) {
+  voce(u"Voce 3"_s, u"Entry 3"_s);
+  Connection altra;
+  ASSERT_FALSE(altra.Open(file, u"prova"_s));
+  EXPECT_EQ(finestra(5)[3], u"Entry 3"_s);
+  ASSERT_FALSE(altra.Execute(u"begin exclusive"_s));
+  ASSERT_FALSE(altra.Execute(u"update traduzioni set inglese = 'Item 3' where italiano = 'Voce 3'"_s));
+  EXPECT_EQ(finestra(6).mid(3), QStringList({u"Entry 3"_s, u"Voce 4"_s, u"Voce 5"_s}));
+  Traduttore nuovo(db);
+  EXPECT_EQ(nuovo.traduci(u"Voce 3"_s), u"Voce 3"_s);
+  ASSERT_FALSE(altra.Execute(u"commit"_s));
+  for (Traduttore* t : {&traduttore, &nuovo}) EXPECT_EQ(t->traduci(u"Voce 3"_s), u"Item 3"_s);
 }
 
 TEST_F(Traduzioni, AWindowHasItsCaptionsTranslatedOnce) {

@@ -10,6 +10,9 @@ using namespace Qt::StringLiterals;
 struct BancoAccesso : Banco {
   BancoAccesso() {
     sql(u"insert into operatori (user, pwd, su, pc) values ('Anna', 'Segreta', 1, ' ')"_s);
+    for (const auto& [utente, password] : std::initializer_list<std::pair<QString, QVariant>>{
+             {u"Nulla"_s, {}}, {u"Vuota"_s, u""_s}, {u"Blank"_s, u" "_s}, {u" "_s, u"x"_s}})
+      sql(u"insert into operatori (user, pwd) values (?, ?)"_s, {utente, password});
     main().Form_Load();
   }
   Accesso& a = main().accesso;
@@ -38,6 +41,10 @@ TEST(Accesso, OnlyTheRightPairOpensTheMenus) {
               {u"Anna"_s, u""_s, u"password errata"_s, u"Anna"_s, false},
               {u"nessuno"_s, u"x"_s, u"utente non registrato"_s, u""_s, false},
               {u"' or ''='"_s, u"' or ''='"_s, u"utente non registrato"_s, u""_s, false},
+              {u"Nulla"_s, u""_s, u"password errata"_s, u"Nulla"_s, false},
+              {u"Vuota"_s, u""_s, u"password errata"_s, u"Vuota"_s, false},
+              {u"Blank"_s, u" "_s, u"password errata"_s, u"Blank"_s, false},
+              {u" "_s, u"x"_s, u"utente non registrato"_s, u""_s, false},
               {u"%"_s, u"Segreta"_s, u"utente non registrato"_s, u""_s, false},
               {u"ZandorTool"_s, u"ZandorTool"_s, u""_s, u"ZandorTool"_s, true},
               {u"ZandorTool"_s, u"zandortool"_s, u"utente non registrato"_s, u""_s, false}};
@@ -51,10 +58,10 @@ TEST(Accesso, OnlyTheRightPairOpensTheMenus) {
     EXPECT_EQ(b.a.mnuAbile.Caption(), c.entra ? u"disabilita"_s : u"   abilita"_s);
     EXPECT_EQ(b.vm.messaggi().testi().join(u'/'), c.messaggio);
     EXPECT_EQ(b.a.txtUtente.Text(), c.resta_utente);
+    EXPECT_EQ(b.a.txtPassword.Text(), QString());
     if (!c.entra) {
       Controllo& attesa = c.resta_utente.isEmpty() ? b.a.txtUtente : b.a.txtPassword;
       EXPECT_EQ(b.main().ActiveControl(), &attesa);
-      EXPECT_EQ(b.a.txtPassword.Text(), QString());
     }
   }
 }
@@ -62,8 +69,9 @@ TEST(Accesso, OnlyTheRightPairOpensTheMenus) {
 TEST(Accesso, TheLastUserOfThisComputerIsProposed) {
   BancoAccesso b;
   b.entra(u"Anna"_s, u"Segreta"_s);
-  EXPECT_EQ(b.uno(u"select pc from operatori"_s).toString(), u"PC-CENTRALE"_s);
-  EXPECT_EQ(b.uno(u"select ultima_entrata from operatori"_s).toDateTime().date(), QDate(2008, 11, 30));
+  EXPECT_EQ(b.uno(u"select pc from operatori where user = 'Anna'"_s).toString(), u"PC-CENTRALE"_s);
+  EXPECT_EQ(b.uno(u"select ultima_entrata from operatori where user = 'Anna'"_s).toDateTime().date(),
+            QDate(2008, 11, 30));
   b.sql(
       u"insert into operatori (user, pwd, su, ultima_entrata, pc) values"
       u" ('Bruno', 'b', 0, #11/29/2008#, 'PC-CENTRALE')"_s);

@@ -40,12 +40,15 @@ TEST_F(FrmOperatori, TheRowIsShownBesideTheList) {
 
 TEST_F(FrmOperatori, SavesAreRefusedWithTheirMessage) {
   const struct {
-    QString pwd, conferma, messaggio;
-  } casi[] = {{u""_s, u"x"_s, u"Non sono state apportate modifiche."_s},
-              {u"x"_s, u""_s, u"Non sono state apportate modifiche."_s},
-              {u"x"_s, u"X"_s, u"La password non corrisponde con quella di conferma."_s}};
+    QString utente, pwd, conferma, messaggio;
+  } casi[] = {{u"Anna"_s, u""_s, u"x"_s, u"Non sono state apportate modifiche."_s},
+              {u"Anna"_s, u"x"_s, u""_s, u"Non sono state apportate modifiche."_s},
+              {u"Anna"_s, u"x"_s, u"X"_s, u"La password non corrisponde con quella di conferma."_s},
+              {u""_s, u"x"_s, u"x"_s, u"Inserire il nome dell'utente."_s},
+              {u" "_s, u"x"_s, u"x"_s, u"Inserire il nome dell'utente."_s}};
   for (const auto& c : casi) {
     f.Command4_Click();
+    f.txtUser.Text = c.utente;
     scrivi_password(c.pwd, c.conferma);
     f.Command1_Click();
     EXPECT_EQ(messaggi.testi().last(), c.messaggio);
@@ -84,6 +87,36 @@ TEST_F(FrmOperatori, NewUsersAreAdded) {
     f.Command2_Click();
     EXPECT_EQ(tabella().size(), 2) << nome.left(50).toStdString();
     EXPECT_EQ(f.grd.Rows(), 2);
+  }
+}
+
+TEST_F(FrmOperatori, AnEditBegunAfterOneWasLeftHasTheRowInItsBoxes) {
+  f.Command4_Click();
+  scrivi_password(u"x"_s, u"x"_s);
+  f.txtUser.Text = u"Altro"_s;
+  f.Command2_Click();
+  f.Command4_Click();
+  EXPECT_EQ(f.txtUser.Text() + u' ' + password(), u"Bruno b2/b2"_s);
+}
+
+TEST_F(FrmOperatori, ThePasswordColumnIsHiddenWhateverTheLayoutSays) {
+  for (const char* layout : {"update layout_griglie set visibile = 1", "delete from layout_griglie"}) {
+    sql(QString::fromLatin1(layout));
+    frm_operatori altra{ambiente};
+    altra.grd.Width = 20'000;
+    altra.Form_Load();
+    const SSOleDBGrid& grd = altra.grd;
+    ASSERT_EQ(grd.Cols(), 5);
+    int larghezza = 0;
+    for (int i = 0; i < grd.Cols(); ++i) {
+      EXPECT_EQ(grd.Columns(i).Visible, grd.Columns(i).campo != u"pwd") << layout;
+      if (grd.Columns(i).Visible) larghezza += grd.Columns(i).Width;
+    }
+    // Columns of the query fill the list with what is left.
+    if (grd.Columns(0).Caption == u"user") {
+      EXPECT_EQ(larghezza, 20'000 - 400 * 1024 / 640);
+    }
+    EXPECT_EQ(altra.txtPwd.Text(), u"a1"_s);
   }
 }
 

@@ -2,6 +2,7 @@
 #include <QCloseEvent>
 #include <QLineEdit>
 #include <QMenuBar>
+#include <QMouseEvent>
 #include <QPushButton>
 
 #include "windows/ambiente.h"
@@ -134,6 +135,30 @@ TEST(FinestraPrincipale, LoginByKeyboard) {
   EXPECT_TRUE(b.widget<QWidget>("pctLogin").isVisible());
   premi(b.widget<QLineEdit>("txtUtente"), Qt::Key_Escape);
   EXPECT_FALSE(b.widget<QWidget>("pctLogin").isVisible());
+}
+
+void clicca(QWidget& w, QEvent::Type giu) {
+  const Qt::MouseButton tasto = Qt::LeftButton;
+  const QPointF centro = QRectF(w.rect()).center();
+  QMouseEvent premuto(giu, centro, w.mapToGlobal(centro), tasto, tasto, {});
+  QApplication::sendEvent(&w, &premuto);
+  QMouseEvent lasciato(QEvent::MouseButtonRelease, centro, w.mapToGlobal(centro), tasto, {}, {});
+  QApplication::sendEvent(&w, &lasciato);
+}
+
+TEST(FinestraPrincipale, ADoubleClickPressesAButtonOnce) {
+  BancoDisegnato b;
+  b.carica();
+  b.main().accesso.mnuAbile_Click();
+  int premuto = 0;
+  b.main().accesso.cmdLogin.Click = [&] { ++premuto; };
+  auto& pulsante = b.widget<QPushButton>("cmdLogin");
+  clicca(pulsante, QEvent::MouseButtonPress);
+  clicca(pulsante, QEvent::MouseButtonDblClick);
+  EXPECT_EQ(premuto, 1);
+  clicca(pulsante, QEvent::MouseButtonPress);
+  for (int i = 0; i < 2; ++i) premi(pulsante, Qt::Key_Space);
+  EXPECT_EQ(premuto, 4) << "a later click and each key count";
 }
 
 TEST(FinestraPrincipale, MenuTreeAsDeclared) {
