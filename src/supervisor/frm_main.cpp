@@ -1,5 +1,6 @@
 #include "supervisor/frm_main.h"
 
+#include "platform/momento.h"
 #include "store/recordset.h"
 
 namespace lokera {
@@ -173,7 +174,7 @@ void frm_Main::elenca_lokere(Recordset& rs) {
 }
 
 void frm_Main::registra_release() {
-  const QDateTime release(QDate::fromString(titolo().right(11).trimmed(), u"dd/MM/yyyy"_s), QTime(0, 0));
+  const QDateTime release = momento(QDate::fromString(titolo().right(11).trimmed(), u"dd/MM/yyyy"_s));
   (void)a_.db.connessione_db.Execute(
       u"update parametri set release_aggiornamento_programma = ? where computer_ctrl = ?"_s,
       {release, nome_computer()});

@@ -50,7 +50,7 @@ class DecisioniTest : public ::testing::Test {
 
 TEST_F(DecisioniTest, Operatori) {
   const QDate oggi(2008, 11, 30);
-  const auto giorno = [&](int scarto) { return QVariant(QDateTime(oggi.addDays(scarto), QTime(23, 59))); };
+  const auto giorno = [&](int scarto) { return QVariant(momento(oggi.addDays(scarto), QTime(23, 59))); };
   b.tessera(QStringLiteral("0000000010"), 1, 0, giorno(0), giorno(0));
   b.tessera(QStringLiteral("0000000011"), 1, 0, giorno(1), {});
   b.tessera(QStringLiteral("0000000012"), 1, 0, {}, giorno(-1));
@@ -130,7 +130,7 @@ TEST_F(DecisioniTest, Chiavi) {
 
 TEST_F(DecisioniTest, FasceAlMinuto) {
   const auto prelievo = [&](QTime ora) {
-    b.vm.orologio().imposta(QDateTime(QDate(2008, 11, 30), ora));
+    b.vm.orologio().imposta(momento(QDate(2008, 11, 30), ora));
     EXPECT_EQ(tessera("0000000001"), "00090001");
     const QByteArray risposta = chiave("1000000001");
     esito("99");

@@ -9,7 +9,7 @@ const QString coda = QStringLiteral("aggiorn_tessere_oper");
 
 class FasceTest : public ::testing::Test {
  protected:
-  FasceTest() : b(QDateTime(QDate(2008, 12, 1), QTime(0, 0))) {
+  FasceTest() : b(momento(QDate(2008, 12, 1), QTime(0, 0))) {
     b.tessera(QStringLiteral("0000000001"), 1);
     b.tessera(QStringLiteral("0000000002"), 2);  // another operator group
     b.tessera(QStringLiteral("0000000003"), 1);  // may not use the key group
@@ -25,7 +25,7 @@ class FasceTest : public ::testing::Test {
 
   /// Runs at that time of the day and returns how many pairs it queued; the queue is emptied after.
   qlonglong corsa(QTime ora) {
-    b.vm.orologio().imposta(QDateTime(giorno, ora));
+    b.vm.orologio().imposta(momento(giorno, ora));
     b.main().fasce.applica_fasce_orarie();
     const qlonglong accodate = b.conta(coda);
     b.sql(QStringLiteral("delete from aggiorn_tessere_oper"));
@@ -64,7 +64,7 @@ TEST_F(FasceTest, UnaFasciaCortaNonHaLaSecondaCorsa) {
 
 /// A clock on which everything takes long, and a loop that lets others in.
 struct Lento : Clock, EventLoop {
-  QDateTime adesso() const override { return {QDate(2008, 12, 1), QTime(8, 0)}; }
+  QDateTime adesso() const override { return momento(QDate(2008, 12, 1), QTime(8, 0)); }
   Monotonic monotono() const override { return ora += 20ms; }
   void esegui_eventi(Monotonic) override { evento(); }
   mutable Monotonic ora{};
@@ -89,7 +89,7 @@ TEST_F(FasceTest, UnaCorsaLungaCedeFuoriDalleTransazioniENonNeTrovaUnAltra) {
 
 TEST_F(FasceTest, ChiEInCodaRestaComE) {
   b.in_coda(QStringLiteral("0000000001"), 1, QStringLiteral("D"));
-  b.vm.orologio().imposta(QDateTime(giorno, QTime(8, 0)));
+  b.vm.orologio().imposta(momento(giorno, QTime(8, 0)));
   b.main().fasce.applica_fasce_orarie();
   EXPECT_EQ(b.conta(coda), 2);
   EXPECT_EQ(b.conta(coda, QStringLiteral("operazione = 'D' and ID_lokera = 1")), 1);
@@ -100,7 +100,7 @@ TEST_F(FasceTest, UnErroreNonPerdeLaFascia) {
   int segnalati = 0;
   b.main().fasce.segnala = [&](const Errore&) { ++segnalati; };
   b.sql(QStringLiteral("alter table aggiorn_tessere_oper rename to via"));
-  b.vm.orologio().imposta(QDateTime(giorno, QTime(8, 0)));
+  b.vm.orologio().imposta(momento(giorno, QTime(8, 0)));
   b.main().fasce.applica_fasce_orarie();
   EXPECT_EQ(segnalati, 1);
   EXPECT_EQ(b.conta(QStringLiteral("fascie_orarie"), QStringLiteral("data_esecuzione is null")), 1);

@@ -6,7 +6,7 @@ namespace lokera::prova {
 namespace {
 
 QString giorno_di(Banco& b, QDate data) {
-  b.vm.orologio().imposta(QDateTime(data, QTime(10, 0)));
+  b.vm.orologio().imposta(momento(data, QTime(10, 0)));
   EXPECT_FALSE(b.main().giorno.tipo_giorno());
   return b.main().giorno.giorno_corrente();
 }
@@ -41,7 +41,7 @@ TEST(Giorno, NellaSecondaLinguaIlGiornoSpecialeRestaComEScritto) {
 TEST(Giorno, SuUnFileVecchioFaLaMigrazioneETieneLaSettimana) {
   Banco b;
   b.sql(QStringLiteral("drop table giorni_particolari"));
-  b.vm.orologio().imposta(QDateTime(QDate(2008, 12, 1), QTime(10, 0)));
+  b.vm.orologio().imposta(momento(QDate(2008, 12, 1), QTime(10, 0)));
   EXPECT_TRUE(b.main().giorno.tipo_giorno());
   EXPECT_EQ(b.main().giorno.giorno_corrente(), QStringLiteral("Lunedì"));
   EXPECT_EQ(b.conta(QStringLiteral("giorni_particolari")), 0);

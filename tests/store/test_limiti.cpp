@@ -1,3 +1,4 @@
+#include "platform/momento.h"
 #include "store/archivio.h"
 
 namespace lokera {
@@ -30,7 +31,7 @@ TEST_F(Limiti, TipiEMisureTengono) {
               {"d", QStringLiteral("x"), "d: serve un numero"},
               {"n", QStringLiteral("x"), "n: serve un numero"},
               {"n", 12.25, nullptr},
-              {"q", QDateTime(QDate(2008, 2, 29), QTime(23, 59, 59)), nullptr},
+              {"q", momento(QDate(2008, 2, 29), QTime(23, 59, 59)), nullptr},
               {"q", QStringLiteral("domani"), "q: serve una data"},
               {"q", QStringLiteral("2008-02-30 00:00:00"), "q: serve una data"},
               {"q", 12, "q: serve una data"},
