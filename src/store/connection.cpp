@@ -66,6 +66,11 @@ quint64 Connection::versione_tabella(const QString& tabella) const {
 Transazione::Transazione(Connection& connessione)
     : connessione_(connessione), inizio_(connessione.BeginTrans()), aperta_(!inizio_) {}
 
+void Connection::attesa_blocco(int ms) {
+  motore_->attesa_ms = ms;
+  if (aperta()) sqlite3_busy_timeout(motore_->db, ms);
+}
+
 Transazione::~Transazione() {
   if (aperta_) connessione_.RollbackTrans();
 }

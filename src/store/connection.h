@@ -25,7 +25,8 @@ class Connection {
   Connection& operator=(const Connection&) = delete;
 
   /// Opens an existing encrypted file; never creates one. Fails on a missing or damaged file, on a wrong
-  /// password, and when the durability settings can't be read back as they were set.
+  /// password, where the file or its folder can't be written, and when the durability settings can't be read
+  /// back as they were set.
   Errore Open(const QString& file, const QString& password);
   /// Makes a new empty encrypted file and opens it; fails when the file is there already.
   Errore crea(const QString& file, const QString& password);
@@ -45,13 +46,14 @@ class Connection {
   quint64 versione_tabella(const QString& tabella) const;
 
   /// How long (ms) a statement waits for another console's lock before it fails. Short, since it holds the
-  /// loop.
+  /// loop. Who lets the loop run between his tries asks for 0, also before the file is open.
   static constexpr int attesa_blocco_ms = 250;
 
  private:
   friend class Recordset;
   struct Motore;
   std::unique_ptr<Motore> motore_;
+  void attesa_blocco(int ms);
 };
 
 /// A transaction that rolls back unless it was committed.

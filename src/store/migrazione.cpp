@@ -145,11 +145,9 @@ void aggiungi_campo(Database& db, const QString& tabella, const QString& campo, 
       db.connessione_db.Execute(u"update "_s + tabella + u" set "_s + campo + u" = "_s + valore));
 }
 
-void aggiorna_database(Database& db) {
-  // All in one, so that a file of an earlier release is written once. Where nobody may write nothing is
-  // tried: each step would wait for the lock anew.
-  const bool propria = !db.connessione_db.in_transazione();
-  if (propria && db.connessione_db.BeginTrans()) return;
+namespace {
+
+void esegui_passi(Database& db) {
   for (const Passo& p : passi()) {
     const QString tabella = QString::fromUtf16(p.tabella);
     esegui_ddl(db, u"CREATE table "_s + tabella + u' ' + QString::fromUtf16(p.colonne));
@@ -159,7 +157,20 @@ void aggiorna_database(Database& db) {
   for (const char16_t* i : indici) {
     static_cast<void>(db.connessione_db.Execute(u"create index if not exists "_s + QString::fromUtf16(i)));
   }
-  if (propria) static_cast<void>(db.connessione_db.CommitTrans());
+}
+
+}  // namespace
+
+Errore aggiorna_database(Database& db) {
+  if (db.connessione_db.in_transazione()) {
+    esegui_passi(db);
+    return {};
+  }
+  // All in one, so that no step is left half done where another console takes the file in between.
+  Transazione t(db.connessione_db);
+  if (t.inizio()) return t.inizio();
+  esegui_passi(db);
+  return t.conferma();
 }
 
 }  // namespace lokera

@@ -40,6 +40,7 @@ struct Connection::Motore {
   sqlite3* db = nullptr;
   CacheStatement statement;
   ConteggioModifiche modifiche;
+  int attesa_ms = attesa_blocco_ms;
   /// Begun by us; the engine may have ended it by itself, then nothing more runs until the caller ends it
   /// too.
   bool transazione = false;

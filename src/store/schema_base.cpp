@@ -99,7 +99,7 @@ Errore riempi(Database& db) {
   Transazione t(db.connessione_db);
   if (t.inizio()) return t.inizio();
   if (Errore e = crea_tabelle(db.connessione_db)) return e;
-  aggiorna_database(db);
+  if (Errore e = aggiorna_database(db)) return e;
   const QStringList mancanti = tabelle_mancanti(db.connessione_db);
   if (!mancanti.isEmpty()) return {1, u"Tabelle non create: "_s + mancanti.join(u", "_s)};
   if (Errore e = carica_dati_consegnati(db.connessione_db)) return e;

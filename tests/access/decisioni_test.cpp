@@ -228,10 +228,8 @@ TEST_F(DecisioniTest, UnaRichiestaDentroUnAttesaHaRispostaSubito) {
 }
 
 TEST_F(DecisioniTest, DaUnErroreNonEsceMaiUnConsenso) {
-  const std::pair<const char16_t*, const char*> tabelle[] = {{u"tessere_chiavi", "00091000"},
-                                                             {u"gruppi_tessera", "00091000"},
-                                                             {u"fascie_orarie", "00091000"},
-                                                             {u"giorni_particolari", "00091000"}};
+  const std::pair<const char16_t*, const char*> tabelle[] = {
+      {u"tessere_chiavi", "00091000"}, {u"gruppi_tessera", "00091000"}, {u"fascie_orarie", "00091000"}};
   for (const auto& [nome, risposta] : tabelle) {
     const QString tabella = QString::fromUtf16(nome);
     EXPECT_EQ(tessera("0000000001"), "00090001");
@@ -242,6 +240,10 @@ TEST_F(DecisioniTest, DaUnErroreNonEsceMaiUnConsenso) {
     (void)b.db().connessione_db.Execute(QStringLiteral("drop table %1").arg(tabella));  // of the migration
     b.sql(QStringLiteral("alter table via rename to %1").arg(tabella));
   }
+  EXPECT_EQ(tessera("0000000001"), "00090001");
+  b.sql(QStringLiteral("drop table giorni_particolari"));
+  b.sql(QStringLiteral("create view giorni_particolari as select 1 as GG"));  // no migration mends that
+  EXPECT_EQ(chiave("1000000001"), "00091000");
   b.sql(QStringLiteral("alter table tessere_operatori rename to via"));
   EXPECT_EQ(tessera("0000000001"), "00090000");
   EXPECT_EQ(p().ShapeP.FillColor(), rosso);

@@ -59,7 +59,7 @@ TEST_F(Apertura, UnAltraConsoleTieneIlFile) {
   Transazione t(c());
   EXPECT_TRUE(t.inizio());
   EXPECT_TRUE(t.conferma());
-  aggiorna_database(db);  // silent, and quick
+  EXPECT_EQ(aggiorna_database(db).classe, ClasseErrore::bloccato);  // quick
   ASSERT_FALSE(altra.CommitTrans());
   EXPECT_EQ(leggi("select codice from gruppi"), QStringList{"1"});
 }

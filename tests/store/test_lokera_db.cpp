@@ -2,6 +2,9 @@
 #include <QFile>
 #include <QProcess>
 
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include "store/archivio.h"
 
 namespace lokera {
@@ -17,8 +20,11 @@ class LokeraDb : public ::testing::Test {
     QString errori;
   };
   static Corsa esegui(const QStringList& argomenti) {
+    return corri_programma(QStringLiteral(LOKERA_DB), argomenti);
+  }
+  static Corsa corri_programma(const QString& programma, const QStringList& argomenti) {
     QProcess p;
-    p.start(QStringLiteral(LOKERA_DB), argomenti);
+    p.start(programma, argomenti);
     if (!p.waitForFinished(60'000)) return {-1, {}, u"non finisce"_s};
     return {p.exitCode(), QString::fromUtf8(p.readAllStandardOutput()),
             QString::fromUtf8(p.readAllStandardError())};
@@ -79,6 +85,36 @@ TEST_F(LokeraDb, DemoECopiaDiUnFileInUso) {
   ASSERT_TRUE(byte.open(QIODevice::ReadOnly));
   EXPECT_FALSE(byte.readAll().contains("gruppi"));
   EXPECT_FALSE(console.connessione_db.Execute(u"delete from gruppi where codice = 99"_s));
+}
+
+/// Rights bind a user, not the superuser, who therefore asks as somebody else.
+TEST_F(LokeraDb, SenzaDirittoDiScrivereNonSiApre) {
+  const QString f = file(u"a.mdb"_s);
+  ASSERT_EQ(esegui({u"crea"_s, f}).errori, QString());
+  const bool superuser = ::geteuid() == 0;
+  const auto corri = [&] {
+    if (!superuser) return esegui({u"controlla"_s, f});
+    return corri_programma(u"setpriv"_s, {u"--reuid=65534"_s, u"--regid=65534"_s, u"--clear-groups"_s,
+                                          QStringLiteral(LOKERA_DB), u"controlla"_s, f});
+  };
+  struct Caso {
+    uint file;
+    uint cartella;
+    const char* messaggio;
+  };
+  for (const Caso& k : {Caso{0666, 0777, ""}, Caso{0444, 0777, "Manca il diritto di scrivere il file"},
+                        Caso{0666, 0555, "Manca il diritto di scrivere nella cartella"},
+                        Caso{0222, 0777, "Manca il diritto di leggere il file"}}) {
+    ASSERT_EQ(::chmod(QFile::encodeName(f).constData(), k.file), 0);
+    ASSERT_EQ(::chmod(QFile::encodeName(cartella.path()).constData(), k.cartella), 0);
+    const Corsa corsa = corri();
+    ::chmod(QFile::encodeName(cartella.path()).constData(), 0777);
+    const bool riuscito = k.messaggio[0] == 0;
+    if (riuscito && superuser && corsa.stato != 0)
+      GTEST_SKIP() << "another user can't run the program here: " << corsa.errori.toStdString();
+    EXPECT_EQ(corsa.stato, riuscito ? 0 : 1);
+    EXPECT_TRUE(corsa.errori.contains(testo(k.messaggio))) << corsa.errori.toStdString();
+  }
 }
 
 }  // namespace lokera
