@@ -16,7 +16,7 @@ constexpr ClasseErrore senza_diritti = ClasseErrore::diritti;
 Errore file_apribile(const QString& file, bool nuovo) {
   const QFileInfo info(file);
   if (nuovo) {
-    if (info.exists()) return {SQLITE_CANTOPEN, u"Il file esiste già: "_s + file};
+    if (info.exists() && info.size() > 0) return {SQLITE_CANTOPEN, u"Il file esiste già: "_s + file};
     return {};
   }
   if (!info.isFile()) return {SQLITE_CANTOPEN, u"File non trovato: "_s + file};

@@ -28,13 +28,18 @@ class Connection {
   /// password, where the file or its folder can't be written, and when the durability settings can't be read
   /// back as they were set.
   Errore Open(const QString& file, const QString& password);
-  /// Makes a new empty encrypted file and opens it; fails when the file is there already.
+  /// Makes a new encrypted file without tables and opens it; fails when the file is there already and not
+  /// empty.
   Errore crea(const QString& file, const QString& password);
   void Close();
   bool aperta() const;
 
-  /// Runs one statement that yields no rows. `righe`, when given, receives how many rows it touched.
+  /// Runs one statement that yields no rows. `righe`, when given, receives how many rows it touched; -1 for
+  /// one that is no insert, update or delete.
   Errore Execute(const QString& sql, const QVariantList& valori = {}, qint64* righe = nullptr);
+
+  /// Whether the statement yields rows, told from its columns; it isn't run.
+  Errore restituisce_righe(const QString& sql, bool& righe);
 
   Errore BeginTrans();
   Errore CommitTrans();
@@ -48,12 +53,12 @@ class Connection {
   /// How long (ms) a statement waits for another console's lock before it fails. Short, since it holds the
   /// loop. Who lets the loop run between his tries asks for 0, also before the file is open.
   static constexpr int attesa_blocco_ms = 250;
+  void attesa_blocco(int ms);
 
  private:
   friend class Recordset;
   struct Motore;
   std::unique_ptr<Motore> motore_;
-  void attesa_blocco(int ms);
 };
 
 /// A transaction that rolls back unless it was committed.

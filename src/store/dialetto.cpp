@@ -39,7 +39,7 @@ class Passata {
 
   Abbassata esegui() {
     togli_chiusura_finale();
-    const size_t primo = salta_spazi(0);
+    const size_t primo = verbo();
     if (primo < lessemi_.size()) esito_.tipo = tipo_di(lessemi_[primo].testo);
     trova_tabella(primo);
     if (esito_.tipo == TipoIstruzione::definizione) {
@@ -58,6 +58,18 @@ class Passata {
  private:
   size_t salta_spazi(size_t i) const {
     while (i < lessemi_.size() && lessemi_[i].tipo == TipoLessema::spazio) ++i;
+    return i;
+  }
+  /// Where the statement says what it does: at its head, or behind the queries that a `with` names.
+  size_t verbo() const {
+    size_t i = salta_spazi(0);
+    if (!parola_in(i, u"with")) return i;
+    for (int profondita = 0; i < lessemi_.size(); ++i) {
+      if (segno_in(i, u'(')) ++profondita;
+      if (segno_in(i, u')')) --profondita;
+      const bool parola = lessemi_[i].tipo == TipoLessema::parola;
+      if (profondita == 0 && parola && tipo_di(lessemi_[i].testo) != TipoIstruzione::altro) break;
+    }
     return i;
   }
   bool parola_in(size_t i, QStringView p) const { return i < lessemi_.size() && lessemi_[i].e_parola(p); }
@@ -94,6 +106,9 @@ class Passata {
         return parola(l);
       case TipoLessema::segno:
         return segno(l);
+      case TipoLessema::spazio:
+        esito_.sql += u' ';
+        return;
       default:
         esito_.sql += l.testo;
     }

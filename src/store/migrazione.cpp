@@ -3,7 +3,7 @@
 #include <vector>
 
 #include "store/confronto.h"
-#include "store/database.h"
+#include "store/schema_base.h"
 
 namespace lokera {
 
@@ -160,6 +160,17 @@ void esegui_passi(Database& db) {
 }
 
 }  // namespace
+
+std::vector<TabellaAttesa> tabelle_della_migrazione() {
+  std::vector<TabellaAttesa> tabelle;
+  for (const Passo& p : passi()) {
+    TabellaAttesa t{QString::fromUtf16(p.tabella), colonne_definite(QString::fromUtf16(p.colonne))};
+    for (const Campo& c : p.campi) t.colonne += QString::fromUtf16(c.nome);
+    t.colonne.removeDuplicates();
+    tabelle.push_back(t);
+  }
+  return tabelle;
+}
 
 Errore aggiorna_database(Database& db) {
   if (db.connessione_db.in_transazione()) {
