@@ -48,8 +48,7 @@ Lessema lessema(QStringView s, qsizetype i) {
   const auto pezzo = [&](TipoLessema tipo, qsizetype fine) { return Lessema{tipo, s.sliced(i, fine - i)}; };
   if (c.isSpace()) return pezzo(TipoLessema::spazio, fine_serie(s, i, [](QChar x) { return x.isSpace(); }));
   if (const qsizetype fine = fine_commento(s, i); fine > i) return pezzo(TipoLessema::spazio, fine);
-  if (c == u'\'') return pezzo(TipoLessema::testo, fine_testo(s, i, c));
-  if (c == u'"') return pezzo(TipoLessema::testo_doppio, fine_testo(s, i, c));
+  if (c == u'\'' || c == u'"') return pezzo(TipoLessema::testo, fine_testo(s, i, c));
   if (c == u'[') return pezzo(TipoLessema::nome, fine_chiusa(s, i, u']'));
   if (c == u'#' && s.indexOf(c, i + 1) >= 0) return pezzo(TipoLessema::data, fine_chiusa(s, i, c));
   if (inizia_parola(c)) return pezzo(TipoLessema::parola, fine_serie(s, i, continua_parola));

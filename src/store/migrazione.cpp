@@ -110,13 +110,14 @@ constexpr std::array indici{
     u"tessere_chiavi_lokera on tessere_chiavi (lokera, posizione)",
     u"tessere_chiavi_gruppo on tessere_chiavi (gruppo, posizione)",
     u"tessere_operatori_gruppo on tessere_operatori (gruppo)",
-    u"gruppi_tessera_tessera on gruppi_tessera (tessera, codice)",
     u"gruppi_tessera_codice on gruppi_tessera (codice, tessera)",
-    u"movimenti_id on movimenti (id)",
     u"movimenti_data on movimenti (data)",
     u"movimenti_operatore on movimenti (operatore, data)",
     u"movimenti_chiave on movimenti (chiave, data)",
 };
+
+/// Files of earlier releases have them beside the primary keys that do the same.
+constexpr std::array indici_doppi{u"gruppi_tessera_tessera", u"movimenti_id"};
 
 }  // namespace
 
@@ -153,6 +154,9 @@ void esegui_passi(Database& db) {
     esegui_ddl(db, u"CREATE table "_s + tabella + u' ' + QString::fromUtf16(p.colonne));
     for (const Campo& c : p.campi)
       aggiungi_campo(db, tabella, QString::fromUtf16(c.nome), QString::fromUtf16(c.tipo));
+  }
+  for (const char16_t* i : indici_doppi) {
+    static_cast<void>(db.connessione_db.Execute(u"drop index if exists "_s + QString::fromUtf16(i)));
   }
   for (const char16_t* i : indici) {
     static_cast<void>(db.connessione_db.Execute(u"create index if not exists "_s + QString::fromUtf16(i)));

@@ -102,6 +102,15 @@ TEST_F(FileVecchio, SottoUnBloccoNonCambiaNulla) {
 
 using Piani = prova::Archivio;
 
+TEST_F(Piani, GliIndiciDoppiDiUnFileVecchioVannoVia) {
+  const char* doppi =
+      "select count(*) from sqlite_master where name in ('movimenti_id', 'gruppi_tessera_tessera')";
+  ASSERT_EQ(esegui("create index movimenti_id on movimenti (id)"), QString());
+  ASSERT_EQ(esegui("create index gruppi_tessera_tessera on gruppi_tessera (tessera, codice)"), QString());
+  EXPECT_FALSE(aggiorna_database(db));
+  EXPECT_EQ(leggi(doppi), QStringList{"0"});
+}
+
 TEST_F(Piani, LeInterrogazioniFrequentiUsanoUnIndice) {
   const std::array interrogazioni{
       "select * from tessere_operatori where codice = ?",
