@@ -140,7 +140,7 @@ Errore controlla_schema(Connection& connessione) {
   QStringList colonne;
   for (const TabellaAttesa& t : tabelle_attese()) {
     Recordset rs;
-    const Errore e = rs.Open(u"select * from "_s + t.nome + u" where 1 = 0"_s, connessione);
+    Errore e = rs.Open(u"select * from "_s + t.nome + u" where 1 = 0"_s, connessione);
     if (e && e.classe != ClasseErrore::schema) return e;
     if (e) tabelle += t.nome;
     for (const QString& colonna : t.colonne) {
