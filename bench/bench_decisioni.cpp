@@ -18,6 +18,7 @@
 #include "bench/nudo.h"
 #include "bench/sito_misure.h"
 #include "link/protocollo.h"
+#include "platform/momento.h"
 #include "supervisor/console.h"
 
 using namespace lokera;
@@ -42,7 +43,7 @@ class SeiQuery {
 
   void esegui(const QByteArray& frame) {
     const QByteArray chiave = frame.mid(18, 10);
-    const QDateTime adesso = QDateTime::currentDateTime();
+    const QDateTime adesso = come_si_legge(QDateTime::currentDateTime());
     const QByteArray minuto = "1899-12-30 " + adesso.toString(u"HH:mm:00"_s).toLatin1();
     const QDate data = adesso.date();
     chiave_.lega(1, chiave).leggi_tutto();

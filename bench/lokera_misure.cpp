@@ -11,6 +11,7 @@
 #include "bench/misura.h"
 #include "bench/sito_misure.h"
 #include "link/protocollo.h"
+#include "platform/momento.h"
 #include "simulation/cabinet_server.h"
 #include "simulation/reale/real_rete.h"
 
@@ -21,7 +22,7 @@ using namespace lokera::simulazione;
 namespace {
 
 void riempi(Cabinet& cabinet, Registro& registro, int transazioni) {
-  const QDateTime inizio(QDate(2008, 1, 7), QTime(6, 0), Qt::UTC);
+  const QDateTime inizio = momento(QDate(2008, 1, 7), QTime(6, 0));
   for (int i = 0; i < transazioni; ++i) {
     const simulazione::Movimento m{i % 2 == 0 ? prelievo : restituzione,
                                    SitoMisure::tessera(i % 50).toLatin1(),

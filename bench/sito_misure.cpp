@@ -4,6 +4,7 @@
 #include <QSysInfo>
 
 #include "bench/misura.h"
+#include "platform/momento.h"
 #include "store/date_jet.h"
 #include "store/schema_base.h"
 
@@ -82,8 +83,8 @@ Errore SitoMisure::chiavi(Connection& c) const {
 }
 
 Errore SitoMisure::tessere(Connection& c) const {
-  const QDateTime dal(QDate(2000, 1, 1), QTime(0, 0));
-  const QDateTime al(QDate(2099, 12, 31), QTime(0, 0));
+  const QDateTime dal = momento(QDate(2000, 1, 1));
+  const QDateTime al = momento(QDate(2099, 12, 31));
   for (int i = 0; i < misure_.tessere; ++i) {
     if (Errore e = c.Execute(
             u"insert into tessere_operatori (codice, intestazione, valido_dal, valido_al, posizione,"
@@ -115,7 +116,7 @@ Errore SitoMisure::fasce(Connection& c) const {
 }
 
 Errore SitoMisure::movimenti(Connection& c) const {
-  const QDateTime inizio(QDate(2004, 1, 1), QTime(6, 0), Qt::UTC);
+  const QDateTime inizio = momento(QDate(2004, 1, 1), QTime(6, 0));
   for (int i = 0; i < misure_.movimenti; ++i) {
     const int t = i * 7 % std::max(1, misure_.tessere);
     if (Errore e =

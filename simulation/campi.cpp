@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "platform/momento.h"
+
 namespace lokera::simulazione {
 
 namespace {
@@ -40,7 +42,7 @@ std::optional<QDateTime> momento_da_cifre(QByteArrayView cifre) {
   const QDate giorno(campo(4, 4), campo(2, 2), campo(0, 2));
   const QTime ora(campo(8, 2), campo(10, 2), campo(12, 2));
   if (!giorno.isValid() || !ora.isValid()) return std::nullopt;
-  return QDateTime(giorno, ora, Qt::UTC);
+  return momento(giorno, ora);
 }
 
 bool cifre_esadecimali(QByteArrayView testo) {

@@ -11,8 +11,8 @@ class OrologioCabinet {
  public:
   explicit OrologioCabinet(const Clock& clock) : clock_(clock) { regola(clock.adesso()); }
 
-  void regola(const QDateTime& momento) {
-    base_ = QDateTime(momento.date(), momento.time(), Qt::UTC);
+  void regola(const QDateTime& ora) {
+    base_ = ora;
     da_ = clock_.monotono();
   }
 

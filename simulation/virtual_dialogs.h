@@ -48,8 +48,12 @@ class VirtualDesktop : public Desktop {
  public:
   void apri_pagina(const QString& indirizzo) override { pagine.append(indirizzo); }
   void svuota_appunti() override { ++appunti_svuotati; }
+  void mostra_avviso(const QString& testo) override { avvisi.append(avviso = testo); }
+  void togli_avviso() override { avviso.clear(); }
 
   QStringList pagine;
+  QString avviso;      ///< the notice that stands; empty for none
+  QStringList avvisi;  ///< all that were shown
   int appunti_svuotati = 0;
 };
 

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "platform/machine.h"
+#include "platform/momento.h"
 #include "simulation/virtual_dialogs.h"
 #include "simulation/virtual_network.h"
 #include "simulation/virtual_timer.h"
@@ -31,7 +32,7 @@ struct VirtualComputer {
 class VirtualMachine {
  public:
   explicit VirtualMachine(quint64 seme = 0,
-                          const QDateTime& inizio = QDateTime(QDate(2008, 11, 30), QTime(8, 0)));
+                          const QDateTime& inizio = momento(QDate(2008, 11, 30), QTime(8, 0)));
   ~VirtualMachine() { ciclo_.svuota(); }  // while the network still stands: events hold its wires
   Q_DISABLE_COPY_MOVE(VirtualMachine)
 

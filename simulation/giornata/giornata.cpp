@@ -4,6 +4,7 @@
 #include <QFileInfo>
 #include <QTemporaryDir>
 
+#include "platform/momento.h"
 #include "simulation/giornata/ciclo_misurato.h"
 #include "simulation/giornata/controlli.h"
 #include "simulation/giornata/osservatore.h"
@@ -36,7 +37,7 @@ QString cartella_veloce() {
 
 // The day ends at 14, when every band of the morning has closed and none of the evening is near.
 QDateTime inizio(int ore) {
-  return QDateTime(QDate(2008, 11, 30), QTime(14, 0)).addSecs(-3600LL * ore);
+  return momento(QDate(2008, 11, 30), QTime(14, 0)).addSecs(-3600LL * ore);
 }
 
 class Giornata {

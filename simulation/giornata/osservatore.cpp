@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "link/protocollo.h"
+#include "platform/momento.h"
 #include "simulation/transazioni.h"
 #include "store/recordset.h"
 
@@ -27,7 +28,7 @@ QDateTime data_record(QByteArrayView cifre) {
   const auto n = [&](qsizetype da) { return cifre.sliced(da, 2).toInt(); };
   const QDate giorno(n(4) < 30 ? 2000 + n(4) : 1900 + n(4), n(2), n(0));
   const QTime ora(n(6), n(8), n(10));
-  return giorno.isValid() && ora.isValid() ? QDateTime(giorno, ora) : QDateTime();
+  return momento(giorno, ora);
 }
 
 // A whole or truncated record that the console books; anything else gives false.

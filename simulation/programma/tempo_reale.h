@@ -3,13 +3,14 @@
 #include <QTimer>
 
 #include "platform/clock.h"
+#include "platform/momento.h"
 #include "platform/timer.h"
 
 namespace lokera::simulazione {
 
 class OrologioReale : public Clock {
  public:
-  QDateTime adesso() const override { return QDateTime::currentDateTime(); }
+  QDateTime adesso() const override { return come_si_legge(QDateTime::currentDateTime()); }
   Monotonic monotono() const override { return std::chrono::steady_clock::now().time_since_epoch(); }
 };
 

@@ -7,6 +7,7 @@
 
 #include "access/tessere_di_fascia.h"
 #include "ledger/coda_tessere.h"
+#include "platform/momento.h"
 #include "store/date_jet.h"
 #include "store/recordset.h"
 
@@ -42,8 +43,8 @@ bool da_applicare(const Fascia& fascia, const QDateTime& adesso) {
   const QTime alle = fascia.alle_ore.time();
   const bool si_apre = minuti_tra(dalle, adesso.time()) + 5 > 0 && minuti_tra(adesso.time(), alle) > 0;
   const bool chiusa = minuti_tra(alle, adesso.time()) > 0;
-  return (si_apre && da_rifare(fascia, QDateTime(adesso.date(), dalle))) ||
-         (chiusa && da_rifare(fascia, QDateTime(adesso.date(), alle)));
+  return (si_apre && da_rifare(fascia, momento(adesso.date(), dalle))) ||
+         (chiusa && da_rifare(fascia, momento(adesso.date(), alle)));
 }
 
 Errore leggi_fasce(Connection& c, const QString& giorno, std::vector<Fascia>& fasce) {

@@ -8,8 +8,8 @@ namespace lokera {
 
 namespace {
 
-// What a special day counts as; left empty when the date is none.
-Errore giorno_speciale(Database& db, QDate oggi, int anno, QString& speciale) {
+// What a special day of a year counts as, 0 for every year; left empty when the date is none.
+Errore giorno_di_anno(Database& db, QDate oggi, int anno, QString& speciale) {
   Recordset rs;
   if (Errore e =
           rs.Open(QStringLiteral("select * from giorni_particolari where GG = ? and MM =  ? and AAAA = ?"),
@@ -18,6 +18,12 @@ Errore giorno_speciale(Database& db, QDate oggi, int anno, QString& speciale) {
   }
   if (!rs.eof()) speciale = rs.testo(u"giorno").trimmed();
   return {};
+}
+
+// A day of this very year wins over one of every year.
+Errore giorno_speciale(Database& db, QDate oggi, QString& speciale) {
+  const Errore e = giorno_di_anno(db, oggi, oggi.year(), speciale);
+  return e || !speciale.isEmpty() ? e : giorno_di_anno(db, oggi, 0, speciale);
 }
 
 }  // namespace
@@ -35,20 +41,18 @@ Giorno::Giorno(Database& db, const Clock& orologio, Traduttore& traduttore)
 
 Errore Giorno::tipo_giorno() {
   Errore e = tipo_della_data(db_, traduttore_, orologio_.adesso().date(), giorno_corrente_);
-  if (e) aggiorna_database(db_);
+  // Only a missing table or column is an older file; behind a lock there may be a special day.
+  if (e.classe == ClasseErrore::schema && !aggiorna_database(db_))
+    e = tipo_della_data(db_, traduttore_, orologio_.adesso().date(), giorno_corrente_);
   return e;
 }
 
 Errore tipo_della_data(Database& db, Traduttore& traduttore, QDate data, QString& giorno) {
   giorno = traduttore.traduci(nome_giorno(data.dayOfWeek()));
   QString speciale;
-  if (Errore e = giorno_speciale(db, data, data.year(), speciale)) return e;
-  // A day of this very year wins over one of every year.
-  if (speciale.isEmpty()) {
-    if (Errore e = giorno_speciale(db, data, 0, speciale)) return e;
-  }
-  if (!speciale.isEmpty()) giorno = speciale;
-  return {};
+  Errore errore = giorno_speciale(db, data, speciale);
+  if (!errore && !speciale.isEmpty()) giorno = speciale;
+  return errore;
 }
 
 }  // namespace lokera

@@ -13,8 +13,9 @@ class Giorno {
  public:
   Giorno(Database& db, const Clock& orologio, Traduttore& traduttore);
 
-  /// Works out `giorno_corrente`. When the special days can't be read the file is older than the program: the
-  /// migration runs and the weekday stands; the failure is returned for those who must not decide on a guess.
+  /// Works out `giorno_corrente`. Where the file lacks the special days it is older than the program: the
+  /// migration runs and they are asked for again. When they can't be read the weekday stands, and the failure
+  /// is returned for those who must not decide on a guess.
   Errore tipo_giorno();
 
   /// What the last call found; empty before the first.

@@ -1,5 +1,9 @@
 #pragma once
 
+#include <QLabel>
+
+#include <memory>
+
 #include "platform/desktop.h"
 
 namespace lokera {
@@ -8,6 +12,11 @@ class QtDesktop : public Desktop {
  public:
   void apri_pagina(const QString& indirizzo) override;
   void svuota_appunti() override;
+  void mostra_avviso(const QString& testo) override;
+  void togli_avviso() override;
+
+ private:
+  std::unique_ptr<QLabel> avviso_;
 };
 
 /// Ends the process where it stands. Leaving the application's loop would not do: waits run loops of their

@@ -34,7 +34,7 @@ namespace {
 
 /// Another console's lock, by the engine's own number.
 bool occupato(const Errore& errore) {
-  return (errore.numero & 0xFF) == 5;
+  return errore.classe == ClasseErrore::bloccato;
 }
 
 const QString& tabella() {

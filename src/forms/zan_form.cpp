@@ -2,6 +2,7 @@
 
 #include "forms/legame.h"
 #include "forms/ss_ole_db_combo.h"
+#include "platform/momento.h"
 
 namespace lokera {
 
@@ -73,7 +74,7 @@ void ZanForm::scrivi_blocco(Recordset& rs, const QString& tabella, const QString
   (void)rs.imposta(u"tabella", tabella);
   (void)rs.imposta(u"chiave", chiave);
   (void)rs.imposta(u"operatore", operatore);
-  (void)rs.imposta(u"data", QDateTime(orologio_.adesso().date(), QTime(0, 0)));
+  (void)rs.imposta(u"data", momento(orologio_.adesso().date()));
   if (rs.Update()) rs.CancelUpdate();
 }
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <QDateTime>
-
 #include <chrono>
+
+#include "platform/momento.h"
 
 namespace lokera {
 
@@ -15,7 +15,8 @@ class Clock {
  public:
   virtual ~Clock() = default;
 
-  /// The computer's local time, to the millisecond.
+  /// What the computer's calendar and clock face show, to the millisecond: a `momento`, like every other
+  /// one. In summer's last hour it goes back like the face.
   virtual QDateTime adesso() const = 0;
 
   virtual Monotonic monotono() const = 0;

@@ -11,6 +11,10 @@ class Desktop {
   /// Opens the page in the default browser. A failure is silent.
   virtual void apri_pagina(const QString& indirizzo) = 0;
   virtual void svuota_appunti() = 0;  ///< clears the system clipboard
+  /// A small notice that stays until it is taken away and that nobody has to answer; a second one takes the
+  /// first one's place. It can be shown before any window is. Drawn when the event loop next runs.
+  virtual void mostra_avviso(const QString& testo) = 0;
+  virtual void togli_avviso() = 0;
 };
 
 /// The end of the program.

@@ -1,5 +1,7 @@
 #include "platform/polled_wait.h"
 
+#include <algorithm>
+
 namespace lokera {
 
 bool PolledWait::attendi(int secondi, const std::function<bool()>& pronto) {
@@ -14,6 +16,16 @@ bool PolledWait::attendi(int secondi, const std::function<bool()>& pronto) {
 
 void PolledWait::attendi_oltre(int secondi) {
   attendi(secondi, [] { return false; });
+}
+
+bool PolledWait::ritenta(Monotonic ogni, Monotonic limite, const std::function<bool()>& tentativo) {
+  const Monotonic fine = orologio_.monotono() + limite;
+  while (!tentativo()) {
+    if (orologio_.monotono() >= fine) return false;
+    const Monotonic prossimo = std::min(orologio_.monotono() + ogni, fine);
+    while (orologio_.monotono() < prossimo) ciclo_.esegui_eventi(prossimo);
+  }
+  return true;
 }
 
 void PolledWait::cedi() {

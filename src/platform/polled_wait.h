@@ -22,6 +22,10 @@ class PolledWait {
   /// clock shows another second.
   void attendi_oltre(int secondi);
 
+  /// Calls `tentativo` at once and then every `ogni` until it gives true, the event loop running in between,
+  /// for `limite` at most; the last try falls on the limit. Returns whether one succeeded.
+  bool ritenta(Monotonic ogni, Monotonic limite, const std::function<bool()>& tentativo);
+
   /// Delivers what is due and returns without waiting.
   void cedi();
 

@@ -1,4 +1,5 @@
 #include <QFileInfo>
+#include <QTemporaryFile>
 
 #include "store/errori_motore.h"
 #include "store/funzioni_sql.h"
@@ -10,15 +11,30 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr ClasseErrore senza_diritti = ClasseErrore::diritti;
+
 Errore file_apribile(const QString& file, bool nuovo) {
   const QFileInfo info(file);
   if (nuovo) {
-    if (info.exists()) return {SQLITE_CANTOPEN, u"Il file esiste già: "_s + file};
+    if (info.exists() && info.size() > 0) return {SQLITE_CANTOPEN, u"Il file esiste già: "_s + file};
     return {};
   }
   if (!info.isFile()) return {SQLITE_CANTOPEN, u"File non trovato: "_s + file};
   if (info.size() == 0) return {SQLITE_NOTADB, u"Il file è vuoto: "_s + file};
+  if (!info.isReadable())
+    return {SQLITE_PERM, u"Manca il diritto di leggere il file: "_s + file, senza_diritti};
   return {};
+}
+
+/// Who may not write would find out only when the first movement is lost: the engine falls back to reading
+/// without a word. The journal lies beside the file, so the folder counts as well; what its permissions say
+/// isn't always so, hence the try.
+Errore scrivibile(sqlite3* db, const QString& file) {
+  if (sqlite3_db_readonly(db, "main") != 0)
+    return {SQLITE_READONLY, u"Manca il diritto di scrivere il file"_s, senza_diritti};
+  QTemporaryFile prova(QFileInfo(file).canonicalPath() + u"/lokera-XXXXXX"_s);
+  if (prova.open()) return {};
+  return {SQLITE_READONLY, u"Manca il diritto di scrivere nella cartella del file"_s, senza_diritti};
 }
 
 struct Impostazione {
@@ -43,7 +59,8 @@ Errore Connection::Motore::apri(const QString& file, const QString& password, bo
   if (errore) return errore;
   const int modo = SQLITE_OPEN_READWRITE | (nuovo ? SQLITE_OPEN_CREATE : 0);
   const int rc = sqlite3_open_v2(file.toUtf8().constData(), &db, modo, nullptr);
-  errore = rc == SQLITE_OK ? imposta_file(password) : errore_motore(db, rc);
+  errore = rc == SQLITE_OK ? scrivibile(db, file) : errore_motore(db, rc);
+  if (!errore) errore = imposta_file(password);
   if (!errore) {
     sorveglia();
     return {};
@@ -55,7 +72,7 @@ Errore Connection::Motore::apri(const QString& file, const QString& password, bo
 
 Errore Connection::Motore::imposta_file(const QString& password) {
   sqlite3_extended_result_codes(db, 1);
-  sqlite3_busy_timeout(db, attesa_blocco_ms);
+  sqlite3_busy_timeout(db, attesa_ms);
   const QByteArray chiave = password.toUtf8();
   int rc = sqlite3_key(db, chiave.constData(), static_cast<int>(chiave.size()));
   if (rc == SQLITE_OK) rc = registra_funzioni(db);
@@ -77,10 +94,12 @@ Errore Connection::Motore::leggi_impostazione(const char* nome, const QString& a
   Errore errore;
   const auto s = prendi(u"pragma "_s + QString::fromLatin1(nome), errore);
   if (!s) return errore;
-  const bool riga = sqlite3_step(s->grezzo()) == SQLITE_ROW;
+  const int rc = sqlite3_step(s->grezzo());
+  const bool riga = rc == SQLITE_ROW;
+  if (!riga && rc != SQLITE_DONE) errore = errore_motore(db, rc);
   const QString letto = riga ? leggi_valore(s->grezzo(), 0, TipoCampo::testo).toString() : QString();
   s->azzera();
-  if (letto == atteso) return {};
+  if (errore || letto == atteso) return errore;
   return {SQLITE_ERROR,
           u"Impostazione %1 non accettata dal database: %2"_s.arg(QString::fromLatin1(nome), letto)};
 }

@@ -33,6 +33,13 @@ Errore Connection::Execute(const QString& sql, const QVariantList& valori, qint6
   return motore_->esegui(sql, valori, righe);
 }
 
+Errore Connection::restituisce_righe(const QString& sql, bool& righe) {
+  Errore errore;
+  const auto s = motore_->prendi(sql, errore);
+  righe = s && sqlite3_column_count(s->grezzo()) > 0;
+  return errore;
+}
+
 Errore Connection::BeginTrans() {
   if (motore_->transazione) return {SQLITE_ERROR, u"Una transazione è già aperta"_s};
   // The right to write is taken at once: a transaction that has read must not fail for it half way.
@@ -59,6 +66,11 @@ bool Connection::in_transazione() const {
   return motore_->transazione;
 }
 
+void Connection::attesa_blocco(int ms) {
+  motore_->attesa_ms = ms;
+  if (aperta()) sqlite3_busy_timeout(motore_->db, ms);
+}
+
 quint64 Connection::versione_tabella(const QString& tabella) const {
   return motore_->versione(tabella);
 }
@@ -71,12 +83,13 @@ qint64 Connection::istruzioni() const {
   return motore_->istruzioni;
 }
 
-SenzaAttesa::SenzaAttesa(Connection& connessione) : connessione_(connessione) {
-  if (connessione_.aperta()) sqlite3_busy_timeout(connessione_.motore_->db, 0);
+SenzaAttesa::SenzaAttesa(Connection& connessione)
+    : connessione_(connessione), prima_(connessione.motore_->attesa_ms) {
+  connessione_.attesa_blocco(0);
 }
 
 SenzaAttesa::~SenzaAttesa() {
-  if (connessione_.aperta()) sqlite3_busy_timeout(connessione_.motore_->db, Connection::attesa_blocco_ms);
+  connessione_.attesa_blocco(prima_);
 }
 
 Errore in_transazione(Connection& c, const std::function<Errore()>& lavoro) {

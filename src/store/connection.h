@@ -25,15 +25,21 @@ class Connection {
   Connection& operator=(const Connection&) = delete;
 
   /// Opens an existing encrypted file; never creates one. Fails on a missing or damaged file, on a wrong
-  /// password, and when the durability settings can't be read back as they were set.
+  /// password, where the file or its folder can't be written, and when the durability settings can't be read
+  /// back as they were set.
   Errore Open(const QString& file, const QString& password);
-  /// Makes a new empty encrypted file and opens it; fails when the file is there already.
+  /// Makes a new encrypted file without tables and opens it; fails when the file is there already and not
+  /// empty.
   Errore crea(const QString& file, const QString& password);
   void Close();
   bool aperta() const;
 
-  /// Runs one statement that yields no rows. `righe`, when given, receives how many rows it touched.
+  /// Runs one statement that yields no rows. `righe`, when given, receives how many rows it touched; -1 for
+  /// one that is no insert, update or delete.
   Errore Execute(const QString& sql, const QVariantList& valori = {}, qint64* righe = nullptr);
+
+  /// Whether the statement yields rows, told from its columns; it isn't run.
+  Errore restituisce_righe(const QString& sql, bool& righe);
 
   Errore BeginTrans();
   Errore CommitTrans();
@@ -54,6 +60,7 @@ class Connection {
   static constexpr int attesa_blocco_ms = 250;
 
  private:
+  void attesa_blocco(int ms);  ///< also before the file is open
   friend class Recordset;
   friend Errore tutto_o_niente(Connection&, const std::function<Errore()>&);
   friend class SenzaAttesa;
@@ -61,7 +68,8 @@ class Connection {
   std::unique_ptr<Motore> motore_;
 };
 
-/// While one lives, a statement that meets another console's lock fails at once: for what isn't worth a wait.
+/// While one lives, a statement that meets another console's lock fails at once: for what isn't worth a wait,
+/// and for who lets the loop run between his tries. It may begin before the file is open.
 class SenzaAttesa {
  public:
   explicit SenzaAttesa(Connection& connessione);
@@ -71,6 +79,7 @@ class SenzaAttesa {
 
  private:
   Connection& connessione_;
+  const int prima_;
 };
 
 /// Runs `lavoro` as one transaction. The work runs only when the transaction has begun; it is committed when

@@ -3,6 +3,7 @@
 
 #include <cmath>
 
+#include "platform/momento.h"
 #include "store/date_jet.h"
 #include "store/recordset.h"
 
@@ -84,7 +85,7 @@ QDateTime come_data(const QVariant& v) {
     case QMetaType::QDateTime:
       return v.toDateTime();
     case QMetaType::QDate:
-      return {v.toDate(), QTime(0, 0)};
+      return momento(v.toDate());
     case QMetaType::QTime:
       return v.toTime().isValid() ? ora(v.toTime()) : QDateTime();
     case QMetaType::QString:
@@ -97,10 +98,10 @@ QDateTime come_data(const QVariant& v) {
 Errore in_data(const Campo& campo, const QVariant& v, QVariant& esito) {
   const bool numero = tipo_intero(v.typeId()) || tipo_reale(v.typeId());
   if (numero && std::abs(v.toDouble()) < 1.0e6) {  // days since day zero, with their fraction
-    esito = QDateTime(giorno_zero(), QTime(0, 0)).addDays(static_cast<qint64>(std::floor(v.toDouble())));
+    const QDate giorno = giorno_zero().addDays(static_cast<qint64>(std::floor(v.toDouble())));
     const double frazione = v.toDouble() - std::floor(v.toDouble());
     const auto tempo = QTime::fromMSecsSinceStartOfDay(static_cast<int>(frazione * 86'400'000));
-    esito = QDateTime(esito.toDateTime().date(), tempo);
+    esito = momento(giorno, tempo);
     return {};
   }
   const QDateTime d = come_data(v);
@@ -120,7 +121,7 @@ QString testo_valore(const QVariant& v) {
     case QMetaType::QDateTime:
       return testo_italiano(v.toDateTime());
     case QMetaType::QDate:
-      return testo_italiano({v.toDate(), QTime(0, 0)});
+      return testo_italiano(momento(v.toDate()));
     case QMetaType::QTime:
       return testo_italiano(ora(v.toTime()));
     default:

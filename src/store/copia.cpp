@@ -1,5 +1,6 @@
 #include <QFile>
 
+#include "store/file_parziale.h"
 #include "store/recordset.h"
 #include "store/schema_base.h"
 
@@ -9,13 +10,24 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+Errore copia_byte(const QString& file, const QString& destinazione) {
+  QFile da(file);
+  QFile a(destinazione);
+  bool buona = da.open(QIODevice::ReadOnly) && a.open(QIODevice::WriteOnly);
+  a.setPermissions(da.permissions() | QFile::WriteOwner);
+  while (buona && !da.atEnd()) {
+    const QByteArray pezzo = da.read(1 << 20);
+    buona = !pezzo.isEmpty() && a.write(pezzo) == pezzo.size();
+  }
+  if (buona && a.flush()) return {};
+  return {1, u"Impossibile scrivere il file: "_s + destinazione};
+}
+
 /// With nobody able to commit, the file's bytes are one state of the database, encrypted as they lie.
-Errore copia_byte(Connection& connessione, const QString& file, const QString& destinazione) {
+Errore copia_ferma(Connection& connessione, const QString& file, const QString& destinazione) {
   Recordset lettura;  // the open reading is the lock
   if (Errore e = lettura.Open(u"select name from sqlite_master"_s, connessione)) return e;
-  if (QFile::copy(file, destinazione)) return {};
-  QFile::remove(destinazione);
-  return {1, u"Impossibile scrivere il file: "_s + destinazione};
+  return copia_byte(file, destinazione);
 }
 
 Errore verifica(const QString& file, const QString& password) {
@@ -28,27 +40,19 @@ Errore verifica(const QString& file, const QString& password) {
 
 Errore controlla_database(Connection& connessione) {
   Recordset rs;
-  if (Errore e = rs.Open(u"pragma quick_check(1)"_s, connessione)) return e;
+  if (Errore e = rs.Open(u"pragma integrity_check(1)"_s, connessione)) return e;
   const QString esito = rs.valore(0).toString();
   if (esito == "ok"_L1) return {};
-  return {1, u"Il file del database è danneggiato: "_s + esito};
+  return {1, u"Il file del database è danneggiato: "_s + esito, ClasseErrore::perduto};
 }
 
 Errore copia_database(Connection& connessione, const QString& file, const QString& destinazione,
                       const QString& password) {
-  if (QFile::exists(destinazione)) return {1, u"Il file esiste già: "_s + destinazione};
-  const QString parziale = destinazione + u".parziale"_s;
-  QFile::remove(parziale);
-  Errore errore = copia_byte(connessione, file, parziale);
-  if (!errore) {
-    QFile::setPermissions(parziale, QFile::permissions(parziale) | QFile::WriteOwner);
-    errore = verifica(parziale, password);
-  }
-  if (!errore && !QFile::rename(parziale, destinazione)) {
-    errore = {1, u"Impossibile scrivere il file: "_s + destinazione};
-  }
-  if (errore) QFile::remove(parziale);
-  return errore;
+  FileParziale parziale(destinazione);
+  if (parziale.inizio()) return parziale.inizio();
+  if (Errore e = copia_ferma(connessione, file, parziale.nome())) return e;
+  if (Errore e = verifica(parziale.nome(), password)) return e;
+  return parziale.conferma();
 }
 
 }  // namespace lokera

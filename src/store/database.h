@@ -22,8 +22,10 @@ QString password_database();
 Errore apri_database(Database& db, const QString& cartella);
 
 /// The migration: brings a file of any earlier release up to the present one. Every step that fails (a table
-/// or column that is there) is skipped; running it again changes nothing. Makes the indexes too.
-void aggiorna_database(Database& db);
+/// or column that is there) is skipped; running it again changes nothing. Makes the indexes too. It is one
+/// transaction, or part of the caller's: where it can't write, or can't commit, nothing is changed and the
+/// failure is returned.
+Errore aggiorna_database(Database& db);
 
 /// The pieces of the migration. `aggiungi_campo` fills a column that is really new: 0 in numbers, one blank
 /// in texts, Null in dates. Both ignore every failure.

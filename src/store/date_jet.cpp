@@ -3,6 +3,8 @@
 #include <array>
 #include <vector>
 
+#include "platform/momento.h"
+
 namespace lokera {
 
 QDate giorno_zero() {
@@ -10,7 +12,7 @@ QDate giorno_zero() {
 }
 
 QDateTime ora(QTime t) {
-  return {giorno_zero(), t};
+  return momento(giorno_zero(), t);
 }
 
 int minuti_tra(QTime a, QTime b) {
@@ -121,10 +123,10 @@ std::optional<QDateTime> leggi_data(QStringView testo, OrdineData ordine) {
   }
   const auto giorno = leggi_giorno(*prima, ordine);
   if (!giorno) return std::nullopt;
-  if (taglio < 0) return QDateTime(*giorno, QTime(0, 0));
+  if (taglio < 0) return momento(*giorno);
   const auto seconda = spezza(t.sliced(taglio + 1).trimmed());
   const auto orario = seconda ? leggi_ora(*seconda) : std::nullopt;
-  return orario ? std::optional(QDateTime(*giorno, *orario)) : std::nullopt;
+  return orario ? std::optional(momento(*giorno, *orario)) : std::nullopt;
 }
 
 QByteArray data_memorizzata(const QDateTime& data) {
@@ -147,7 +149,7 @@ QDateTime da_data_memorizzata(QByteArrayView t) {
   if (t.size() != 19 || t[4] != '-' || t[7] != '-' || t[10] != ' ' || t[13] != ':' || t[16] != ':') return {};
   const QDate d(numero_fisso(t, 0, 4), numero_fisso(t, 5, 2), numero_fisso(t, 8, 2));
   const QTime o(numero_fisso(t, 11, 2), numero_fisso(t, 14, 2), numero_fisso(t, 17, 2));
-  return d.isValid() && o.isValid() ? QDateTime(d, o) : QDateTime();
+  return momento(d, o);
 }
 
 QString testo_italiano(const QDateTime& data) {

@@ -44,7 +44,7 @@ Errore carica_righe(Connection& connessione, const QString& tabella, const QByte
     ++numero;
     if (riga.isEmpty()) continue;
     if (Errore e = carica_riga(rs, colonne, riga.split(u'\t'))) {
-      return {e.numero, u"%1, riga %2: "_s.arg(tabella).arg(numero) + e.descrizione};
+      return {e.numero, u"%1, riga %2: "_s.arg(tabella).arg(numero) + e.descrizione, e.classe};
     }
   }
   return {};

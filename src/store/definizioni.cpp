@@ -12,10 +12,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// One type of the store: its names in statements, the name under which the engine knows it (none is exactly
+/// One type of the store: its name in statements, the name under which the engine knows it (none is exactly
 /// INTEGER, which would make a key the row's own number), what it takes and how that is said.
 struct Tipo {
-  QStringView nomi;  ///< between blanks
+  QStringView nome;
   QLatin1StringView dichiarato;
   QLatin1StringView prova;  ///< % is the column
   QStringView regola;
@@ -24,30 +24,25 @@ struct Tipo {
 };
 
 constexpr std::array tipi{
-    Tipo{u" integer short smallint ", "SMALLINT"_L1,
-         "% between -32768 and 32767 and % = cast(% as integer)"_L1,
+    Tipo{u"integer", "SMALLINT"_L1, "% between -32768 and 32767 and % = cast(% as integer)"_L1,
          u"serve un numero intero da -32768 a 32767", TipoCampo::intero_breve, 2},
-    Tipo{u" long int ", "INT"_L1, "% between -2147483648 and 2147483647 and % = cast(% as integer)"_L1,
+    Tipo{u"long", "INT"_L1, "% between -2147483648 and 2147483647 and % = cast(% as integer)"_L1,
          u"serve un numero intero da -2147483648 a 2147483647", TipoCampo::intero, 4},
-    Tipo{u" byte tinyint ", "TINYINT"_L1, "% between 0 and 255 and % = cast(% as integer)"_L1,
+    Tipo{u"byte", "TINYINT"_L1, "% between 0 and 255 and % = cast(% as integer)"_L1,
          u"serve un numero intero da 0 a 255", TipoCampo::intero_breve, 1},
-    Tipo{u" yesno bit boolean logical ", "BOOLEAN"_L1, "% in (0, 1)"_L1, u"serve vero (1) o falso (0)",
-         TipoCampo::booleano, 2},
-    Tipo{u" single real ", "REAL"_L1, "% = cast(% as real)"_L1, u"serve un numero", TipoCampo::doppio, 4},
-    Tipo{u" double float number ", "DOUBLE"_L1, "% = cast(% as real)"_L1, u"serve un numero",
-         TipoCampo::doppio, 8},
-    Tipo{u" numeric decimal ", "NUMERIC"_L1, "% = cast(% as numeric)"_L1, u"serve un numero",
-         TipoCampo::numerico, 19},
-    Tipo{u" date datetime time ", "DATETIME"_L1, "datetime(%, '+0 days') is %"_L1, u"serve una data valida",
-         TipoCampo::data, 8},
-    Tipo{u" text char varchar ", "TEXT"_L1, ""_L1, u"", TipoCampo::testo, 255},
-    Tipo{u" memo longtext ", "LONGTEXT"_L1, ""_L1, u"", TipoCampo::memo, 536870910},
+    Tipo{u"yesno", "BOOLEAN"_L1, "% in (0, 1)"_L1, u"serve vero (1) o falso (0)", TipoCampo::booleano, 2},
+    Tipo{u"single", "REAL"_L1, "% = cast(% as real)"_L1, u"serve un numero", TipoCampo::doppio, 4},
+    Tipo{u"double", "DOUBLE"_L1, "% = cast(% as real)"_L1, u"serve un numero", TipoCampo::doppio, 8},
+    Tipo{u"numeric", "NUMERIC"_L1, "% = cast(% as numeric)"_L1, u"serve un numero", TipoCampo::numerico, 19},
+    Tipo{u"date", "DATETIME"_L1, "datetime(%, '+0 days') is %"_L1, u"serve una data valida", TipoCampo::data,
+         8},
+    Tipo{u"text", "TEXT"_L1, ""_L1, u"", TipoCampo::testo, 255},
+    Tipo{u"memo", "LONGTEXT"_L1, ""_L1, u"", TipoCampo::memo, 536870910},
 };
 
 const Tipo* trova_tipo(QStringView parola) {
-  const QString cercata = u' ' + parola.toString().toLower() + u' ';
   for (const Tipo& t : tipi) {
-    if (t.nomi.contains(cercata)) return &t;
+    if (parola.compare(t.nome, Qt::CaseInsensitive) == 0) return &t;
   }
   return nullptr;
 }

@@ -39,7 +39,7 @@ class Passata {
 
   Abbassata esegui() {
     togli_chiusura_finale();
-    const size_t primo = salta_spazi(0);
+    const size_t primo = verbo();
     if (primo < lessemi_.size()) esito_.tipo = tipo_di(lessemi_[primo].testo);
     trova_tabella(primo);
     if (esito_.tipo == TipoIstruzione::definizione) {
@@ -58,6 +58,18 @@ class Passata {
  private:
   size_t salta_spazi(size_t i) const {
     while (i < lessemi_.size() && lessemi_[i].tipo == TipoLessema::spazio) ++i;
+    return i;
+  }
+  /// Where the statement says what it does: at its head, or behind the queries that a `with` names.
+  size_t verbo() const {
+    size_t i = salta_spazi(0);
+    if (!parola_in(i, u"with")) return i;
+    for (int profondita = 0; i < lessemi_.size(); ++i) {
+      if (segno_in(i, u'(')) ++profondita;
+      if (segno_in(i, u')')) --profondita;
+      const bool parola = lessemi_[i].tipo == TipoLessema::parola;
+      if (profondita == 0 && parola && tipo_di(lessemi_[i].testo) != TipoIstruzione::altro) break;
+    }
     return i;
   }
   bool parola_in(size_t i, QStringView p) const { return i < lessemi_.size() && lessemi_[i].e_parola(p); }
@@ -85,8 +97,6 @@ class Passata {
     switch (l.tipo) {
       case TipoLessema::data:
         return data(l);
-      case TipoLessema::testo_doppio:
-        return testo_doppio(l);
       case TipoLessema::nome:
         esito_.sql += nome_lessema(l);
         return;
@@ -94,6 +104,9 @@ class Passata {
         return parola(l);
       case TipoLessema::segno:
         return segno(l);
+      case TipoLessema::spazio:
+        esito_.sql += u' ';
+        return;
       default:
         esito_.sql += l.testo;
     }
@@ -108,31 +121,17 @@ class Passata {
     esito_.sql += u'\'' + QString::fromLatin1(data_memorizzata(*letta)) + u'\'';
   }
 
-  void testo_doppio(const Lessema& l) {
-    QString t = l.testo.sliced(1).toString();
-    if (t.endsWith(u'"')) t.chop(1);
-    t.replace(u"\"\""_s, u"\""_s).replace(u"'"_s, u"''"_s);
-    esito_.sql += u'\'' + t + u'\'';
-  }
-
   void parola(const Lessema& l) {
-    if (l.e_parola(u"true")) {
-      esito_.sql += u'1';
-    } else if (l.e_parola(u"false")) {
-      esito_.sql += u'0';
-    } else {
-      esito_.sql += nome_lessema(l);
-    }
+    esito_.sql += nome_lessema(l);
     if (l.e_parola(u"select")) testa_select();
-    if (l.e_parola(u"delete") && esito_.tipo == TipoIstruzione::cancellazione) testa_delete();
     if (l.e_parola(u"from")) togli_gruppi();
   }
 
   /// `top n` becomes a limit at the end of its own select.
   void testa_select() {
     size_t i = salta_spazi(i_ + 1);
-    const bool distinte = parola_in(i, u"distinct") || parola_in(i, u"distinctrow");
-    if (distinte || parola_in(i, u"all")) i = salta_spazi(i + 1);
+    const bool distinte = parola_in(i, u"distinct");
+    if (distinte) i = salta_spazi(i + 1);
     const size_t numero = salta_spazi(i + 1);
     const bool limite =
         parola_in(i, u"top") && numero < lessemi_.size() && lessemi_[numero].tipo == TipoLessema::numero;
@@ -140,14 +139,6 @@ class Passata {
     if (!limite && !distinte) return;
     esito_.sql += distinte ? " distinct "_L1 : " "_L1;
     i_ = limite ? numero : i - 1;
-  }
-
-  void testa_delete() {
-    size_t da = i_ + 1;
-    while (da < lessemi_.size() && !lessemi_[da].e_parola(u"from")) ++da;
-    if (da == lessemi_.size()) return;
-    esito_.sql += u' ';
-    i_ = da - 1;
   }
 
   /// Joins group from the left by themselves, and without the parentheses the engine keeps the columns' own
@@ -177,11 +168,7 @@ class Passata {
       esito_.sql += limiti_.back();
       limiti_.pop_back();
     }
-    if (l.e_segno(u'&')) {
-      esito_.sql += "||"_L1;
-    } else {
-      esito_.sql += l.testo;
-    }
+    esito_.sql += l.testo;
   }
 
   std::vector<Lessema> lessemi_;

@@ -16,8 +16,8 @@ struct Abbassata {
   Errore errore;    ///< a literal or a column type that can't be understood
 };
 
-/// Lowers brackets, # dates, `top n`, `true` and `false`, "texts" in double quotes, `&`, `delete *`, the
-/// parentheses that group joins from the left, and the column types of definitions. The rest stays as it is.
+/// Lowers brackets, # dates, `top n`, the parentheses that group joins from the left, and the column types of
+/// definitions; a comment becomes a blank. The rest stays as it is.
 Abbassata abbassa(QStringView sql);
 
 }  // namespace lokera

@@ -54,12 +54,42 @@ QString descrizione(int codice, const QString& testo) {
   }
 }
 
+/// The engine has one number for all that it can't prepare; only its text tells a missing table or column.
+ClasseErrore classe_istruzione(const QString& testo) {
+  const bool manca = testo.startsWith("no such table"_L1) || testo.startsWith("no such column"_L1) ||
+                     testo.contains("has no column named"_L1);
+  return manca ? ClasseErrore::schema : ClasseErrore::altro;
+}
+
+ClasseErrore classe(int codice, const QString& testo) {
+  switch (codice & 0xFF) {
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED:
+      return ClasseErrore::bloccato;
+    case SQLITE_ERROR:
+      return classe_istruzione(testo);
+    case SQLITE_FULL:
+      return ClasseErrore::pieno;
+    case SQLITE_READONLY:
+    case SQLITE_PERM:
+      return ClasseErrore::diritti;
+    case SQLITE_NOTADB:
+    case SQLITE_CORRUPT:
+    case SQLITE_CANTOPEN:
+    case SQLITE_IOERR:
+      return ClasseErrore::perduto;
+    default:
+      return ClasseErrore::altro;
+  }
+}
+
 }  // namespace
 
 Errore errore_motore(sqlite3* db, int codice) {
   const int esteso = db != nullptr ? sqlite3_extended_errcode(db) : codice;
   const int numero = (esteso & 0xFF) == (codice & 0xFF) ? esteso : codice;
-  return {numero, descrizione(numero, QString::fromUtf8(db != nullptr ? sqlite3_errmsg(db) : ""))};
+  const QString testo = QString::fromUtf8(db != nullptr ? sqlite3_errmsg(db) : "");
+  return {numero, descrizione(numero, testo), classe(numero, testo)};
 }
 
 }  // namespace lokera

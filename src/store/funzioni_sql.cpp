@@ -51,46 +51,17 @@ void ucase(sqlite3_context* ctx, int /*n*/, sqlite3_value** v) {
   if (!nullo(v[0])) risultato(ctx, maiuscolo(testo(v[0])));
 }
 
-void lcase(sqlite3_context* ctx, int /*n*/, sqlite3_value** v) {
-  if (!nullo(v[0])) risultato(ctx, minuscolo(testo(v[0])));
-}
-
-void len(sqlite3_context* ctx, int /*n*/, sqlite3_value** v) {
-  if (!nullo(v[0])) sqlite3_result_int64(ctx, testo(v[0]).size());
-}
-
-/// mid(text, from 1, characters), the characters left out for all the rest.
-void mid(sqlite3_context* ctx, int n, sqlite3_value** v) {
+/// mid(text, from 1, characters).
+void mid(sqlite3_context* ctx, int /*n*/, sqlite3_value** v) {
   if (nullo(v[0])) return;
-  const QString intero = testo(v[0]);
-  const qsizetype da = std::max<qsizetype>(sqlite3_value_int(v[1]), 1) - 1;
-  risultato(ctx, intero.mid(da, n > 2 ? std::max(sqlite3_value_int(v[2]), 0) : -1));
+  const qsizetype da = std::max(sqlite3_value_int(v[1]), 1) - 1;
+  risultato(ctx, testo(v[0]).mid(da, std::max(sqlite3_value_int(v[2]), 0)));
 }
 
-enum class Parte : int { anno, mese, giorno, ore, minuti, secondi };
-
-int parte_di(const QDateTime& d, Parte parte) {
-  switch (parte) {
-    case Parte::anno:
-      return d.date().year();
-    case Parte::mese:
-      return d.date().month();
-    case Parte::giorno:
-      return d.date().day();
-    case Parte::ore:
-      return d.time().hour();
-    case Parte::minuti:
-      return d.time().minute();
-    case Parte::secondi:
-      return d.time().second();
-  }
-  return 0;
-}
-
-template <Parte parte>
+template <int (QDate::*parte)() const>
 void parte_data(sqlite3_context* ctx, int /*n*/, sqlite3_value** v) {
-  const QDateTime d = da_data_memorizzata(utf8(v[0]));
-  if (d.date().isValid()) sqlite3_result_int(ctx, parte_di(d, parte));
+  const QDate d = da_data_memorizzata(utf8(v[0])).date();
+  if (d.isValid()) sqlite3_result_int(ctx, (d.*parte)());
 }
 
 struct Funzione {
@@ -102,18 +73,9 @@ struct Funzione {
 constexpr std::array funzioni{
     Funzione{"like", 2, funzione_like},
     Funzione{"ucase", 1, ucase},
-    Funzione{"upper", 1, ucase},
-    Funzione{"lcase", 1, lcase},
-    Funzione{"lower", 1, lcase},
-    Funzione{"len", 1, len},
-    Funzione{"mid", 2, mid},
     Funzione{"mid", 3, mid},
-    Funzione{"year", 1, parte_data<Parte::anno>},
-    Funzione{"month", 1, parte_data<Parte::mese>},
-    Funzione{"day", 1, parte_data<Parte::giorno>},
-    Funzione{"hour", 1, parte_data<Parte::ore>},
-    Funzione{"minute", 1, parte_data<Parte::minuti>},
-    Funzione{"second", 1, parte_data<Parte::secondi>},
+    Funzione{"year", 1, parte_data<&QDate::year>},
+    Funzione{"month", 1, parte_data<&QDate::month>},
 };
 
 }  // namespace

@@ -7,8 +7,8 @@
 namespace lokera {
 
 /// The pieces of a statement. Text literals keep their quotes, dates their # signs, names their brackets; a
-/// literal that is not closed runs to the end.
-enum class TipoLessema { spazio, parola, numero, testo, testo_doppio, data, nome, segno };
+/// literal that is not closed runs to the end. A comment is blank space.
+enum class TipoLessema { spazio, parola, numero, testo, data, nome, segno };
 
 struct Lessema {
   TipoLessema tipo;

@@ -3,7 +3,7 @@
 #include <vector>
 
 #include "store/confronto.h"
-#include "store/database.h"
+#include "store/schema_base.h"
 
 namespace lokera {
 
@@ -118,13 +118,14 @@ constexpr std::array indici{
     u"tessere_chiavi_lokera on tessere_chiavi (lokera, posizione)",
     u"tessere_chiavi_gruppo on tessere_chiavi (gruppo, posizione)",
     u"tessere_operatori_gruppo on tessere_operatori (gruppo)",
-    u"gruppi_tessera_tessera on gruppi_tessera (tessera, codice)",
     u"gruppi_tessera_codice on gruppi_tessera (codice, tessera)",
-    u"movimenti_id on movimenti (id)",
     u"movimenti_data on movimenti (data)",
     u"movimenti_operatore on movimenti (operatore, data)",
     u"movimenti_chiave on movimenti (chiave, data)",
 };
+
+/// Files of earlier releases have them beside the primary keys that do the same.
+constexpr std::array indici_doppi{u"gruppi_tessera_tessera", u"movimenti_id"};
 
 }  // namespace
 
@@ -153,21 +154,42 @@ void aggiungi_campo(Database& db, const QString& tabella, const QString& campo, 
       db.connessione_db.Execute(u"update "_s + tabella + u" set "_s + campo + u" = "_s + valore));
 }
 
-void aggiorna_database(Database& db) {
-  // All in one, so that a file of an earlier release is written once. Where nobody may write nothing is
-  // tried: each step would wait for the lock anew.
-  const bool propria = !db.connessione_db.in_transazione();
-  if (propria && db.connessione_db.BeginTrans()) return;
+namespace {
+
+void esegui_passi(Database& db) {
   for (const Passo& p : passi()) {
     const QString tabella = QString::fromUtf16(p.tabella);
     esegui_ddl(db, u"CREATE table "_s + tabella + u' ' + QString::fromUtf16(p.colonne));
     for (const Campo& c : p.campi)
       aggiungi_campo(db, tabella, QString::fromUtf16(c.nome), QString::fromUtf16(c.tipo));
   }
+  for (const char16_t* i : indici_doppi) {
+    static_cast<void>(db.connessione_db.Execute(u"drop index if exists "_s + QString::fromUtf16(i)));
+  }
   for (const char16_t* i : indici) {
     static_cast<void>(db.connessione_db.Execute(u"create index if not exists "_s + QString::fromUtf16(i)));
   }
-  if (propria) static_cast<void>(db.connessione_db.CommitTrans());
+}
+
+}  // namespace
+
+std::vector<TabellaAttesa> tabelle_della_migrazione() {
+  std::vector<TabellaAttesa> tabelle;
+  for (const Passo& p : passi()) {
+    TabellaAttesa t{QString::fromUtf16(p.tabella), colonne_definite(QString::fromUtf16(p.colonne))};
+    for (const Campo& c : p.campi) t.colonne += QString::fromUtf16(c.nome);
+    t.colonne.removeDuplicates();
+    tabelle.push_back(t);
+  }
+  return tabelle;
+}
+
+// All in one, so that no step is left half done where another console takes the file in between.
+Errore aggiorna_database(Database& db) {
+  return tutto_o_niente(db.connessione_db, [&] {
+    esegui_passi(db);
+    return Errore{};
+  });
 }
 
 }  // namespace lokera

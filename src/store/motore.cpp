@@ -45,7 +45,7 @@ Errore Connection::Motore::esegui_fino_in_fondo(Statement& s, qint64* righe) {
   if (rc != SQLITE_DONE) errore = errore_motore(db, rc);
   const bool scrive = s.tipo() == TipoIstruzione::inserimento || s.tipo() == TipoIstruzione::modifica ||
                       s.tipo() == TipoIstruzione::cancellazione;
-  if (righe != nullptr) *righe = scrive && !errore ? sqlite3_changes(db) : 0;
+  if (righe != nullptr) *righe = !scrive ? -1 : errore ? 0 : sqlite3_changes(db);
   // A table emptied as a whole tells nothing row by row.
   if (s.tipo() == TipoIstruzione::cancellazione) modifiche.tabella_intera(s.tabella());
   s.azzera();

@@ -41,6 +41,7 @@ struct Connection::Motore {
   CacheStatement statement;
   ConteggioModifiche modifiche;
   qint64 istruzioni = 0;
+  int attesa_ms = attesa_blocco_ms;
   /// Begun by us; the engine may have ended it by itself, then nothing more runs until the caller ends it
   /// too.
   bool transazione = false;

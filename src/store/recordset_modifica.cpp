@@ -41,7 +41,7 @@ Errore Recordset::AddNew() {
 Errore Recordset::imposta(QStringView nome, const QVariant& valore) {
   if (!stato_->memoria) return sola_lettura();
   const int i = indice(nome);
-  if (i < 0) return {SQLITE_RANGE, u"Colonna sconosciuta: "_s + nome.toString()};
+  if (i < 0) return {SQLITE_RANGE, u"Colonna sconosciuta: "_s + nome.toString(), ClasseErrore::schema};
   return imposta(i, valore);
 }
 

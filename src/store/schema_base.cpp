@@ -1,10 +1,11 @@
 #include "store/schema_base.h"
 
-#include <QFile>
+#include <QRegularExpression>
 
 #include <array>
 
 #include "store/dati_consegnati.h"
+#include "store/file_parziale.h"
 #include "store/recordset.h"
 
 namespace lokera {
@@ -74,10 +75,6 @@ constexpr std::array base{
         u"[partitaiva] text(20), [codicefiscale] text(20)"},
 };
 
-constexpr std::array della_migrazione{
-    u"parametri",     u"PIANIF_RESET",       u"aggiorn_tessere_oper",  u"posiz_tessere_oper",
-    u"fascie_orarie", u"giorni_particolari", u"tessere_da_conservare", u"cancellazioni_da_confermare"};
-
 constexpr std::array indici{
     u"securety_locks_chiave on securety_locks (tabella, chiave)",
     u"password_stampe_chiave on password_stampe (codice, ditta_in_uso, programma, documento)",
@@ -99,9 +96,8 @@ Errore crea_tabelle(Connection& c) {
 Errore riempi(Database& db) {
   return in_transazione(db.connessione_db, [&]() -> Errore {
     if (Errore e = crea_tabelle(db.connessione_db)) return e;
-    aggiorna_database(db);
-    const QStringList mancanti = tabelle_mancanti(db.connessione_db);
-    if (!mancanti.isEmpty()) return {1, u"Tabelle non create: "_s + mancanti.join(u", "_s)};
+    if (Errore e = aggiorna_database(db)) return e;
+    if (Errore e = controlla_schema(db.connessione_db)) return e;
     return carica_dati_consegnati(db.connessione_db);
   });
 }
@@ -110,29 +106,51 @@ Errore riempi(Database& db) {
 
 Errore crea_database(const QString& file, const QString& password,
                      const std::function<Errore(Connection&)>& altro) {
-  if (QFile::exists(file)) return {1, u"Il file esiste già: "_s + file};
-  const QString parziale = file + u".parziale"_s;
-  QFile::remove(parziale);
+  FileParziale parziale(file);
+  if (parziale.inizio()) return parziale.inizio();
   Database db;
-  Errore errore = db.connessione_db.crea(parziale, password);
+  Errore errore = db.connessione_db.crea(parziale.nome(), password);
   if (!errore) errore = riempi(db);
   if (!errore && altro) errore = altro(db.connessione_db);
   db.connessione_db.Close();
-  if (!errore && !QFile::rename(parziale, file)) errore = {1, u"Impossibile scrivere il file: "_s + file};
-  if (errore) QFile::remove(parziale);
-  return errore;
+  return errore ? errore : parziale.conferma();
 }
 
-QStringList tabelle_mancanti(Connection& connessione) {
+QStringList colonne_definite(const QString& definizione) {
+  static const QRegularExpression colonna(u"\\[(\\w+)\\] \\w"_s);
   QStringList nomi;
-  for (const Tabella& t : base) nomi += QString::fromUtf16(t.nome);
-  for (const char16_t* t : della_migrazione) nomi += QString::fromUtf16(t);
-  QStringList mancanti;
-  for (const QString& nome : nomi) {
+  for (auto c = colonna.globalMatch(definizione); c.hasNext();) nomi += c.next().captured(1);
+  return nomi;
+}
+
+namespace {
+
+std::vector<TabellaAttesa> tabelle_attese() {
+  std::vector<TabellaAttesa> attese = tabelle_della_migrazione();
+  for (const Tabella& t : base)
+    attese.push_back({QString::fromUtf16(t.nome), colonne_definite(QString::fromUtf16(t.colonne))});
+  return attese;
+}
+
+}  // namespace
+
+Errore controlla_schema(Connection& connessione) {
+  QStringList tabelle;
+  QStringList colonne;
+  for (const TabellaAttesa& t : tabelle_attese()) {
     Recordset rs;
-    if (rs.Open(u"select * from "_s + nome + u" where 1 = 0"_s, connessione)) mancanti += nome;
+    Errore e = rs.Open(u"select * from "_s + t.nome + u" where 1 = 0"_s, connessione);
+    if (e && e.classe != ClasseErrore::schema) return e;
+    if (e) tabelle += t.nome;
+    for (const QString& colonna : t.colonne) {
+      if (!e && rs.indice(colonna) < 0) colonne += t.nome + u'.' + colonna;
+    }
   }
-  return mancanti;
+  QStringList mancanze;
+  if (!tabelle.isEmpty()) mancanze += u"Tabelle mancanti: "_s + tabelle.join(u", "_s);
+  if (!colonne.isEmpty()) mancanze += u"Colonne mancanti: "_s + colonne.join(u", "_s);
+  if (mancanze.isEmpty()) return {};
+  return {1, mancanze.join(u". "_s), ClasseErrore::schema};
 }
 
 }  // namespace lokera

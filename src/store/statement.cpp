@@ -5,6 +5,7 @@
 #include <array>
 #include <utility>
 
+#include "platform/momento.h"
 #include "store/date_jet.h"
 #include "store/definizioni.h"
 #include "store/errori_motore.h"
@@ -132,7 +133,7 @@ int lega_valore(sqlite3_stmt* stmt, int posizione, const QVariant& v) {
     case QMetaType::QDateTime:
       return lega_data(stmt, posizione, v.toDateTime());
     case QMetaType::QDate:
-      return lega_data(stmt, posizione, QDateTime(v.toDate(), QTime(0, 0)));
+      return lega_data(stmt, posizione, momento(v.toDate()));
     case QMetaType::QTime:
       return lega_data(stmt, posizione, ora(v.toTime()));
     default:

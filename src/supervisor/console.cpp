@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "supervisor/attesa_blocco.h"
 #include "supervisor/finestre.h"
 
 namespace lokera {
@@ -19,9 +20,12 @@ Console::Console(const Machine& macchina, std::function<bool()> istanza_preceden
 Console::~Console() = default;
 
 bool Console::apri(const QString& cartella) {
-  if (apri_database(db_, cartella)) {
-    macchina_.messaggi.mostra(
-        traduttore_.traduci(QStringLiteral("Errore in apertura database di sistema !")));
+  AttesaBlocco blocco(db_.connessione_db, attesa_, macchina_.desktop, traduttore_);
+  if (const Errore e = blocco.riprova([&] { return apri_database(db_, cartella); })) {
+    QString testo = traduttore_.traduci(QStringLiteral("Errore in apertura database di sistema !"));
+    // A missing right is for the person at the desk to mend.
+    if (e.classe == ClasseErrore::diritti) testo += u'\n' + e.descrizione;
+    macchina_.messaggi.mostra(testo);
     macchina_.programma.fine();
     return false;
   }

@@ -19,8 +19,9 @@ class Console {
   explicit Console(const Machine& macchina, std::function<bool()> istanza_precedente = {});
   ~Console();
 
-  /// Opens `lokera.mdb` in the folder and makes the main window, not yet loaded. On a failure shows the
-  /// message, ends the program and returns false.
+  /// Opens `lokera.mdb` in the folder and makes the main window, not yet loaded. Waits for another console's
+  /// lock (see `AttesaBlocco`) and runs the loop meanwhile. On a failure shows the message, ends the program
+  /// and returns false.
   bool apri(const QString& cartella);
 
   frm_Main& principale() { return *principale_; }

@@ -1,6 +1,7 @@
 #include "supervisor/frm_main.h"
 
 #include "forms/messaggi.h"
+#include "platform/momento.h"
 #include "store/recordset.h"
 
 namespace lokera {
@@ -111,21 +112,15 @@ void frm_Main::Form_Load() {
   }
   menu.abilita(false);
   ciclo.TimerDownload->Enabled(false);
-  cabinet_controllate = false;
-  Connection& c = a_.db.connessione_db;
-  griglia_lokere.layout(c, nome(), u"grdLokere"_s, c, QString(), larghezza_tabella);
-  griglia_agg_oper.layout(c, nome(), u"grdAggOper"_s, c, QString(), larghezza_tabella);
-  ciclo.completa_colonne();
   pannello.lblP.Caption = QString();
   decisioni.stato_operazione = ' ';
   tabellone.prepara();
-  trova_lokere_sistema();
-  if (schema_vecchio_) return;
+  if (const Errore e = attesa_blocco().riprova([this] { return prepara_archivio(); })) {
+    archivio_illeggibile(e);
+    return;
+  }
   timerOrario_Timer();
-  aggiorna_database(a_.db);
-  registra_release();
   Caption(a_.traduttore.traduci(u"Lokera elettronica - release"_s) + u' ' + titolo().right(10));
-  registra_computer();
   if (Show) Show();
   if (cabinet_controllate && gestito_) slave.connessione_socket();
   ciclo.conta_fascie = CicloDownload::tick_tra_visite - 1;
@@ -136,21 +131,58 @@ void frm_Main::Form_Load() {
   if (const Errore errore = tabellone.situazione_chiavi()) segnala(errore);
 }
 
+// Who has the right to write from the first reading on can't find the file taken half way. A failure to write
+// that is no lock leaves the console as good as it was read.
+Errore frm_Main::prepara_archivio() {
+  Errore non_letto;
+  const Errore errore = in_transazione(a_.db.connessione_db, [&]() -> Errore {
+    Connection& c = a_.db.connessione_db;
+    griglia_lokere.layout(c, nome(), u"grdLokere"_s, c, QString(), larghezza_tabella);
+    griglia_agg_oper.layout(c, nome(), u"grdAggOper"_s, c, QString(), larghezza_tabella);
+    ciclo.completa_colonne();
+    cabinet_controllate = false;
+    if (non_letto = leggi_lokere(); non_letto) return non_letto;
+    for (const Errore& e : {aggiorna_database(a_.db), registra_release(), registra_computer()})
+      if (e) segnala(e);
+    return {};
+  });
+  if (non_letto || errore.classe == ClasseErrore::bloccato) return non_letto ? non_letto : errore;
+  if (errore) segnala(errore);
+  return {};
+}
+
+AttesaBlocco frm_Main::attesa_blocco() {
+  return {a_.db.connessione_db, attesa_, a_.macchina.desktop, a_.traduttore};
+}
+
+// A file older than the program is brought up to date without a word: the next start finds it so.
+void frm_Main::archivio_illeggibile(const Errore& errore) {
+  Errore e = errore;
+  if (e.classe == ClasseErrore::schema)
+    e = attesa_blocco().riprova([this] { return aggiorna_database(a_.db); });
+  if (e) a_.macchina.messaggi.mostra(a_.traduttore.traduci(u"Errore in apertura database di sistema !"_s));
+  a_.macchina.programma.fine();
+}
+
 void frm_Main::trova_lokere_sistema() {
+  const Errore e = leggi_lokere();
+  if (e.classe == ClasseErrore::schema)
+    archivio_illeggibile(e);
+  else if (e)
+    segnala(e);
+}
+
+// After a failure what was read before stands.
+Errore frm_Main::leggi_lokere() {
+  Recordset rs;
+  if (Errore e = rs.Open(u"SELECT * FROM parametri where computer_ctrl = ? order by ID"_s,
+                         a_.db.connessione_db, {nome_computer()}))
+    return e;
   pannello.modo_slave = false;
   gestito_ = false;
   lblModalità.Caption = a_.traduttore.traduci(u"autonomo - STAND-ALONE"_s);
-  Recordset rs;
-  if (rs.Open(u"SELECT * FROM parametri where computer_ctrl = ? order by ID"_s, a_.db.connessione_db,
-              {nome_computer()})) {
-    // The file is older than the program: the next start finds it brought up to date.
-    aggiorna_database(a_.db);
-    schema_vecchio_ = true;
-    a_.macchina.programma.fine();
-    return;
-  }
   if (!rs.eof()) imposta_prima_lokera(rs);
-  elenca_lokere(rs);
+  return elenca_lokere(rs);
 }
 
 void frm_Main::imposta_prima_lokera(const Recordset& rs) {
@@ -174,33 +206,36 @@ void frm_Main::imposta_prima_lokera(const Recordset& rs) {
   if (gestito_) lblModalità.Caption = a_.traduttore.traduci(u"gestito - SLAVE"_s);
 }
 
-void frm_Main::elenca_lokere(Recordset& rs) {
+Errore frm_Main::elenca_lokere(Recordset& rs) {
   SSOleDBGrid& lista = ciclo.grdLokere;
+  Errore errore;
   lista.RemoveAll();
-  while (!rs.eof()) {
+  while (!errore && !rs.eof()) {
     ciclo.aggiungi_lokera(rs.testo(u"id"), rs.testo(u"descrizione"), rs.testo(u"ip_lokera"));
-    if (rs.MoveNext()) break;
+    errore = rs.MoveNext();
   }
   lista.Visible = lista.Rows() > 1;
+  return errore;
 }
 
-void frm_Main::registra_release() {
-  const QDateTime release(QDate::fromString(titolo().right(11).trimmed(), u"dd/MM/yyyy"_s), QTime(0, 0));
-  (void)a_.db.connessione_db.Execute(
+Errore frm_Main::registra_release() {
+  const QDateTime release = momento(QDate::fromString(titolo().right(11).trimmed(), u"dd/MM/yyyy"_s));
+  return a_.db.connessione_db.Execute(
       u"update parametri set release_aggiornamento_programma = ? where computer_ctrl = ?"_s,
       {release, nome_computer()});
 }
 
-void frm_Main::registra_computer() {
+Errore frm_Main::registra_computer() {
   Recordset rs;
-  if (rs.Open(u"SELECT * FROM computers WHERE nome_computer = ?"_s, a_.db.connessione_db, {nome_computer()},
-              Cursore::aggiornabile) ||
-      !rs.eof() || rs.AddNew())
-    return;
+  if (Errore e = rs.Open(u"SELECT * FROM computers WHERE nome_computer = ?"_s, a_.db.connessione_db,
+                         {nome_computer()}, Cursore::aggiornabile))
+    return e;
+  if (!rs.eof()) return {};
+  if (Errore e = rs.AddNew()) return e;
   (void)rs.imposta(u"nome_computer", nome_computer());
   (void)rs.imposta(u"nr_seriale_vidimatore", 1);
   (void)rs.imposta(u"controller_sistema", 0);
-  (void)rs.Update();
+  return rs.Update();
 }
 
 void frm_Main::timerOrario_Timer() {

@@ -14,6 +14,7 @@
 #include "platform/machine.h"
 #include "supervisor/accesso.h"
 #include "supervisor/acquisizione.h"
+#include "supervisor/attesa_blocco.h"
 #include "supervisor/ciclo_download.h"
 #include "supervisor/menu_principale.h"
 #include "supervisor/tabellone.h"
@@ -36,12 +37,15 @@ class frm_Main : public Finestra {
  public:
   explicit frm_Main(const AmbientePrincipale& ambiente);
 
-  /// The start, in its order. Runs the loop: the live session is connected and the first visit is made
-  /// inside. When it ends the program (a second instance, a file older than the program) it returns early.
+  /// The start, in its order. Runs the loop: another console's lock is waited for, the live session is
+  /// connected and the first visit is made inside. When it ends the program (a second instance, a file older
+  /// than the program, or one that can't be read) it returns early.
   void Form_Load() override;
   /// The close box does nothing.
   bool Form_Unload() override { return false; }
 
+  /// Reads the cabinets of this computer. On a file older than the program it runs the migration and ends the
+  /// program; any other failure is shown, and what was read before stands.
   void trova_lokere_sistema();
   void timerOrario_Timer();
   void mnuScarTrans_Click();
@@ -91,14 +95,17 @@ class frm_Main : public Finestra {
   void segnala_attesa(const Errore& errore, const QDateTime& dal);
   void mostra_errori();
   bool si_puo_finire();
+  Errore prepara_archivio();
+  void archivio_illeggibile(const Errore& errore);
+  AttesaBlocco attesa_blocco();
+  Errore leggi_lokere();
   void imposta_prima_lokera(const Recordset& rs);
-  void elenca_lokere(Recordset& rs);
-  void registra_release();
-  void registra_computer();
+  Errore elenca_lokere(Recordset& rs);
+  Errore registra_release();
+  Errore registra_computer();
   QString nome_computer() const { return slave.wsk->LocalHostName(); }
   QString movimenti_in_attesa_, ultimo_errore_;  ///< the two halves of `lblErrore`
   bool gestito_ = false;                         ///< the first cabinet asks this console for its decisions
-  bool schema_vecchio_ = false;                  ///< the file was too old to read the cabinets
   bool tradotta_ = false;  ///< once: a second time would take the translations for Italian
 };
 

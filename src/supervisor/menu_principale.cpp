@@ -91,7 +91,7 @@ void MenuPrincipale::mnuParLok_Click() {
 }
 
 void MenuPrincipale::mnuAggDB_Click() {
-  aggiorna_database(db_);
+  (void)aggiorna_database(db_);
   messaggi_.mostra(traduttore_.traduci(u"aggiornamento database eseguito!"_s));
 }
 

@@ -2,6 +2,7 @@
 
 #include <QRegularExpression>
 
+#include "platform/momento.h"
 #include "store/recordset.h"
 
 namespace lokera {
@@ -77,8 +78,7 @@ QDateTime data_transazione(const QString& data_ora) {
   const int anno = m.captured(3).toInt();
   const QDate giorno(anno < 30 ? 2000 + anno : 1900 + anno, m.captured(2).toInt(), m.captured(1).toInt());
   const QTime ora(m.captured(4).toInt(), m.captured(5).toInt(), m.captured(6).toInt());
-  if (!giorno.isValid() || !ora.isValid()) return {};
-  return {giorno, ora};
+  return momento(giorno, ora);
 }
 
 }  // namespace lokera

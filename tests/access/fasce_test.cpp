@@ -10,7 +10,7 @@ const QString coda = QStringLiteral("aggiorn_tessere_oper");
 
 class FasceTest : public ::testing::Test {
  protected:
-  FasceTest() : b(QDateTime(QDate(2008, 12, 1), QTime(0, 0))) {
+  FasceTest() : b(momento(QDate(2008, 12, 1), QTime(0, 0))) {
     b.tessera(QStringLiteral("0000000001"), 1);
     b.tessera(QStringLiteral("0000000002"), 2);  // another operator group
     b.tessera(QStringLiteral("0000000003"), 1);  // may not use the key group
@@ -26,7 +26,7 @@ class FasceTest : public ::testing::Test {
 
   /// Runs at that time of the day and returns how many pairs it queued; the queue is emptied after.
   qlonglong corsa(QTime ora) {
-    b.vm.orologio().imposta(QDateTime(giorno, ora));
+    b.vm.orologio().imposta(momento(giorno, ora));
     b.main().fasce.applica_fasce_orarie();
     const qlonglong accodate = b.conta(coda);
     b.sql(QStringLiteral("delete from aggiorn_tessere_oper"));
@@ -65,7 +65,7 @@ TEST_F(FasceTest, UnaFasciaCortaNonHaLaSecondaCorsa) {
 
 /// A clock on which everything takes long, and a loop that lets others in.
 struct Lento : Clock, EventLoop {
-  QDateTime adesso() const override { return {QDate(2008, 12, 1), QTime(8, 0)}; }
+  QDateTime adesso() const override { return momento(QDate(2008, 12, 1), QTime(8, 0)); }
   Monotonic monotono() const override { return ora += 20ms; }
   void esegui_eventi(Monotonic) override { evento(); }
   mutable Monotonic ora{};
@@ -92,7 +92,7 @@ TEST_F(FasceTest, ChiEInCodaRestaComE) {
   CodaTessere tessere(b.db().connessione_db);
   const QString codice = QStringLiteral("0000000001");
   EXPECT_FALSE(tessere.accoda_cancellazione_conservando(codice, 1, MotivoConservare::non_raggiunta));
-  b.vm.orologio().imposta(QDateTime(giorno, QTime(8, 0)));
+  b.vm.orologio().imposta(momento(giorno, QTime(8, 0)));
   b.main().fasce.applica_fasce_orarie();
   EXPECT_EQ(b.conta(coda), 2);
   EXPECT_EQ(b.conta(coda, QStringLiteral("operazione = 'D' and ID_lokera = 1")), 1);
@@ -121,7 +121,7 @@ TEST_F(FasceTest, AncheInMoltiOgnunoUnaVoltaEChiEInCodaRestaComE) {
               "insert into tessere_da_conservare (ID_tessera, ID_lokera, motivo) values (?, 2, 'x')"),
           {codice(i)});
   }
-  b.vm.orologio().imposta(QDateTime(giorno, QTime(8, 0)));
+  b.vm.orologio().imposta(momento(giorno, QTime(8, 0)));
   b.main().fasce.applica_fasce_orarie();
   EXPECT_EQ(b.conta(coda, QStringLiteral("operazione = 'D'")), 3);
   EXPECT_EQ(b.conta(coda), 131 * 2 + 131) << "two cabinets with keys of group 5, one of group 6";
@@ -132,7 +132,7 @@ TEST_F(FasceTest, UnErroreNonPerdeLaFascia) {
   int segnalati = 0;
   b.main().fasce.segnala = [&](const Errore&) { ++segnalati; };
   b.sql(QStringLiteral("alter table aggiorn_tessere_oper rename to via"));
-  b.vm.orologio().imposta(QDateTime(giorno, QTime(8, 0)));
+  b.vm.orologio().imposta(momento(giorno, QTime(8, 0)));
   b.main().fasce.applica_fasce_orarie();
   EXPECT_EQ(segnalati, 1);
   EXPECT_EQ(b.conta(QStringLiteral("fascie_orarie"), QStringLiteral("data_esecuzione is null")), 1);

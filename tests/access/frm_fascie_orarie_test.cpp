@@ -118,7 +118,7 @@ TEST_F(FrmFascieOrarie, AFullDateShowsItsWeekday) {
 }
 
 TEST_F(FrmFascieOrarie, BothTablesAreReplacedOrNone) {
-  fascia(7, 1, u"Lunedì"_s, {8, 0}, {12, 0}, QDateTime(QDate(2008, 11, 24), QTime(7, 56)));
+  fascia(7, 1, u"Lunedì"_s, {8, 0}, {12, 0}, momento(QDate(2008, 11, 24), QTime(7, 56)));
   sql(u"insert into giorni_particolari values (25, 12, 0, 'Domenica')"_s);
   const auto [fasce_prima, giorni_prima] = std::pair(fasce(), giorni());
   finestra.Form_Load();
@@ -150,7 +150,7 @@ TEST_F(FrmFascieOrarie, AnHourThatIsNoneIsRefused) {
 }
 
 TEST_F(FrmFascieOrarie, ASaveKeepsWhatTheCabinetsWereTold) {
-  const QDateTime eseguita(QDate(2008, 11, 30), QTime(7, 56));
+  const QDateTime eseguita = momento(QDate(2008, 11, 30), QTime(7, 56));
   fascia(7, 1, u"Domenica"_s, {8, 0}, {12, 0}, eseguita);
   fascia(7, 2, u"domenica"_s, {9, 0}, {12, 0}, eseguita);
   fascia(8, 1, u"Domenica"_s, {10, 0}, {12, 0});
@@ -175,7 +175,7 @@ class SalvataggioEInvio : public FrmFascieOrarie {
     sql(u"insert into tessere_operatori (codice, intestazione, gruppo) values ('0000000042', 'Rossi', 7)"_s);
     sql(u"insert into gruppi_tessera values ('0000000042', 1)"_s);
     sql(u"insert into tessere_chiavi (codice, lokera, posizione, gruppo) values ('0000000001', 5, 0, 1)"_s);
-    fascia(7, 1, u"Domenica"_s, {7, 0}, {12, 0}, QDateTime(QDate(2008, 11, 30), QTime(6, 56)));
+    fascia(7, 1, u"Domenica"_s, {7, 0}, {12, 0}, momento(QDate(2008, 11, 30), QTime(6, 56)));
     finestra.Form_Load();
   }
   qsizetype in_coda() { return righe(u"select * from aggiorn_tessere_oper"_s).size(); }

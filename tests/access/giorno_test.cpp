@@ -6,7 +6,7 @@ namespace lokera::prova {
 namespace {
 
 QString giorno_di(Banco& b, QDate data) {
-  b.vm.orologio().imposta(QDateTime(data, QTime(10, 0)));
+  b.vm.orologio().imposta(momento(data, QTime(10, 0)));
   EXPECT_FALSE(b.main().giorno.tipo_giorno());
   return b.main().giorno.giorno_corrente();
 }
@@ -38,13 +38,29 @@ TEST(Giorno, NellaSecondaLinguaIlGiornoSpecialeRestaComEScritto) {
   EXPECT_EQ(giorno_di(b, QDate(2008, 12, 1)), QStringLiteral("Domenica"));
 }
 
-TEST(Giorno, SuUnFileVecchioFaLaMigrazioneETieneLaSettimana) {
+TEST(Giorno, SuUnFileVecchioFaLaMigrazioneEChiedeDiNuovo) {
   Banco b;
   b.sql(QStringLiteral("drop table giorni_particolari"));
-  b.vm.orologio().imposta(QDateTime(QDate(2008, 12, 1), QTime(10, 0)));
-  EXPECT_TRUE(b.main().giorno.tipo_giorno());
-  EXPECT_EQ(b.main().giorno.giorno_corrente(), QStringLiteral("Lunedì"));
+  EXPECT_EQ(giorno_di(b, QDate(2008, 12, 1)), QStringLiteral("Lunedì"));
   EXPECT_EQ(b.conta(QStringLiteral("giorni_particolari")), 0);
+  b.sql(QStringLiteral("drop table giorni_particolari"));
+  b.sql(QStringLiteral("create view giorni_particolari as select 1 as GG"));  // no migration mends that
+  EXPECT_EQ(b.main().giorno.tipo_giorno().classe, ClasseErrore::schema);
+}
+
+TEST(Giorno, DietroUnBloccoNonDecideENonMigra) {
+  Banco b;
+  b.sql(
+      QStringLiteral("insert into giorni_particolari (GG, MM, AAAA, giorno) values (1, 12, 0, 'Domenica')"));
+  b.sql(QStringLiteral("drop table PIANIF_RESET"));
+  Connection altra;
+  ASSERT_FALSE(altra.Open(b.file(), password_database()));
+  esegui(altra, QStringLiteral("begin exclusive"));
+  EXPECT_EQ(b.main().giorno.tipo_giorno().classe, ClasseErrore::bloccato);
+  esegui(altra, QStringLiteral("rollback"));
+  EXPECT_EQ(giorno_di(b, QDate(2008, 12, 1)), QStringLiteral("Domenica"));
+  Recordset rs;
+  EXPECT_TRUE(rs.Open(QStringLiteral("select * from PIANIF_RESET"), b.db().connessione_db));
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QDir>
+#include <QLabel>
 #include <QLibraryInfo>
 #include <QMessageBox>
 #include <QPushButton>
@@ -34,6 +35,30 @@ TEST(IstanzaUnica, refuses_a_second_one_names_the_first_and_frees_at_the_end) {
   const IstanzaUnica altrove(cartella.filePath(QStringLiteral("missing/lokera.mdb")));
   EXPECT_FALSE(altrove.presa());
   EXPECT_TRUE(altrove.chi().isEmpty());
+}
+
+TEST(QtDesktop, a_notice_stands_until_it_is_taken_away_and_ends_nothing) {
+  QtDesktop desktop;
+  const auto avvisi = [] {
+    QStringList testi;
+    for (QWidget* w : QApplication::topLevelWidgets())
+      if (const auto* avviso = qobject_cast<QLabel*>(w); avviso && avviso->isVisible())
+        testi += avviso->text();
+    return testi;
+  };
+  int finita = 0;
+  const auto contata = QObject::connect(qApp, &QGuiApplication::lastWindowClosed, [&] { ++finita; });
+  desktop.mostra_avviso(QStringLiteral("primo"));
+  desktop.mostra_avviso(QStringLiteral("secondo"));
+  QApplication::processEvents();
+  EXPECT_EQ(avvisi(), QStringList{QStringLiteral("secondo")});
+  EXPECT_FALSE(QApplication::activeModalWidget());
+  desktop.togli_avviso();
+  desktop.togli_avviso();
+  QApplication::processEvents();
+  EXPECT_EQ(avvisi(), QStringList());
+  EXPECT_EQ(finita, 0);
+  QObject::disconnect(contata);
 }
 
 TEST(QtProgram, ends_the_process_from_inside_any_number_of_loops) {

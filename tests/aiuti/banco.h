@@ -28,7 +28,7 @@ inline QString file_modello() {
 /// A delivered database in a folder of its own and a console on a virtual machine, for one test.
 class Banco {
  public:
-  explicit Banco(const QDateTime& inizio = QDateTime(QDate(2008, 11, 30), QTime(8, 0)), quint64 seme = 1)
+  explicit Banco(const QDateTime& inizio = momento(QDate(2008, 11, 30), QTime(8, 0)), quint64 seme = 1)
       : vm(seme, inizio) {
     EXPECT_TRUE(cartella.isValid());
     EXPECT_TRUE(QFile::copy(file_modello(), file()));
@@ -86,8 +86,8 @@ class Banco {
     sql(QStringLiteral(
             "insert into fascie_orarie (gruppo_oper, gruppo_chiavi, giorno, dalle_ore, alle_ore) values"
             " (?, ?, ?, ?, ?)"),
-        {gruppo_oper, gruppo_chiavi, giorno, QDateTime(QDate(1899, 12, 30), dalle),
-         QDateTime(QDate(1899, 12, 30), alle)});
+        {gruppo_oper, gruppo_chiavi, giorno, momento(QDate(1899, 12, 30), dalle),
+         momento(QDate(1899, 12, 30), alle)});
   }
   void in_coda(const QString& tessera, int lokera, const QString& operazione = QStringLiteral("I")) {
     sql(QStringLiteral(

@@ -10,6 +10,7 @@
 #include "adapters/qt_clock.h"
 #include "cards/maschera.h"
 #include "simulation/giornata/controlli.h"
+#include "store/date_jet.h"
 #include "store/recordset.h"
 
 namespace {
@@ -53,8 +54,7 @@ void riscontra_eventi(Connection& c, const QString& registro, QStringList& diffe
   qlonglong righe_attese = 0;
   for (const auto& [n, e] : eventi(registro)) {
     Recordset rs;
-    const QDateTime momento =
-        QDateTime::fromString(QString::fromLatin1(e.campi.value(2)), u"yyyy-MM-dd HH:mm:ss"_s);
+    const QDateTime momento = da_data_memorizzata(e.campi.value(2));
     const Errore errore = rs.Open(
         u"select count(*) from movimenti where operatore = ? and chiave = ? and operazione = ? and data = ?"_s,
         c,

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/momento.h"
 #include "store/date_jet.h"
 
 namespace lokera {
@@ -49,7 +50,7 @@ TEST(Formato, StoredValuesAsAUserReadsThem) {
 }
 
 TEST(Formato, ValuesReadTheSameAsStoredTexts) {
-  EXPECT_EQ(formatta(QDateTime(QDate(2008, 11, 30), QTime(15, 45, 1))), u"30/11/2008 15.45.01"_s);
+  EXPECT_EQ(formatta(momento(QDate(2008, 11, 30), QTime(15, 45, 1))), u"30/11/2008 15.45.01"_s);
   EXPECT_EQ(formatta(ora(QTime(8, 5))), u"08.05"_s);
   EXPECT_EQ(formatta(2.5), u"2,5"_s);
   EXPECT_EQ(formatta(QVariant(qlonglong(12)), u"0000"), u"0012"_s);
@@ -57,7 +58,7 @@ TEST(Formato, ValuesReadTheSameAsStoredTexts) {
 }
 
 TEST(Formato, DatesAndTimesAsUsersWriteThem) {
-  const auto giorno = [](int g, int m, int a, QTime t = QTime(0, 0)) { return QDateTime(QDate(a, m, g), t); };
+  const auto giorno = [](int g, int m, int a, QTime t = QTime(0, 0)) { return momento(QDate(a, m, g), t); };
   const std::pair<QString, QDateTime> casi[] = {
       {u"8"_s, ora(QTime(8, 0))},
       {u"8.30"_s, ora(QTime(8, 30))},

@@ -110,7 +110,7 @@ TEST_F(Griglia, RowsOfTheLayoutTableDecideInTheirOrder) {
 
 TEST_F(Griglia, CellsShowTheValuesOfTheirFields) {
   sql(u"insert into prova values (7, null, 2.5, ?, ?, 'a')"_s,
-      {QDateTime(QDate(2008, 11, 30), QTime(8, 5)), true});
+      {momento(QDate(2008, 11, 30), QTime(8, 5)), true});
   sql(u"insert into prova (t) values (' ')"_s);
   lista.layout(conn, {}, {}, conn, u"select * from prova"_s);
   std::vector<Colonna> piu;

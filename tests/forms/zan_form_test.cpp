@@ -58,7 +58,7 @@ TEST_F(Legami, ASavedRowHoldsNeitherEmptyTextsNorMissingNumbers) {
 
 TEST_F(Legami, ARecordIsShownInTheControlsOfItsGroup) {
   sql(u"insert into prova values (2, 'Anna', null, 2.5, ?, ?)"_s,
-      {QDateTime(QDate(2008, 11, 3), QTime(0, 0)), true});
+      {momento(QDate(2008, 11, 3), QTime(0, 0)), true});
   libera.Text = u"mia"_s;
   zan.popola(u"select * from prova"_s, u"altri"_s);
   EXPECT_EQ(nome.Text(), u"Anna"_s);
@@ -106,15 +106,15 @@ TEST_F(Legami, ControlsGoBackIntoTheRecord) {
 }
 
 TEST_F(Legami, ALockKeepsOthersOutUntilItIsReleasedOrStale) {
-  vm.orologio().imposta(QDateTime(QDate(2008, 11, 20), QTime(9, 0)));
+  vm.orologio().imposta(momento(QDate(2008, 11, 20), QTime(9, 0)));
   EXPECT_TRUE(blocca(u"ANNA"_s));
   EXPECT_TRUE(blocca(u"anna"_s, u" 7 "_s)) << "renewed by its own user";
   EXPECT_FALSE(blocca(u"ugo"_s));
   EXPECT_EQ(messaggi.testi(), QStringList(u"Record 7 già bloccato dall'utente anna\rAccesso negato!"_s));
   EXPECT_EQ(blocchi(), QStringList(u"7|anna|2008-11-20 00:00:00"_s));
-  vm.orologio().imposta(QDateTime(QDate(2008, 12, 1), QTime(9, 0)));
+  vm.orologio().imposta(momento(QDate(2008, 12, 1), QTime(9, 0)));
   EXPECT_FALSE(blocca(u"ugo"_s)) << "the day of the month is not yet past";
-  vm.orologio().imposta(QDateTime(QDate(2008, 12, 21), QTime(9, 0)));
+  vm.orologio().imposta(momento(QDate(2008, 12, 21), QTime(9, 0)));
   EXPECT_TRUE(blocca(u"ugo"_s));
   EXPECT_EQ(blocchi(), QStringList(u"7|ugo|2008-12-21 00:00:00"_s));
   zan.sblocca_record(u"prova"_s, u"7"_s, u"anna"_s);

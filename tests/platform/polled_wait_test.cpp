@@ -26,7 +26,7 @@ TEST(PolledWait, ends_with_the_tick_of_the_second_after_its_limit) {
       {QTime(23, 59, 58, 0), 10, 11000ms},
   };
   for (const auto& caso : casi) {
-    VirtualMachine pc(1, QDateTime(QDate(2008, 11, 30), caso.inizio));
+    VirtualMachine pc(1, momento(QDate(2008, 11, 30), caso.inizio));
     PolledWait attesa(pc.orologio(), pc.ciclo());
     EXPECT_FALSE(attesa.attendi(caso.limite, [] { return false; }));
     EXPECT_EQ(secondi(pc.orologio().monotono()), secondi(caso.atteso))

@@ -34,7 +34,7 @@ class CabinetTest : public testing::Test {
               "0003100");
   }
 
-  VirtualClock clock{QDateTime(QDate(2026, 3, 1), QTime(8, 30))};  // a Sunday
+  VirtualClock clock{momento(QDate(2026, 3, 1), QTime(8, 30))};  // a Sunday
   Registro registro;
   QByteArrayList righe;
   Cabinet cabinet{{QStringLiteral("127.0.0.2"), "0000001234", {100, 200, 3}}, clock, registro};
@@ -72,7 +72,7 @@ TEST_F(CabinetTest, AnswersEveryCommandByteForByte) {
     EXPECT_EQ(cabinet.comando(rumore), QByteArray()) << rumore;
 
   chiedi("00020128022026235959");  // once set, the clock runs by itself
-  clock.imposta(QDateTime(QDate(2020, 1, 1), QTime(0, 0)));
+  clock.imposta(momento(QDate(2020, 1, 1), QTime(0, 0)));
   clock.avanza_a(clock.monotono() + std::chrono::seconds(2));
   EXPECT_EQ(chiedi("0001F"), "0001F00101032026000001");
 }

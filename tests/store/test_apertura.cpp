@@ -62,7 +62,7 @@ TEST_F(Apertura, UnAltraConsoleTieneIlFile) {
       return Errore{};
     }));
   }
-  aggiorna_database(db);  // silent, and quick
+  EXPECT_EQ(aggiorna_database(db).classe, ClasseErrore::bloccato);  // quick
   ASSERT_FALSE(altra.CommitTrans());
   EXPECT_EQ(leggi("select codice from gruppi"), QStringList{"1"});
 }

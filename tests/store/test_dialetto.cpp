@@ -21,16 +21,17 @@ TEST(Dialetto, AbbassaLeFormeDelleIstruzioni) {
               {"select * from ((a inner join b on a.x = b.x) left join c on (a.y = c.y)) where z = (1)",
                "select * from a inner join b on a.x = b.x left join c on (a.y = c.y) where z = (1)"},
               {"select * from (select a from t)", "select * from (select a from t)"},
-              {"delete * from t where a = 1", "delete from t where a = 1"},
-              {"update [t] set [Font] = \"l'altro\", v = True", "update [t] set [Font] = 'l''altro', v = 1"},
-              {"select a & 'top 1 true [x]' from t", "select a || 'top 1 true [x]' from t"},
+              {"select 'top 1 --[x]' from t", "select 'top 1 --[x]' from t"},
+              {"-- l'ultimo\nselect /* #x# */ top 1 a from t -- fine", "select a from t limit 1"},
               {"select [Città] from t", "select [città] from t"}};
   for (const auto& c : casi) EXPECT_EQ(abbassa(testo(c.prima)).sql.simplified(), testo(c.dopo)) << c.prima;
   EXPECT_TRUE(abbassa(u"select #13/40/2008#").errore);
 }
 
 TEST(Dialetto, TrovaTipoETabella) {
-  EXPECT_EQ(abbassa(u"delete * from [Gruppi] where 1=1").tabella, QStringLiteral("Gruppi"));
+  EXPECT_EQ(abbassa(u"delete from [Gruppi] where 1=1").tabella, QStringLiteral("Gruppi"));
+  EXPECT_EQ(abbassa(u"with u as (select a from t) delete from v").tipo, TipoIstruzione::cancellazione);
+  EXPECT_EQ(abbassa(u"/* a */ select 1").tipo, TipoIstruzione::lettura);
   EXPECT_EQ(abbassa(u"  insert into T (a) values (1)").tabella, QStringLiteral("T"));
   EXPECT_EQ(abbassa(u"UPDATE t SET a = 1").tipo, TipoIstruzione::modifica);
   EXPECT_EQ(abbassa(u"select * from ((a inner join b on a.x=b.x))").tabella, QStringLiteral("a"));

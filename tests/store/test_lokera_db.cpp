@@ -2,6 +2,9 @@
 #include <QFile>
 #include <QProcess>
 
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include "store/archivio.h"
 
 namespace lokera {
@@ -17,8 +20,11 @@ class LokeraDb : public ::testing::Test {
     QString errori;
   };
   static Corsa esegui(const QStringList& argomenti) {
+    return corri_programma(QStringLiteral(LOKERA_DB), argomenti);
+  }
+  static Corsa corri_programma(const QString& programma, const QStringList& argomenti) {
     QProcess p;
-    p.start(QStringLiteral(LOKERA_DB), argomenti);
+    p.start(programma, argomenti);
     if (!p.waitForFinished(60'000)) return {-1, {}, u"non finisce"_s};
     return {p.exitCode(), QString::fromUtf8(p.readAllStandardOutput()),
             QString::fromUtf8(p.readAllStandardError())};
@@ -79,6 +85,115 @@ TEST_F(LokeraDb, DemoECopiaDiUnFileInUso) {
   ASSERT_TRUE(byte.open(QIODevice::ReadOnly));
   EXPECT_FALSE(byte.readAll().contains("gruppi"));
   EXPECT_FALSE(console.connessione_db.Execute(u"delete from gruppi where codice = 99"_s));
+}
+
+TEST_F(LokeraDb, SqlDiceDalleColonneERigheToccate) {
+  const QString f = file(u"a.mdb"_s);
+  ASSERT_EQ(esegui({u"crea"_s, f}).errori, QString());
+  const std::pair<const char*, const char*> casi[] = {
+      {"insert into gruppi values (1, 'a')", "righe: 1\n"},
+      {"insert into gruppi select codice + 1, 'b' from gruppi", "righe: 1\n"},
+      {"-- l'elenco\nselect count(*) from gruppi", "2\n"},
+      {"/* uno */ with g as (select top 1 * from gruppi order by codice) select descrizione from g;", "a\n"},
+      {"update gruppi set descrizione = 'c'", "righe: 2\n"},
+      {"with g as (select 2 as n) delete from gruppi where codice in (select n from g)", "righe: 1\n"},
+      {"delete from gruppi where codice = 99", "righe: 0\n"},
+      {"create table prova (a text(5))", ""},
+      {"delete from gruppi", "righe: 1\n"}};
+  for (const auto& [istruzione, uscita] : casi) {
+    const Corsa corsa = sql(f, testo(istruzione));
+    EXPECT_EQ(corsa.uscita, testo(uscita)) << istruzione;
+    EXPECT_EQ(corsa.errori, QString());
+  }
+}
+
+TEST_F(LokeraDb, ChiLeggePianoLUscitaNonFermaLaConsole) {
+  const QString f = file(u"a.mdb"_s);
+  ASSERT_EQ(esegui({u"crea"_s, f}).errori, QString());
+  Connection c;
+  ASSERT_FALSE(c.Open(f, password_database()));
+  QProcess lento;  // nobody reads on, and the pipe is full long before the rows end
+  lento.start(u"sh"_s,
+              {u"-c"_s,
+               u"exec 3<&0; \"$0\" sql \"$1\" 'select a.*, b.* from traduzioni a, traduzioni b limit 20000' "
+               u"| { head -c 1; echo; read x <&3; }"_s,
+               QStringLiteral(LOKERA_DB), f});
+  ASSERT_TRUE(lento.waitForReadyRead(60'000));
+  EXPECT_FALSE(c.Execute(u"insert into gruppi values (1, 'a')"_s));
+  lento.write("\n");
+  EXPECT_TRUE(lento.waitForFinished(60'000));
+}
+
+TEST_F(LokeraDb, ControllaVedeIndiciEColonne) {
+  const QString f = file(u"a.mdb"_s);
+  ASSERT_EQ(esegui({u"crea"_s, f}).errori, QString());
+  const auto con = [&](std::initializer_list<const char*> istruzioni) {
+    Connection c;
+    ASSERT_FALSE(c.Open(f, password_database()));
+    for (const char* i : istruzioni) ASSERT_EQ(c.Execute(testo(i)).descrizione, QString()) << i;
+  };
+  con({"drop table tabelle_Ditta", "create table tabelle_Ditta ([Nome] text(100), [Cap] text(10))",
+       "drop table computers"});
+  const QString mancanze = esegui({u"controlla"_s, f}).errori;
+  EXPECT_TRUE(mancanze.contains(u"Tabelle mancanti: computers."_s)) << mancanze.toStdString();
+  EXPECT_TRUE(mancanze.contains(u"Colonne mancanti: tabelle_Ditta.indirizzo, tabelle_Ditta.citta"_s));
+  // An index that is hidden while a row is written lacks that row.
+  con({"create table prova (a text(5))", "create index prova_a on prova (a)",
+       "create table nascosto as select * from sqlite_master where name = 'prova_a'",
+       "pragma writable_schema = 1", "delete from sqlite_master where name = 'prova_a'"});
+  con({"insert into prova values ('x')", "pragma writable_schema = 1",
+       "insert into sqlite_master select * from nascosto"});
+  const QString copia = file(u"b.mdb"_s);
+  EXPECT_TRUE(esegui({u"controlla"_s, f}).errori.contains(u"prova_a"_s));
+  EXPECT_TRUE(esegui({u"copia"_s, f, copia}).errori.contains(u"prova_a"_s));
+  EXPECT_EQ(QDir(cartella.path()).entryList(QDir::Files), QStringList{u"a.mdb"_s});
+}
+
+TEST_F(LokeraDb, UnParzialeAltruiResta) {
+  const QString f = file(u"a.mdb"_s);
+  ASSERT_EQ(esegui({u"crea"_s, f}).errori, QString());
+  QFile altrui(file(u"b.mdb.parziale"_s));
+  ASSERT_TRUE(altrui.open(QIODevice::WriteOnly));
+  altrui.write("lavoro");
+  altrui.close();
+  for (const QStringList& argomenti :
+       {QStringList{u"crea"_s, file(u"b.mdb"_s)}, {u"copia"_s, f, file(u"b.mdb"_s)}}) {
+    const Corsa corsa = esegui(argomenti);
+    EXPECT_EQ(corsa.stato, 1);
+    EXPECT_TRUE(corsa.errori.contains(altrui.fileName()));
+    EXPECT_EQ(altrui.size(), 6);
+    EXPECT_FALSE(QFile::exists(file(u"b.mdb"_s)));
+  }
+}
+
+/// Rights bind a user, not the superuser, who therefore asks as somebody else.
+TEST_F(LokeraDb, SenzaDirittoDiScrivereNonSiApre) {
+  const QString f = file(u"a.mdb"_s);
+  ASSERT_EQ(esegui({u"crea"_s, f}).errori, QString());
+  const bool superuser = ::geteuid() == 0;
+  const auto corri = [&] {
+    if (!superuser) return esegui({u"controlla"_s, f});
+    return corri_programma(u"setpriv"_s, {u"--reuid=65534"_s, u"--regid=65534"_s, u"--clear-groups"_s,
+                                          QStringLiteral(LOKERA_DB), u"controlla"_s, f});
+  };
+  struct Caso {
+    uint file;
+    uint cartella;
+    const char* messaggio;
+  };
+  for (const Caso& k : {Caso{0666, 0777, ""}, Caso{0444, 0777, "Manca il diritto di scrivere il file"},
+                        Caso{0666, 0555, "Manca il diritto di scrivere nella cartella"},
+                        Caso{0222, 0777, "Manca il diritto di leggere il file"}}) {
+    ASSERT_EQ(::chmod(QFile::encodeName(f).constData(), k.file), 0);
+    ASSERT_EQ(::chmod(QFile::encodeName(cartella.path()).constData(), k.cartella), 0);
+    const Corsa corsa = corri();
+    ::chmod(QFile::encodeName(cartella.path()).constData(), 0777);
+    const bool riuscito = k.messaggio[0] == 0;
+    if (riuscito && superuser && corsa.stato != 0)
+      GTEST_SKIP() << "another user can't run the program here: " << corsa.errori.toStdString();
+    EXPECT_EQ(corsa.stato, riuscito ? 0 : 1);
+    EXPECT_TRUE(corsa.errori.contains(testo(k.messaggio))) << corsa.errori.toStdString();
+  }
 }
 
 }  // namespace lokera

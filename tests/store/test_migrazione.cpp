@@ -47,7 +47,7 @@ class FileVecchio : public ::testing::Test {
 };
 
 TEST_F(FileVecchio, RiceveCioCheMancaETieneIlResto) {
-  aggiorna_database(db);
+  EXPECT_FALSE(aggiorna_database(db));
   EXPECT_EQ(
       leggi("select descrizione, IP_lokera, funzionamento, slot, computer_ctrl, orario_aggiornamento_tessere "
             "from parametri"),
@@ -69,19 +69,47 @@ TEST_F(FileVecchio, RiceveCioCheMancaETieneIlResto) {
 }
 
 TEST_F(FileVecchio, UnaSecondaVoltaNonScriveNulla) {
-  aggiorna_database(db);
+  EXPECT_FALSE(aggiorna_database(db));
   esegui("update parametri set slot = 1, IP_lokera = Null");
   const QStringList schema = leggi("select sql from sqlite_master");
   Connection altra;
   ASSERT_FALSE(altra.Open(cartella.filePath(nome_file_database()), password_database()));
   const quint64 prima = altra.versione_tabella(u"parametri"_s);
-  aggiorna_database(db);
+  EXPECT_FALSE(aggiorna_database(db));
   EXPECT_EQ(altra.versione_tabella(u"parametri"_s), prima);
   EXPECT_EQ(leggi("select sql from sqlite_master"), schema);
   EXPECT_EQ(leggi("select slot, IP_lokera from parametri"), QStringList{"1|-"});
 }
 
+TEST_F(FileVecchio, SottoUnBloccoNonCambiaNulla) {
+  const QStringList schema = leggi("select sql from sqlite_master");
+  Connection altra;
+  ASSERT_FALSE(altra.Open(cartella.filePath(nome_file_database()), password_database()));
+  for (const char* blocco : {"begin immediate", "begin exclusive"}) {
+    ASSERT_FALSE(altra.Execute(testo(blocco)));
+    EXPECT_EQ(aggiorna_database(db).classe, ClasseErrore::bloccato) << blocco;
+    ASSERT_FALSE(altra.Execute(u"rollback"_s));
+    EXPECT_EQ(leggi("select sql from sqlite_master"), schema);
+  }
+  Recordset legge;  // somebody reads: only the commit is refused
+  ASSERT_FALSE(legge.Open(u"select * from parametri"_s, altra));
+  EXPECT_EQ(aggiorna_database(db).classe, ClasseErrore::bloccato);
+  EXPECT_EQ(leggi("select sql from sqlite_master"), schema);
+  legge.Close();
+  EXPECT_FALSE(aggiorna_database(db));
+  EXPECT_EQ(leggi("select slot, computer_ctrl from parametri"), QStringList{"0| "});
+}
+
 using Piani = prova::Archivio;
+
+TEST_F(Piani, GliIndiciDoppiDiUnFileVecchioVannoVia) {
+  const char* doppi =
+      "select count(*) from sqlite_master where name in ('movimenti_id', 'gruppi_tessera_tessera')";
+  ASSERT_EQ(esegui("create index movimenti_id on movimenti (id)"), QString());
+  ASSERT_EQ(esegui("create index gruppi_tessera_tessera on gruppi_tessera (tessera, codice)"), QString());
+  EXPECT_FALSE(aggiorna_database(db));
+  EXPECT_EQ(leggi(doppi), QStringList{"0"});
+}
 
 TEST_F(Piani, LeInterrogazioniFrequentiUsanoUnIndice) {
   const std::array interrogazioni{

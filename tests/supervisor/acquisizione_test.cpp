@@ -80,7 +80,7 @@ TEST_F(AcquisizioneTest, PrelievoERestituzione) {
   EXPECT_EQ(b.uno(QStringLiteral("select operazione from movimenti where id = 2")).toString(),
             QStringLiteral("R"));
   EXPECT_EQ(b.uno(QStringLiteral("select uscita from tessere_chiavi")).toDateTime(),
-            QDateTime(QDate(2008, 11, 30), QTime(10, 15)));
+            momento(QDate(2008, 11, 30), QTime(10, 15)));
   EXPECT_EQ(b.main().tabellone.lampade_chiave(4).FillColor(), b.main().tabellone.keyU.FillColor());
   EXPECT_FALSE(b.main().acquisizione.shpTrans.Visible());
   EXPECT_TRUE(b.main().Enabled());
@@ -172,7 +172,7 @@ TEST_F(AcquisizioneTest, UnaReplicaDoppiaNonSiRegistraDueVolte) {
 
 TEST(DataTransazione, SoloQuestaForma) {
   EXPECT_EQ(data_transazione(QStringLiteral("01/02/29 03.04.05")),
-            QDateTime(QDate(2029, 2, 1), QTime(3, 4, 5)));
+            momento(QDate(2029, 2, 1), QTime(3, 4, 5)));
   EXPECT_EQ(data_transazione(QStringLiteral("01/02/30 03.04.05")).date().year(), 1930);
   for (const char16_t* testo :
        {u"31/02/08 00.00.00", u"01/13/08 00.00.00", u"01/01/08 24.00.00", u"1/1/08 00.00.00", u""})

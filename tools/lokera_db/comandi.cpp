@@ -32,39 +32,45 @@ QByteArray cella(const Recordset& rs, int indice) {
   return testo.replace('\\', "\\\\").replace('\t', "\\t").replace('\n', "\\n").replace('\r', "\\r");
 }
 
-Errore scrivi_righe(Recordset& rs, QTextStream& uscita) {
+Errore leggi_righe(Connection& connessione, const QString& istruzione, QByteArray& uscita) {
+  Recordset rs;
+  if (Errore e = rs.Open(istruzione, connessione)) return e;
   while (!rs.eof()) {
-    QByteArray riga;
-    for (int i = 0; i < rs.conta_campi(); ++i) riga += (i == 0 ? "" : "\t") + cella(rs, i);
-    uscita << QString::fromUtf8(riga) << '\n';
+    for (int i = 0; i < rs.conta_campi(); ++i) uscita += (i == 0 ? "" : "\t") + cella(rs, i);
+    uscita += '\n';
     if (Errore e = rs.MoveNext()) return e;
   }
   return {};
 }
 
-bool restituisce_righe(const QString& istruzione) {
-  for (const QStringView parola : {u"select", u"pragma", u"explain"}) {
-    if (istruzione.startsWith(parola, Qt::CaseInsensitive)) return true;
-  }
-  return false;
+Errore esegui(Connection& connessione, const QString& istruzione, QByteArray& uscita) {
+  qint64 righe = -1;
+  if (Errore e = connessione.Execute(istruzione, {}, &righe)) return e;
+  if (righe >= 0) uscita = "righe: " + QByteArray::number(righe) + '\n';
+  return {};
 }
 
-Errore comando_sql(Contesto& c) {
+Errore interroga(const QString& file, const QString& istruzione, QByteArray& uscita) {
   Connection connessione;
-  if (Errore e = connessione.Open(c.argomenti[0], password_database())) return e;
-  const QString istruzione = c.argomenti[1].trimmed();
-  if (!restituisce_righe(istruzione)) return connessione.Execute(istruzione);
-  Recordset rs;
-  if (Errore e = rs.Open(istruzione, connessione)) return e;
-  return scrivi_righe(rs, c.uscita);
+  if (Errore e = connessione.Open(file, password_database())) return e;
+  bool righe = false;
+  if (Errore e = connessione.restituisce_righe(istruzione, righe)) return e;
+  return righe ? leggi_righe(connessione, istruzione, uscita) : esegui(connessione, istruzione, uscita);
+}
+
+/// Printing may wait for whoever reads along; the file is closed by then, so that no console waits with it.
+Errore comando_sql(Contesto& c) {
+  QByteArray uscita;
+  if (Errore e = interroga(c.argomenti[0], c.argomenti[1], uscita)) return e;
+  c.uscita << QString::fromUtf8(uscita);
+  return {};
 }
 
 Errore comando_controlla(Contesto& c) {
   Connection connessione;
   if (Errore e = connessione.Open(c.argomenti[0], password_database())) return e;
   if (Errore e = controlla_database(connessione)) return e;
-  const QStringList mancanti = tabelle_mancanti(connessione);
-  if (!mancanti.isEmpty()) return {1, u"Tabelle mancanti: "_s + mancanti.join(u", "_s)};
+  if (Errore e = controlla_schema(connessione)) return e;
   c.uscita << "ok\n";
   return {};
 }
@@ -102,6 +108,7 @@ void aiuto(QTextStream& uscita) {
   uscita
       << u"\nNessun comando sovrascrive un file. \"sql\" scrive una riga per record, i valori separati da\n"
          u"tabulazioni: \\N è Null; tabulazioni, a capo e barre inverse diventano \\t, \\n, \\r e \\\\.\n"
+         u"Di un inserimento, una modifica o una cancellazione scrive quante righe ha toccato.\n"
          u"Stato di uscita: 0 riuscito, 1 fallito (il motivo sullo standard error), 2 uso errato.\n"_s;
 }
 

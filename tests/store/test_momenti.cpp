@@ -1,0 +1,54 @@
+// Moments that a zone's clocks skip: run in several zones, by TZ.
+#include "platform/momento.h"
+#include "store/archivio.h"
+#include "store/date_jet.h"
+
+namespace lokera {
+
+using namespace Qt::StringLiterals;
+using Momenti = prova::Archivio;
+
+TEST_F(Momenti, NessunaZonaLiTocca) {
+  const struct {
+    QDateTime momento;
+    const char* memorizzato;
+    const char* digitato;
+  } casi[] = {
+      {momento(QDate(2026, 3, 29), QTime(2, 30)), "2026-03-29 02:30:00", "29/03/26 02.30.00"},  // Rome
+      {momento(QDate(2008, 10, 19)), "2008-10-19 00:00:00", "19/10/2008"},                      // Sao Paulo
+      {momento(QDate(2011, 12, 30), QTime(12, 0)), "2011-12-30 12:00:00", "30/12/2011 12:00"},  // Apia
+      {momento(QDate(2008, 10, 26), QTime(2, 30)), "2008-10-26 02:30:00", "26/10/08 2.30"}};    // read twice
+  for (const auto& k : casi) {
+    ASSERT_EQ(esegui("delete from securety_locks"), QString());
+    ASSERT_EQ(esegui("insert into securety_locks (tabella, data) values ('a', ?)", {k.momento}), QString());
+    Recordset rs;
+    ASSERT_FALSE(rs.Open(u"select * from securety_locks"_s, c(), {}, Cursore::aggiornabile));
+    EXPECT_EQ(rs.valore(u"data").toDateTime(), k.momento) << k.memorizzato;
+    for (const QVariant& scritto : {QVariant(QString::fromLatin1(k.digitato)), QVariant(k.momento)}) {
+      ASSERT_FALSE(rs.imposta(u"data", QVariant()));
+      ASSERT_FALSE(rs.imposta(u"data", scritto)) << k.digitato;
+      ASSERT_FALSE(rs.Update());
+      EXPECT_EQ(leggi("select data from securety_locks"), QStringList{QString::fromLatin1(k.memorizzato)});
+    }
+    const QDateTime letto = da_data_memorizzata(k.memorizzato);
+    EXPECT_TRUE(letto.isValid());
+    EXPECT_EQ(letto.addSecs(3600).time(), k.momento.time().addSecs(3600)) << k.memorizzato;
+    EXPECT_EQ(data_memorizzata(letto.addDays(1)).mid(11), QByteArray(k.memorizzato).mid(11));
+  }
+  EXPECT_FALSE(momento(QDate(2008, 2, 30)).isValid());
+  EXPECT_FALSE(momento(QDate(2008, 2, 1), QTime(24, 0)).isValid());
+}
+
+TEST_F(Momenti, UnGiornoSoloEUnNumeroDiGiorni) {
+  ASSERT_EQ(
+      esegui("insert into tessere_operatori (codice, valido_al) values ('1', ?)", {QDate(2008, 10, 19)}),
+      QString());
+  EXPECT_EQ(leggi("select valido_al from tessere_operatori"), QStringList{"2008-10-19 00:00:00"});
+  Recordset rs;
+  ASSERT_FALSE(rs.Open(u"select * from tessere_operatori"_s, c(), {}, Cursore::aggiornabile));
+  ASSERT_FALSE(rs.imposta(u"valido_al", 39740.25));
+  ASSERT_FALSE(rs.Update());
+  EXPECT_EQ(leggi("select valido_al from tessere_operatori"), QStringList{"2008-10-19 06:00:00"});
+}
+
+}  // namespace lokera
