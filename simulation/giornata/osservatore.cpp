@@ -16,6 +16,7 @@ namespace {
 constexpr size_t lette_tenute = 4;
 constexpr qsizetype differenze_tenute = 40;
 constexpr qint64 tolleranza_viva_s = 2;
+constexpr qint64 resto_us = 200000;  // the console waits that long for a line to go on
 
 QString testo_ascii(QByteArrayView v) {
   return QString::fromLatin1(v.data(), v.size());
@@ -40,6 +41,10 @@ bool leggi_record(const QByteArray& frame, RigaMovimento& riga) {
   riga = {testo_ascii(operatore), testo_ascii(chiave), campo_frame(frame, 28, 2) == "00" ? u"P"_s : u"R"_s,
           data_record(campo_frame(frame, 30, 12))};
   return true;
+}
+
+bool sana(QByteArrayView riga) {
+  return riga.size() >= 8 && componi_frame(riga.chopped(3)) == riga;
 }
 
 int diversi(QByteArrayView a, QByteArrayView b) {
@@ -82,16 +87,38 @@ void Osservatore::traccia(const QString& riga) {
   const QByteArray dati = QByteArray::fromPercentEncoding(campi.value(3));
   const QString indirizzo = QString::fromLatin1(campi[2].left(campi[2].indexOf(':')));
   const bool comandi = campi[2].endsWith(":10001");
-  if (campi[1] == "<" && comandi) arrivato(indirizzo, dati);
-  if (campi[1] == "<" && !comandi) arrivato_vivo(dati);
+  if (campi[1] == "+") resti_.erase(campi[2]);
+  if (campi[1] == "<") {
+    for (const QByteArray& frame : righe_arrivate(campi[2], campi[0].toLongLong(), dati)) {
+      if (comandi) arrivato(indirizzo, frame);
+      if (!comandi) arrivato_vivo(frame);
+    }
+  }
   if (campi[1] != ">" || !comandi || dati != frame_conta_transazioni) return;
   ++visite_[indirizzo];
   if (Visitata) Visitata(indirizzo);
 }
 
+// The lines that this piece completes. Of one whose head the console had long before, what came now alone
+// when only that is sound.
+QByteArrayList Osservatore::righe_arrivate(const QByteArray& porta, qint64 us, const QByteArray& dati) {
+  Resto& r = resti_[porta];
+  if (us - r.us >= resto_us) r.consegnati = r.testo.size();
+  r.us = us;
+  QByteArrayList righe;
+  for (const char c : dati) {
+    r.testo += c;
+    if (c != '\r') continue;
+    const QByteArray nuova = r.testo.mid(r.consegnati);
+    righe << (sana(nuova) && !sana(r.testo) ? nuova : r.testo);
+    r = {{}, 0, us};
+  }
+  return righe;
+}
+
 void Osservatore::arrivato_vivo(const QByteArray& frame) {
   rete_.ciclo().fra(std::chrono::milliseconds(1), [this] { leggi_righe(); });  // once it has been handled
-  if (frame.size() < 3 || componi_frame(QByteArrayView(frame).chopped(3)) != frame) ++vive_alterate_;
+  if (!sana(frame)) ++vive_alterate_;
 }
 
 void Osservatore::arrivato(const QString& indirizzo, const QByteArray& frame) {

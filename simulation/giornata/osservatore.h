@@ -60,7 +60,15 @@ class Osservatore {
     int righe = 0;
   };
 
+  /// What one connection brought and was not a whole line yet.
+  struct Resto {
+    QByteArray testo;
+    qsizetype consegnati = 0;  ///< of `testo`, so long ago that the console had them as they stood
+    qint64 us = 0;
+  };
+
   void traccia(const QString& riga);
+  QByteArrayList righe_arrivate(const QByteArray& porta, qint64 us, const QByteArray& dati);
   void mescola(const QByteArray& testo);
   void arrivato(const QString& indirizzo, const QByteArray& frame);
   void arrivato_vivo(const QByteArray& frame);
@@ -80,6 +88,7 @@ class Osservatore {
   QStringList differenze_;
   std::map<QString, std::vector<quint64>> lette_;  // by cabinet, the movements sent last
   std::deque<Arrivo> arrivi_;                      // not booked yet
+  std::map<QByteArray, Resto> resti_;              // by address and port
   QByteArray ultimo_;
   std::map<quint64, Conto> conti_;
   std::vector<quint64> vivi_;  // live movements whose row has not been seen
