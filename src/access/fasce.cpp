@@ -146,13 +146,14 @@ Errore applica(Connection& c, PolledWait& attesa, const QString& giorno) {
 FasceOrarie::FasceOrarie(Database& db, PolledWait& attesa, Giorno& giorno)
     : db_(db), attesa_(attesa), giorno_(giorno) {}
 
-void FasceOrarie::applica_fasce_orarie() {
-  if (in_corso_) return;
+bool FasceOrarie::applica_fasce_orarie() {
+  if (in_corso_) return true;
   in_corso_ = true;
-  (void)giorno_.tipo_giorno();
-  const Errore errore = applica(db_.connessione_db, attesa_, giorno_.giorno_corrente());
+  Errore errore = giorno_.tipo_giorno();
+  if (!errore) errore = applica(db_.connessione_db, attesa_, giorno_.giorno_corrente());
   in_corso_ = false;
   if (errore && segnala) segnala(errore);
+  return !errore;
 }
 
 }  // namespace lokera

@@ -16,8 +16,9 @@ class FasceOrarie {
 
   /// Looks at today's bands. Works in short stretches and runs the loop between them, with nothing held; a
   /// call that comes meanwhile does nothing. The bands count as handled only once all their cards are queued,
-  /// so what an error or the end of the program cuts short is done again at the next run.
-  void applica_fasce_orarie();
+  /// so what an error or the end of the program cuts short is done again at the next run; false after an
+  /// error.
+  bool applica_fasce_orarie();
 
   std::function<void(const Errore&)> segnala;
 

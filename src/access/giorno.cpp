@@ -48,9 +48,11 @@ Errore Giorno::tipo_giorno() {
 }
 
 Errore tipo_della_data(Database& db, Traduttore& traduttore, QDate data, QString& giorno) {
+  // In the other language no band would be found, and without a band every hour is good.
+  Errore errore = traduttore.leggibile();
   giorno = traduttore.traduci(nome_giorno(data.dayOfWeek()));
   QString speciale;
-  Errore errore = giorno_speciale(db, data, speciale);
+  if (!errore) errore = giorno_speciale(db, data, speciale);
   if (!errore && !speciale.isEmpty()) giorno = speciale;
   return errore;
 }

@@ -20,6 +20,7 @@ struct Traduttore::Memoria {
   quint64 versione = 0;
   bool letta = false;
   bool occupata = false;  ///< the lock was met in reading
+  Errore errore;          ///< of the last reading
 
   bool aggiorna(Connection& connessione);
   void registra(Connection& connessione, const QString& testo);
@@ -32,7 +33,6 @@ struct Traduttore::Memoria {
 
 namespace {
 
-/// Another console's lock, by the engine's own number.
 bool occupato(const Errore& errore) {
   return errore.classe == ClasseErrore::bloccato;
 }
@@ -64,7 +64,7 @@ bool Traduttore::Memoria::aggiorna(Connection& connessione) {
 
 bool Traduttore::Memoria::leggi(Connection& connessione, quint64 adesso) {
   Vocabolario nuovo;
-  const Errore errore = nuovo.leggi(connessione);
+  errore = nuovo.leggi(connessione);
   occupata = occupato(errore);
   if (occupata) return letta;
   vocabolario = std::move(nuovo);
@@ -112,6 +112,10 @@ bool Traduttore::pronto() {
   if (db_.lingua_interfaccia == 0 || !memoria_->aggiorna(db_.connessione_db)) return false;
   memoria_->registra_rimandati(db_.connessione_db);
   return true;
+}
+
+Errore Traduttore::leggibile() {
+  return db_.lingua_interfaccia == 0 || memoria_->aggiorna(db_.connessione_db) ? Errore{} : memoria_->errore;
 }
 
 QString Traduttore::traduci(const QString& testo) {

@@ -24,6 +24,11 @@ class Traduttore {
   /// added to it with a blank translation and stays Italian, as it does when the table can't be read.
   QString traduci(const QString& testo);
 
+  /// The failure that keeps the table from being read now, so that `traduci` leaves what it has not read
+  /// before in Italian: for who compares texts with those of the file, and must not take one language for the
+  /// other.
+  Errore leggibile();
+
   /// Captions of command buttons, labels, menu entries, of lists and their columns. Other controls keep their
   /// text.
   void traduci_form(Finestra& finestra);

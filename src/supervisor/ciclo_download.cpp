@@ -181,12 +181,15 @@ void CicloDownload::invia_coda(const Visita& visita) {
   (void)invio_.ripeti_cancellazioni();
   if (!mia(visita)) return;
   if (grdAggOper.Rows() == 0) return;
-  (void)giorno_.tipo_giorno();
+  // A record with the bands of another day could open what today is closed: it waits for the next visit.
+  const Errore senza_giorno = giorno_.tipo_giorno();
+  if (senza_giorno && segnala) segnala(senza_giorno);
   for (int riga = 0; riga < grdAggOper.Rows(); ++riga) {
     grdAggOper.Row(riga);
     const QString codice = grdAggOper.cella(riga, u"codice");
     qint32 posizione = 0;
     const bool elimina = grdAggOper.cella(riga, u"oper") == QStringLiteral("D");
+    if (senza_giorno && !elimina) continue;
     const qint16 esito = elimina ? invio_.cancella_operatore_lokera(codice, posizione, record_operatore)
                                  : invio_.invia_record_operatore(codice, posizione, record_operatore);
     if (!mia(visita)) return;

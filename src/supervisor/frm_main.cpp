@@ -94,7 +94,11 @@ void frm_Main::collega_parti() {
     return acquisizione.in_attesa.chiavi_uscite(tessera);
   };
   acquisizione.in_attesa.stato = [this](const Errore& e, const QDateTime& dal) { segnala_attesa(e, dal); };
-  ciclo.applica_fasce_orarie = [this] { fasce.applica_fasce_orarie(); };
+  // What could not be done is tried again at the next tick: a band that has closed must not wait for the
+  // tenth.
+  ciclo.applica_fasce_orarie = [this] {
+    if (!fasce.applica_fasce_orarie()) ciclo.conta_fascie = CicloDownload::tick_tra_visite - 1;
+  };
   accesso.abilita_menu = [this](bool abilitati) { menu.abilita(abilitati); };
   menu.chiudi_download = [this] { download.chiudi(); };
   menu.si_puo_finire = [this] { return si_puo_finire(); };

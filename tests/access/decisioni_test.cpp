@@ -300,6 +300,21 @@ TEST_F(DecisioniTest, DaUnErroreNonEsceMaiUnConsenso) {
   EXPECT_EQ(p().ShapeP.FillColor(), rosso);
 }
 
+// Without the word for today no band would be found, and without a band every hour is good.
+TEST_F(DecisioniTest, SenzaIlGiornoNellaLinguaDelleFasceNonSiConsente) {
+  b.sql(QStringLiteral("update traduzioni set inglese = 'Today' where italiano = ?"),
+        {nome_giorno(b.vm.orologio().adesso().date().dayOfWeek())});
+  b.fascia(1, 5, QStringLiteral("Today"), QTime(0, 0), QTime(0, 1));
+  tessera("0000000001");
+  b.db().lingua_interfaccia = 1;
+  b.sql(QStringLiteral("alter table traduzioni rename to via"));
+  EXPECT_EQ(chiave("1000000001"), "00091000");
+  b.sql(QStringLiteral("alter table via rename to traduzioni"));
+  EXPECT_EQ(chiave("1000000001"), "00091000") << "the band is closed";
+  b.sql(QStringLiteral("delete from fascie_orarie"));
+  EXPECT_EQ(chiave("1000000001"), "00091001");
+}
+
 TEST_F(DecisioniTest, UnMovimentoNonRegistratoNonEConfermato) {
   tessera("0000000001");
   chiave("1000000001");

@@ -137,6 +137,10 @@ TEST_F(LokeraDb, ControllaVedeIndiciEColonne) {
   const QString mancanze = esegui({u"controlla"_s, f}).errori;
   EXPECT_TRUE(mancanze.contains(u"Tabelle mancanti: computers."_s)) << mancanze.toStdString();
   EXPECT_TRUE(mancanze.contains(u"Colonne mancanti: tabelle_Ditta.indirizzo, tabelle_Ditta.citta"_s));
+  const auto vecchia = esegui({u"copia"_s, f, file(u"vecchia.mdb"_s)});
+  EXPECT_EQ(vecchia.stato, 1);
+  EXPECT_TRUE(vecchia.errori.contains(u"stato copiato"_s) && vecchia.errori.contains(u"computers"_s));
+  EXPECT_TRUE(QFile::remove(file(u"vecchia.mdb"_s))) << "an older file can be copied all the same";
   // An index that is hidden while a row is written lacks that row.
   con({"create table prova (a text(5))", "create index prova_a on prova (a)",
        "create table nascosto as select * from sqlite_master where name = 'prova_a'",

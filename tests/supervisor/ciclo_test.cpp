@@ -188,6 +188,26 @@ TEST(Ciclo, PrimaDellaCodaLeCancellazioniNonConfermate) {
   EXPECT_FALSE(codici(lokera.ricevuti).contains("00032"));
 }
 
+// A record with the bands of another day could open what today is closed.
+TEST(Ciclo, SenzaIlGiornoNonSiScriveNessunaTessera) {
+  Banco b;
+  b.lokera(1);
+  for (const char16_t* t : {u"0000000001", u"0000000002"}) b.tessera(QString::fromUtf16(t));
+  b.in_coda(u"0000000001"_s, 1);
+  b.in_coda(u"0000000002"_s, 1, u"D"_s);
+  b.sql(u"drop table giorni_particolari"_s);
+  b.sql(u"create view giorni_particolari as select 1 as GG"_s);  // no migration mends that
+  LokeraFinta lokera(b.vm, u"127.0.0.2"_s, 10001, buona);
+  b.main().Form_Load();
+  b.vm.esegui_per(1s);
+  EXPECT_EQ(codici(lokera.ricevuti), (QList<QByteArray>{"00010", "00010", "0001B", "00039"}));
+  EXPECT_EQ(b.conta(u"aggiorn_tessere_oper"_s, u"operazione = 'I'"_s), 1);
+  EXPECT_EQ(b.conta(u"aggiorn_tessere_oper"_s), 1) << "a deletion opens nothing";
+  EXPECT_EQ(b.main().ciclo.conta_fascie, CicloDownload::tick_tra_visite - 1)
+      << "the bands are tried again at once";
+  EXPECT_FALSE(b.main().lblErrore.Caption().isEmpty());
+}
+
 TEST(Ciclo, UnSerialeCheNonVieneNonFermaLaVisita) {
   for (const char* risposta : {"", "0001B0500000012345", "0001B00ABCDEFGHIJ"}) {
     Banco b;

@@ -75,10 +75,14 @@ Errore comando_controlla(Contesto& c) {
   return {};
 }
 
+// A file of an earlier release is copied as it is, but nobody should take the copy for a complete file.
 Errore comando_copia(Contesto& c) {
   Connection connessione;
   if (Errore e = connessione.Open(c.argomenti[0], password_database())) return e;
-  return copia_database(connessione, c.argomenti[0], c.argomenti[1]);
+  if (Errore e = copia_database(connessione, c.argomenti[0], c.argomenti[1])) return e;
+  Errore incompleto = controlla_schema(connessione);
+  if (incompleto) incompleto.descrizione.prepend(u"Il file è stato copiato, ma è incompleto. "_s);
+  return incompleto;
 }
 
 struct Comando {
