@@ -31,7 +31,7 @@ Vicende::Vicende(const ImpostazioniGiornata& impostazioni, SitoGiornata& sito, V
 void Vicende::programma() {
   const int quante = al_giorno * impostazioni_.ore / 24;
   for (int i = 0; i < quante; ++i) {
-    const Monotonic quando = minutes(caso_.fra(20, impostazioni_.ore * 60 - 30));
+    const Monotonic quando = minutes(caso_.fra(20, impostazioni_.ore * 60LL - 30));
     vm_.ciclo().fra(quando, [this] { una(); });
   }
   elimina_a_una_fascia();

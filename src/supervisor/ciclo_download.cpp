@@ -18,6 +18,7 @@ constexpr const char16_t* colonne_coda[] = {u"codice", u"descrizione", u"oper", 
 // Those that are missing come behind the others; `visibili` for a list that has no layout at all.
 void completa(SSOleDBGrid& grd, std::span<const char16_t* const> campi, bool visibili) {
   std::vector<Colonna> colonne;
+  colonne.reserve(static_cast<size_t>(grd.Cols()) + campi.size());
   for (int i = 0; i < grd.Cols(); ++i) colonne.push_back(grd.Columns(i));
   for (const char16_t* campo : campi) {
     if (grd.colonna(campo) >= 0) continue;
