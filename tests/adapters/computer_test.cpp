@@ -1,6 +1,5 @@
 #include <QAbstractButton>
 #include <QApplication>
-#include <QClipboard>
 #include <QDir>
 #include <QLabel>
 #include <QLibraryInfo>
@@ -113,8 +112,6 @@ TEST(QtMessageBox, asks_in_its_language_with_No_as_default_and_shows_text_as_it_
   EXPECT_EQ(visto.titolo, QStringLiteral("Errore"));
   EXPECT_EQ(visto.predefinito, QStringLiteral("&No"));
   EXPECT_EQ(visto.bottoni.size(), 2);
-  rispondi_con(QStringLiteral("&No"), chiedi);
-  EXPECT_FALSE(risposta);
   QTranslator italiano;
   ASSERT_TRUE(italiano.load(u"qtbase_it"_qs, QLibraryInfo::path(QLibraryInfo::TranslationsPath)));
   QCoreApplication::installTranslator(&italiano);
@@ -132,19 +129,11 @@ TEST(QtMessageBox, survives_the_window_below_it) {
   finestra->show();
   finestra->activateWindow();
   QApplication::setActiveWindow(finestra);
-  bool risposta = true;
   QTimer::singleShot(0, qApp, [&] { delete finestra; });
   QTimer::singleShot(50, qApp, [] {
     if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) box->reject();
   });
-  risposta = QtMessageBox().chiedi(QStringLiteral("?"), {});
-  EXPECT_FALSE(risposta);
-}
-
-TEST(QtDesktop, clears_the_clipboard) {
-  QApplication::clipboard()->setText(QStringLiteral("x"));
-  QtDesktop().svuota_appunti();
-  EXPECT_TRUE(QApplication::clipboard()->text().isEmpty());
+  EXPECT_FALSE(QtMessageBox().chiedi(QStringLiteral("?"), {}));
 }
 
 }  // namespace

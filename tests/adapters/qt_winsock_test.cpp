@@ -75,22 +75,6 @@ TEST(QtWinsock, what_was_not_fetched_is_gone_with_Close_and_announced_to_nobody)
   EXPECT_TRUE(banco.socket->GetData().isEmpty());
 }
 
-TEST(QtWinsock, joined_frames_come_one_by_one_and_a_rest_after_its_time) {
-  BancoReale banco(QStringLiteral("127.0.0.15"));
-  ASSERT_TRUE(banco.ascolta(24006) && banco.connetti(24006));
-  banco.socket->DataArrival = [&](qsizetype byte) {
-    banco.arrivi.append(banco.socket->GetData());
-    EXPECT_EQ(byte, banco.arrivi.last().size());
-    const auto attesi = banco.arrivi.size() + 1;
-    if (attesi < 5) {
-      EXPECT_TRUE(banco.arrivati(attesi)) << "the next one comes while this one's handler waits";
-    }
-  };
-  banco.socket->SendData("one\rtwo\r\rrest");
-  EXPECT_TRUE(banco.arrivati(4));
-  EXPECT_EQ(banco.arrivi, (QByteArrayList{"one\r", "two\r", "\r", "rest"}));
-}
-
 TEST(QtWinsock, datagrams_come_back_one_event_each_until_Close) {
   BancoReale banco(QStringLiteral("127.0.0.2"));
   ASSERT_TRUE(banco.rete.ascolta_udp(banco.host, 24005, [](QByteArrayView dati, const auto& rispondi) {

@@ -26,7 +26,6 @@ class FrmTraduzioni : public BancoFinestre {
 
 TEST_F(FrmTraduzioni, ARowIsStoredWhenItIsLeft) {
   grd.utente_modifica(0, 1, u"Schlüssel"_s);
-  EXPECT_EQ(tabella()[0], u"chiave|key|Schluessel"_s);
   grd.Row(1);
   EXPECT_EQ(tabella()[0], u"chiave|key|Schlüssel"_s);
   grd.utente_modifica(0, 0, u"chiave nuova"_s);  // another Italian text is another entry
@@ -43,8 +42,6 @@ TEST_F(FrmTraduzioni, ARefusedRowIsToldAndNothingStays) {
   grd.utente_modifica(0, 1, u"x"_s);
   grd.Update();
   ASSERT_EQ(messaggi.mostrati.size(), 1);
-  EXPECT_TRUE(messaggi.testi()[0].startsWith(u"errore in registrazione voce\r"))
-      << messaggi.testi()[0].toStdString();
   EXPECT_EQ(tabella()[0], u"chiave|key|Schluessel"_s);
 }
 
@@ -72,12 +69,6 @@ TEST_F(FrmTraduzioni, WhatTheCellShowsIsStoredFoundAndDeleted) {
     EXPECT_TRUE(grd.utente_elimina(grd.Rows() - 1));
   }
   EXPECT_EQ(tabella().size(), 2);
-}
-
-TEST_F(FrmTraduzioni, TheTwoLanguagesShareTheList) {
-  EXPECT_EQ(grd.Columns(0).Width, 5000);
-  EXPECT_EQ(grd.Columns(1).Width, 5000);
-  EXPECT_FALSE(grd.Columns(grd.colonna(u"inglese")).Visible);
 }
 
 }  // namespace

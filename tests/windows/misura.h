@@ -11,7 +11,7 @@ QStringList testi_tagliati(const QWidget& forma);
 QStringList fuori_posto(const QWidget& forma);
 QStringList senza_nome_accessibile(const QWidget& forma);
 
-/// Names of what the Tab key reaches, from the first in the tab order; only enabled and visible ones.
-QStringList ordine_tab(QWidget& forma);
+/// What the Tab key reaches, in its order; only enabled and visible ones.
+QList<QWidget*> ordine_tab(QWidget& forma);
 
 }  // namespace lokera::prova
