@@ -43,12 +43,6 @@ TEST(Formato, StoredValuesAsAUserReadsThem) {
   }
 }
 
-TEST(Formato, ValuesReadTheSameAsStoredTexts) {
-  EXPECT_EQ(formatta(momento(QDate(2008, 11, 30), QTime(15, 45, 1))), u"30/11/2008 15.45.01"_s);
-  EXPECT_EQ(formatta(QVariant(qlonglong(12)), u"0000"), u"0012"_s);
-  EXPECT_EQ(formatta(QVariant()), QString());
-}
-
 TEST(Formato, DatesAndTimesAsUsersWriteThem) {
   const auto giorno = [](int g, int m, int a, QTime t = QTime(0, 0)) { return momento(QDate(a, m, g), t); };
   const std::pair<QString, QDateTime> casi[] = {

@@ -71,19 +71,6 @@ TEST_F(Griglia, ColumnsOfTheModelQueryHaveTheWidthsOfTheirTypes) {
   EXPECT_EQ(grd.Cols(), 6) << "a model that can't be read changes nothing";
 }
 
-TEST_F(Griglia, VisibleColumnsNarrowerThanTheListFillItExactly) {
-  colonne({u"codice"_s, u"descrizione"_s, u"calcolata"_s});
-  Colonna nascosta = grd.Columns(2);
-  nascosta.Visible = false;
-  grd.imposta_colonna(2, nascosta);
-  griglie.larghezza_schermo = 1280;
-  lista.layout(conn, {}, {}, conn, tutti, 10'007);
-  EXPECT_EQ(grd.Columns(0).Width + grd.Columns(1).Width, 10'007 - 800);
-  EXPECT_EQ(grd.Columns(2).Width, 1000);
-  lista.layout(conn, {}, {}, conn, tutti, 2000);
-  EXPECT_EQ(grd.Columns(1).Width, 2200) << "wider columns keep their widths";
-}
-
 TEST_F(Griglia, RowsOfTheLayoutTableDecideInTheirOrder) {
   sql(u"create table layout_griglie (programma text(20), nome_form text(50), nome_griglia text(50), "
       "nr_colonna integer, titolo_colonna text(50), campo text(50), larghezza long, visibile yesno, "

@@ -103,32 +103,6 @@ TEST_F(CabinetTest, AResetTakesSettingsIntoUseAndKeepsTheRest) {
   EXPECT_EQ(chiedi("00039"), "00039000001");
 }
 
-TEST_F(CabinetTest, StoresAndHandsOverEventsInTheirOrder) {
-  cabinet.appendi(9, chiave);
-  abilita(0, "0040");
-  ASSERT_TRUE(cabinet.evento(prelievo, tessera, chiave));
-  clock.avanza_a(std::chrono::minutes(40));
-  ASSERT_TRUE(cabinet.evento(restituzione, "SCONOSCIUT", chiave));
-
-  EXPECT_EQ(chiedi("00039"), "00039000002");
-  for (int volta = 0; volta < 2; ++volta)
-    EXPECT_EQ(chiedi("00036"), "0003600" + tessera + chiave + "00010326083000");
-  EXPECT_EQ(chiedi("00037"), "0003700");
-  EXPECT_EQ(chiedi("00037"), "0003705");
-  EXPECT_EQ(chiedi("00036"), "0003600SCONOSCIUT" + chiave + "01010326091000");
-  EXPECT_EQ(chiedi("00037"), "0003700");
-  EXPECT_EQ(chiedi("00039"), "00039000000");
-  EXPECT_EQ(righe, (QByteArrayList{
-                       "evento\t1\t2026-03-01 08:30:00\t127.0.0.2\tP\tTESSERA001\tCHIAVE0007\tmemoria",
-                       "evento\t2\t2026-03-01 09:10:00\t127.0.0.2\tR\tSCONOSCIUT\tCHIAVE0007\tmemoria",
-                       "letto\t1\t2026-03-01 09:10:00\t127.0.0.2\t1",
-                       "letto\t1\t2026-03-01 09:10:00\t127.0.0.2\t2",
-                       "confermato\t1\t2026-03-01 09:10:00\t127.0.0.2",
-                       "letto\t2\t2026-03-01 09:10:00\t127.0.0.2\t1",
-                       "confermato\t2\t2026-03-01 09:10:00\t127.0.0.2",
-                   }));
-}
-
 TEST_F(CabinetTest, AnAcknowledgementDropsOnlyWhatItsConnectionHasRead) {
   cabinet.memorizza(1, {prelievo, "A", "B", clock.adesso()});
   cabinet.memorizza(2, {prelievo, "C", "D", clock.adesso()});

@@ -1,29 +1,10 @@
 #include "store/archivio.h"
 #include "store/converti_sql.h"
-#include "store/ripara_apici.h"
 
 namespace lokera {
 
 using namespace Qt::StringLiterals;
 using prova::testo;
-
-TEST(RiparaApici, StatiDeiPezzi) {
-  const struct {
-    const char *statement, *stati;
-  } casi[] = {{"select * from operatori where user = 'dell'acqua' and pc = 'x'", "OSSOSO"},
-              {"select * from t where a in ('uno','due')", "ISKSO"},
-              {"update t set a = 'x', b = 'd'angelo', c='y' where d = 'z'", "OSOSSOSOSO"},
-              {"select * from t where a = 'x', b = 'y'", "OSSSO"},
-              {"select * from t where a like 'x%' and b like 'y'", "OSOSO"},
-              {"select * from t where (a = 'x') or (b >= 'y')", "OSOSO"},
-              {"select * from t where a = 'x' = 'y'", "OSSSO"},
-              {"select * from t where a = 'b, c = 'd' and e = 'f'", "OSSOSO"}};
-  for (const auto& k : casi) {
-    QString stati;
-    for (const PezzoSql& p : classifica(testo(k.statement))) stati += QChar(static_cast<char16_t>(p.stato));
-    EXPECT_EQ(stati, testo(k.stati)) << k.statement;
-  }
-}
 
 TEST(ConvertiSql, TabellaDiConversioni) {
   const struct {

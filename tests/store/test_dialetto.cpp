@@ -23,13 +23,6 @@ TEST(Dialetto, AbbassaLeFormeDelleIstruzioni) {
   EXPECT_TRUE(abbassa(u"select #13/40/2008#").errore);
 }
 
-TEST(Dialetto, TrovaTipoETabella) {
-  EXPECT_EQ(abbassa(u"delete from [Gruppi] where 1=1").tabella, QStringLiteral("Gruppi"));
-  EXPECT_EQ(abbassa(u"with u as (select a from t) delete from v").tipo, TipoIstruzione::cancellazione);
-  EXPECT_EQ(abbassa(u"/* a */ select 1").tipo, TipoIstruzione::lettura);
-  EXPECT_EQ(abbassa(u"select * from ((a inner join b on a.x=b.x))").tabella, QStringLiteral("a"));
-}
-
 TEST(Date, LeggeCioCheSiScrive) {
   const struct {
     const char *scritta, *giorno_prima, *mese_prima;
@@ -52,12 +45,6 @@ TEST(Date, LeggeCioCheSiScrive) {
        {"", " ", "__/__/____", "31/02/2008", "1/2", "24:00", "1/2/2008 25:00", "1/2/20081", "ieri"}) {
     EXPECT_FALSE(leggi_data(testo(no), OrdineData::giorno_mese)) << no;
   }
-}
-
-TEST(Date, MinutiSulQuadrante) {
-  EXPECT_EQ(minuti_tra(QTime(8, 0, 59), QTime(8, 1, 0)), 1);
-  EXPECT_EQ(minuti_tra(QTime(8, 0, 0), QTime(8, 0, 59)), 0);
-  EXPECT_EQ(minuti_tra(QTime(12, 0, 30), QTime(11, 59, 30)), -1);
 }
 
 TEST(Confronto, SenzaMaiuscoleAccentiDistinti) {
