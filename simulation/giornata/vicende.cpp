@@ -36,7 +36,7 @@ void Vicende::programma() {
   }
   elimina_a_una_fascia();
   // Between 22 and 5 of the last night, while no band can open or close.
-  const qint64 quando_minuti = impostazioni_.ore * 60LL - 14 * 60 + caso_.fra(-115, 295);
+  const qint64 quando_minuti = impostazioni_.ore * 60LL - 14 * 60LL + caso_.fra(-115, 295);
   if (quando_minuti > 0) vm_.ciclo().fra(minutes(quando_minuti), [this] { sposta_indietro(); });
 }
 

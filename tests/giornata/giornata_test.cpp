@@ -47,7 +47,7 @@ INSTANTIATE_TEST_SUITE_P(Giornata, SitoGrande, testing::Range(101, 104));
 // A tick falls into a read: it moves on, and the read's rest waits for the next visit.
 class SitoLento : public Semi {};
 TEST_P(SitoLento, Agrees) {
-  const EsitoGiornata e = giornata_buona({.seme = seme(), .lokere = 3, .lente = true, .eventi_ora = 60});
+  const EsitoGiornata e = giornata_buona({.seme = seme(), .lokere = 3, .lente = true, .eventi_ora = 75});
   EXPECT_EQ(e.annidate, 2);
 }
 INSTANTIATE_TEST_SUITE_P(Giornata, SitoLento, testing::Range(201, 204));
