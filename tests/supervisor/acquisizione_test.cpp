@@ -33,6 +33,7 @@ class AcquisizioneTest : public ::testing::Test {
       return {componi_frame("0003900" +
                             conteggio.value_or(QByteArray::number(store.size()).rightJustified(4, '0')))};
     if (codice == "00036" && !store.isEmpty()) {
+      if (const auto evento = std::exchange(al_primo_record, {})) evento();
       registrati_alla_lettura << b.conta(QStringLiteral("movimenti"));
       return {store.first()};
     }
@@ -60,6 +61,7 @@ class AcquisizioneTest : public ::testing::Test {
   QList<QByteArray> store;
   std::optional<QByteArray> conteggio;
   int perdi_conferme = 0;
+  std::function<void()> al_primo_record;
   QList<qlonglong> registrati_alla_lettura, registrati_alla_conferma;
   LokeraFinta lokera;
 };
@@ -153,6 +155,20 @@ TEST_F(AcquisizioneTest, CioCheNonSiRegistraNonSiConferma) {
   EXPECT_EQ(inviati("00037"), 0);
   EXPECT_EQ(b.uno(QStringLiteral("select operatore from tessere_chiavi")).toString(), QStringLiteral(" "));
   EXPECT_FALSE(b.main().lblErrore.Caption().isEmpty());
+}
+
+TEST_F(AcquisizioneTest, UnBloccoCheFinisceNonCostaLaVisita) {
+  store = {record("00"), record("01", "301108091500")};
+  Connection altra;
+  ASSERT_FALSE(altra.Open(b.file(), password_database()));
+  al_primo_record = [&] {
+    EXPECT_FALSE(altra.BeginTrans());
+    b.vm.ciclo().fra(2500ms, [&] { altra.RollbackTrans(); });
+  };
+  visita();
+  EXPECT_EQ(b.conta(QStringLiteral("movimenti")), 2);
+  EXPECT_EQ(inviati("00036"), 2);
+  EXPECT_TRUE(store.isEmpty());
 }
 
 TEST_F(AcquisizioneTest, UnaReplicaDoppiaNonSiRegistraDueVolte) {
