@@ -138,19 +138,20 @@ void frm_Main::Form_Load() {
 // Who has the right to write from the first reading on can't find the file taken half way. A failure to write
 // that is no lock leaves the console as good as it was read.
 Errore frm_Main::prepara_archivio() {
-  Errore non_letto;
+  bool letto = false;
   const Errore errore = in_transazione(a_.db.connessione_db, [&]() -> Errore {
     Connection& c = a_.db.connessione_db;
     griglia_lokere.layout(c, nome(), u"grdLokere"_s, c, QString(), larghezza_tabella);
     griglia_agg_oper.layout(c, nome(), u"grdAggOper"_s, c, QString(), larghezza_tabella);
     ciclo.completa_colonne();
     cabinet_controllate = false;
-    if (non_letto = leggi_lokere(); non_letto) return non_letto;
+    if (Errore e = leggi_lokere()) return e;
+    letto = true;
     for (const Errore& e : {aggiorna_database(a_.db), registra_release(), registra_computer()})
       if (e) segnala(e);
     return {};
   });
-  if (non_letto || errore.classe == ClasseErrore::bloccato) return non_letto ? non_letto : errore;
+  if (!letto || errore.classe == ClasseErrore::bloccato) return errore;
   if (errore) segnala(errore);
   return {};
 }

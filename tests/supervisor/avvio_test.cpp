@@ -143,5 +143,16 @@ TEST(Avvio, NellaSecondaLinguaLeScritteSonoTradotte) {
   EXPECT_EQ(b.conta(QStringLiteral("traduzioni"), QStringLiteral("italiano = 'Key out'")), 0);
 }
 
+// A console that could not even begin to read would run all day without a cabinet.
+TEST(Avvio, SenzaPoterLeggereNonSiAvvia) {
+  Banco b;
+  b.lokera(1);
+  b.db().connessione_db.Close();
+  b.main().Form_Load();
+  EXPECT_TRUE(b.vm.programma().finito);
+  ASSERT_EQ(b.vm.messaggi().mostrati.size(), 1);
+  EXPECT_EQ(b.vm.messaggi().mostrati[0].testo, QStringLiteral("Errore in apertura database di sistema !"));
+}
+
 }  // namespace
 }  // namespace lokera::prova
