@@ -139,7 +139,7 @@ void frm_Main::Form_Load() {
 // that is no lock leaves the console as good as it was read.
 Errore frm_Main::prepara_archivio() {
   bool letto = false;
-  const Errore errore = in_transazione(a_.db.connessione_db, [&]() -> Errore {
+  Errore errore = in_transazione(a_.db.connessione_db, [&]() -> Errore {
     Connection& c = a_.db.connessione_db;
     griglia_lokere.layout(c, nome(), u"grdLokere"_s, c, QString(), larghezza_tabella);
     griglia_agg_oper.layout(c, nome(), u"grdAggOper"_s, c, QString(), larghezza_tabella);
