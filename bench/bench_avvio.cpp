@@ -40,7 +40,7 @@ int parti(int argc, char** argv, const QString& cartella, bool vuota) {
   FineAllaVista fine;
   app.installEventFilter(&fine);
   if (vuota) {
-    const Nudo nudo(cartella + QLatin1Char('/') + nome_file_database());
+    const Nudo nudo(cartella + u'/' + nome_file_database());
     QWidget finestra;
     finestra.show();
     return QApplication::exec();

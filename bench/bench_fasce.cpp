@@ -8,6 +8,8 @@
 #include "bench/nudo.h"
 #include "bench/sito_misure.h"
 
+using namespace Qt::StringLiterals;
+
 using namespace lokera;
 using namespace lokera::bench;
 
@@ -39,14 +41,14 @@ int main(int argc, char** argv) {
                          .gruppi_per_tessera = 3,
                          .giorno = oggi,
                          .fasce_di_notte = true});
-  Nudo nudo(sito.copia(QStringLiteral("copia.mdb")));
+  Nudo nudo(sito.copia(u"copia.mdb"_s));
   Istruzione statement(nudo, in_una);
   const QCoreApplication app(argc, argv);
   RealMachine computer;
   CicloSorvegliato ciclo(computer.macchina().ciclo);
   PolledWait attesa(computer.macchina().orologio, ciclo);
   Database db;
-  if (apri_database(db, sito.cartella())) return 1;
+  if (apri_database(db, sito.cartella()).fallito()) return 1;
   Traduttore traduttore(db);
   Giorno giorno(db, attesa.orologio(), traduttore);
   FasceOrarie fasce(db, attesa, giorno);

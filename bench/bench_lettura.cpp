@@ -12,6 +12,8 @@
 #include "link/protocollo.h"
 #include "supervisor/console.h"
 
+using namespace Qt::StringLiterals;
+
 using namespace lokera;
 using namespace lokera::bench;
 
@@ -61,7 +63,7 @@ class Pavimento {
 };
 
 void collega(frm_Main& main) {
-  main.lblID.Caption = QStringLiteral("1");
+  main.lblID.Caption = u"1"_s;
   main.lblIndirizzoIP.Caption = SitoMisure::indirizzo(1);
   main.download.connessione_socket_download();
   if (!main.download.connessa()) rinuncia("lokera");
@@ -71,7 +73,7 @@ void collega(frm_Main& main) {
 
 int main(int argc, char** argv) {
   const SitoMisure sito({.chiavi = 144, .tessere = 500, .movimenti = movimenti});
-  const QString copia = sito.copia(QStringLiteral("copia.mdb"));
+  const QString copia = sito.copia(u"copia.mdb"_s);
   const Figlio lokera([](const auto& pronto) { vivi_lokera(SitoMisure::indirizzo(1), 9000, pronto); });
   const QCoreApplication app(argc, argv);
   RealMachine computer;

@@ -34,7 +34,7 @@ int main(int argc, char** argv) {
   CicloSorvegliato ciclo(pc.ciclo);
   PolledWait attesa(pc.orologio, ciclo);
   Database db;
-  if (apri_database(db, sito.cartella())) return 1;
+  if (apri_database(db, sito.cartella()).fallito()) return 1;
   Connection& c = db.connessione_db;
   Traduttore traduttore(db);
   ServiziGriglia servizi{traduttore, pc.messaggi, attesa};

@@ -53,7 +53,7 @@ int main() {
       {.chiavi = 200, .tessere = 1000, .gruppi_chiavi = 10, .gruppi_per_tessera = 10, .giorno = giorno});
   Database db;
   Connection& c = db.connessione_db;
-  if (apri_database(db, sito.cartella())) return 1;
+  if (apri_database(db, sito.cartella()).fallito()) return 1;
   // Every other group is closed in the morning.
   (void)c.Execute(u"update fascie_orarie set dalle_ore = ? where gruppo_chiavi % 2 = 0"_s,
                   {ora(QTime(15, 0))});
@@ -61,7 +61,7 @@ int main() {
   QByteArray veloce, semplice;
   const auto calcola = [&] {
     Maschera m;
-    if (calcola_maschera(c, SitoMisure::tessera(7), giorno, adesso, m)) rinuncia("maschera");
+    if (calcola_maschera(c, SitoMisure::tessera(7), giorno, adesso, m).fallito()) rinuncia("maschera");
     veloce = maschera_esadecimale(m);
   };
   Pavimento pavimento(sito.file(), giorno);

@@ -82,7 +82,7 @@ void misura(const Tabella& t, Database& db, ServiziGriglia& servizi, Nudo& nudo)
         lista.salva_tutto(rs);
         return e;
       });
-      if (errore || lista.errore_salvataggio()) rinuncia("salvataggio");
+      if (errore.fallito() || lista.errore_salvataggio()) rinuncia("salvataggio");
     }));
     misure.pavimento.aggiungi(cronometra([&] {
       nudo.esegui("begin immediate");
@@ -105,7 +105,7 @@ int main(int argc, char** argv) {
   const Machine pc = computer.macchina();
   PolledWait attesa(pc.orologio, pc.ciclo);
   Database db;
-  if (apri_database(db, sito.cartella())) return 1;
+  if (apri_database(db, sito.cartella()).fallito()) return 1;
   Traduttore traduttore(db);
   ServiziGriglia servizi{traduttore, pc.messaggi, attesa};
   Nudo nudo(sito.copia(u"copia.mdb"_s));

@@ -32,12 +32,12 @@ void riempi(Connection& c) {
   rs.Close();
   const Errore errore = in_transazione(c, [&] {
     Errore e;
-    for (int i = 0; !e && i < testi - gia; ++i)
+    for (int i = 0; !e.fallito() && i < testi - gia; ++i)
       e = c.Execute(u"insert into traduzioni (italiano, inglese) values (?, ?)"_s,
                     {italiano(i), u"Window caption number %1"_s.arg(i)});
     return e;
   });
-  if (errore) rinuncia("traduzioni");
+  if (errore.fallito()) rinuncia("traduzioni");
 }
 
 class FinestraMisure : public Finestra {
@@ -89,7 +89,7 @@ struct Banco {
   std::unique_ptr<Nudo> nudo, altro;
 
   Banco() {
-    if (apri_database(db, sito.cartella())) rinuncia("file");
+    if (apri_database(db, sito.cartella()).fallito()) rinuncia("file");
     riempi(db.connessione_db);
     db.lingua_interfaccia = 1;
     nudo = std::make_unique<Nudo>(sito.file());

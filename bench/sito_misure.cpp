@@ -15,14 +15,14 @@ using namespace Qt::StringLiterals;
 namespace {
 
 QString codice(int base, int i) {
-  return u"%1"_s.arg(base + i, 10, 10, QLatin1Char('1'));
+  return u"%1"_s.arg(base + i, 10, 10, '1'_L1);
 }
 
 }  // namespace
 
 SitoMisure::SitoMisure(const Misure& misure) : misure_(misure) {
   const auto altro = [this](Connection& c) { return riempi(c); };
-  if (!cartella_.isValid() || crea_database(file(), password_database(), altro))
+  if (!cartella_.isValid() || crea_database(file(), password_database(), altro).fallito())
     rinuncia("il file non si crea");
 }
 
@@ -37,7 +37,7 @@ QString SitoMisure::copia(const QString& nome) const {
 }
 
 QString SitoMisure::indirizzo(int lokera) {
-  return u"127.031.007.%1"_s.arg(lokera + 1, 3, 10, QLatin1Char('0'));
+  return u"127.031.007.%1"_s.arg(lokera + 1, 3, 10, '0'_L1);
 }
 
 QString SitoMisure::tessera(int i) {
@@ -52,7 +52,7 @@ Errore SitoMisure::riempi(Connection& c) const {
   return in_transazione(c, [&]() -> Errore {
     for (const auto passo : {&SitoMisure::lokere, &SitoMisure::chiavi, &SitoMisure::tessere,
                              &SitoMisure::fasce, &SitoMisure::movimenti}) {
-      if (Errore e = (this->*passo)(c)) return e;
+      if (Errore e = (this->*passo)(c); e.fallito()) return e;
     }
     return {};
   });
@@ -64,7 +64,8 @@ Errore SitoMisure::lokere(Connection& c) const {
             u"insert into parametri (ID, descrizione, IP_lokera, funzionamento, lingua, slot,"
             " tempo_di_comunicazione, tempo_attesa_inizio, computer_ctrl) values (?, ?, ?, 0, 0, 1, 1000,"
             " 30, ?)"_s,
-            {i, u"lokera %1"_s.arg(i), indirizzo(i), QSysInfo::machineHostName()}))
+            {i, u"lokera %1"_s.arg(i), indirizzo(i), QSysInfo::machineHostName()});
+        e.fallito())
       return e;
   }
   return {};
@@ -76,7 +77,8 @@ Errore SitoMisure::chiavi(Connection& c) const {
             u"insert into tessere_chiavi (codice, lokera, posizione, descrizione, gruppo, operatore)"
             " values (?, ?, ?, ?, ?, ' ')"_s,
             {chiave(i), 1 + i % misure_.lokere, i / misure_.lokere,
-             u"magazzino %1, porta di servizio"_s.arg(i), 1 + i % misure_.gruppi_chiavi}))
+             u"magazzino %1, porta di servizio"_s.arg(i), 1 + i % misure_.gruppi_chiavi});
+        e.fallito())
       return e;
   }
   return {};
@@ -89,11 +91,13 @@ Errore SitoMisure::tessere(Connection& c) const {
     if (Errore e = c.Execute(
             u"insert into tessere_operatori (codice, intestazione, valido_dal, valido_al, posizione,"
             " gruppo, NrMaxPrelievi) values (?, ?, ?, ?, ?, ?, 5)"_s,
-            {tessera(i), u"Maria Società Rossi %1"_s.arg(i), dal, al, i, 1 + i % misure_.gruppi_operatori}))
+            {tessera(i), u"Maria Società Rossi %1"_s.arg(i), dal, al, i, 1 + i % misure_.gruppi_operatori});
+        e.fallito())
       return e;
     for (int g = 0; g < misure_.gruppi_per_tessera; ++g) {
       if (Errore e = c.Execute(u"insert into gruppi_tessera (tessera, codice) values (?, ?)"_s,
-                               {tessera(i), 1 + (i / misure_.gruppi_operatori + g) % misure_.gruppi_chiavi}))
+                               {tessera(i), 1 + (i / misure_.gruppi_operatori + g) % misure_.gruppi_chiavi});
+          e.fallito())
         return e;
     }
   }
@@ -108,7 +112,8 @@ Errore SitoMisure::fasce(Connection& c) const {
       if (Errore e = c.Execute(
               u"insert into fascie_orarie (gruppo_oper, gruppo_chiavi, giorno, dalle_ore, alle_ore) values"
               " (?, ?, ?, ?, ?)"_s,
-              {o, k, misure_.giorno, ora(QTime(0, 0)), ora(alle)}))
+              {o, k, misure_.giorno, ora(QTime(0, 0)), ora(alle)});
+          e.fallito())
         return e;
     }
   }
@@ -124,7 +129,8 @@ Errore SitoMisure::movimenti(Connection& c) const {
                       " (?, ?, ?, ?, ?, ?)"_s,
                       {i + 1, tessera(t), u"Maria Società Rossi %1"_s.arg(t),
                        chiave(i * 13 % std::max(1, misure_.chiavi)), i % 2 == 0 ? u"P"_s : u"R"_s,
-                       inizio.addSecs(i * 95LL)}))
+                       inizio.addSecs(i * 95LL)});
+        e.fallito())
       return e;
   }
   return {};

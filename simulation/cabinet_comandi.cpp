@@ -10,6 +10,8 @@
 
 namespace lokera::simulazione {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr char bene[] = "00";
@@ -131,7 +133,7 @@ Risposta leggi_seriale(const Comando& c) {
 Risposta leggi_orologio(const Comando& c) {
   const QDateTime ora = c.stato.orologio.adesso();
   const int giorno = ora.date().dayOfWeek() % 7 + 1;  // 1 is Sunday
-  return {bene, QByteArray::number(giorno) + ora.toString(QStringLiteral("ddMMyyyyhhmmss")).toLatin1()};
+  return {bene, QByteArray::number(giorno) + ora.toString(u"ddMMyyyyhhmmss"_s).toLatin1()};
 }
 
 Risposta registra_parametri(const Comando& c) {
@@ -242,7 +244,7 @@ QByteArray rispondi(StatoCabinet& stato, SessioneCabinet& sessione, Porta porta,
 
 QByteArray cifre_indirizzo(const QString& indirizzo) {
   QByteArray cifre;
-  for (const QString& gruppo : indirizzo.split(QLatin1Char('.'))) {
+  for (const QString& gruppo : indirizzo.split(u'.')) {
     cifre += gruppo.toLatin1().rightJustified(3, '0');
   }
   return cifre;
@@ -256,7 +258,7 @@ QString indirizzo_da_cifre(QByteArrayView cifre) {
     if (!gruppo || *gruppo > 255) return {};
     gruppi << QString::number(*gruppo);
   }
-  return gruppi.join(QLatin1Char('.'));
+  return gruppi.join(u'.');
 }
 
 }  // namespace lokera::simulazione

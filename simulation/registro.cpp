@@ -2,10 +2,12 @@
 
 namespace lokera::simulazione {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QByteArray testo(const QDateTime& momento) {
-  return momento.toString(QStringLiteral("yyyy-MM-dd hh:mm:ss")).toLatin1();
+  return momento.toString(u"yyyy-MM-dd hh:mm:ss"_s).toLatin1();
 }
 
 const char* nome(Passo passo) {

@@ -6,6 +6,8 @@
 
 namespace lokera::simulazione {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int riprova_ms = 10;  // while the cabinet is occupied or the console not there
@@ -33,7 +35,7 @@ const char* leggi_riga(int numero, const QList<QByteArray>& campi, std::vector<R
 QString leggi_richieste(QByteArrayView testo, std::vector<RigaRichiesta>& righe) {
   for (const auto& [numero, campi] : righe_di(testo)) {
     if (const char* motivo = leggi_riga(numero, campi, righe)) {
-      return QStringLiteral("line %1: %2").arg(numero).arg(QString::fromUtf8(motivo));
+      return u"line %1: %2"_s.arg(numero).arg(QString::fromUtf8(motivo));
     }
   }
   return {};

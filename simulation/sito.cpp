@@ -4,10 +4,12 @@
 
 namespace lokera::simulazione {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QString errore(int riga, const char* motivo) {
-  return QStringLiteral("line %1: %2").arg(riga).arg(QString::fromUtf8(motivo));
+  return u"line %1: %2"_s.arg(riga).arg(QString::fromUtf8(motivo));
 }
 
 const char* leggi_chiave(const QList<QByteArray>& campi, Sito& sito) {

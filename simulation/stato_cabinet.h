@@ -2,6 +2,7 @@
 
 #include <QString>
 
+#include "platform/letterali.h"
 #include "simulation/archivio.h"
 #include "simulation/orologio_cabinet.h"
 #include "simulation/registro.h"
@@ -34,8 +35,8 @@ struct ParametriCabinet {
 struct ReteCabinet {
   QString indirizzo;
   quint16 porta = 10001;
-  QString maschera = QStringLiteral("255.255.255.0");
-  QString gateway = QStringLiteral("0.0.0.0");
+  QString maschera = u"255.255.255.0"_s;
+  QString gateway = u"0.0.0.0"_s;
   bool operator==(const ReteCabinet&) const = default;
 };
 

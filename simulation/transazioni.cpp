@@ -2,10 +2,12 @@
 
 namespace lokera::simulazione {
 
+using namespace Qt::StringLiterals;
+
 QByteArray testo_transazione(const Movimento& movimento) {
   return movimento.tessera.leftJustified(10, '.', true) + movimento.chiave.leftJustified(10, '.', true) +
          (movimento.tipo == prelievo ? "00" : "01") +
-         movimento.momento.toString(QStringLiteral("ddMMyyhhmmss")).toLatin1();
+         movimento.momento.toString(u"ddMMyyhhmmss"_s).toLatin1();
 }
 
 }  // namespace lokera::simulazione

@@ -2,6 +2,8 @@
 
 namespace lokera {
 
+using namespace Qt::StringLiterals;
+
 VirtualComputer::VirtualComputer(VirtualClock& orologio, VirtualEventLoop& ciclo, VirtualNetwork& rete,
                                  const QString& nome)
     : orologio(orologio), ciclo(ciclo), timer(ciclo), socket(rete, nome) {}
@@ -12,7 +14,7 @@ Machine VirtualComputer::macchina() {
 
 VirtualMachine::VirtualMachine(quint64 seme, const QDateTime& inizio)
     : orologio_(inizio), caso_(seme), ciclo_(orologio_), rete_(ciclo_, caso_) {
-  crea_computer(QStringLiteral("PC-CENTRALE"));
+  crea_computer(u"PC-CENTRALE"_s);
 }
 
 VirtualComputer& VirtualMachine::crea_computer(const QString& nome) {

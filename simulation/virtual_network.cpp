@@ -6,6 +6,8 @@
 
 namespace lokera {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 // An address without an answer: the computer gives up on it after this long.
 constexpr Monotonic rinuncia = std::chrono::seconds(21);
@@ -55,12 +57,8 @@ void VirtualNetwork::annota(QChar verso, const QString& indirizzo, quint16 porta
                             const QByteArray& dati) const {
   if (!traccia) return;
   const auto micro = std::chrono::floor<std::chrono::microseconds>(ciclo_.adesso()).count();
-  traccia(QStringLiteral("%1 %2 %3:%4 %5")
-              .arg(micro)
-              .arg(verso)
-              .arg(indirizzo)
-              .arg(porta)
-              .arg(QString::fromLatin1(dati.toPercentEncoding())));
+  traccia(u"%1 %2 %3:%4 %5"_s.arg(micro).arg(verso).arg(indirizzo).arg(porta).arg(
+      QString::fromLatin1(dati.toPercentEncoding())));
 }
 
 void VirtualNetwork::connetti(const std::shared_ptr<VirtualFilo>& filo) {
@@ -92,7 +90,7 @@ void VirtualNetwork::accetta(const std::shared_ptr<VirtualFilo>& filo) {
 
 void VirtualNetwork::manda_datagramma(const std::shared_ptr<VirtualFilo>& mittente, const QString& indirizzo,
                                       quint16 porta, const QByteArray& dati) {
-  const bool a_tutti = indirizzo == QStringLiteral("255.255.255.255");
+  const bool a_tutti = indirizzo == u"255.255.255.255"_s;
   for (const auto& [presa, _] : udp_) {
     if (presa.second == porta && (a_tutti || presa.first == indirizzo))
       posta_datagramma(mittente, presa, dati);

@@ -18,21 +18,23 @@ std::map<int, QString> posizioni(Connection& c, int id, Riscontro& r) {
   std::map<int, QString> tutte;
   Recordset rs;
   Errore e = rs.Open(u"select id_tessera, posizione from posiz_tessere_oper where ID_lokera = ?"_s, c, {id});
-  for (; !e && !rs.eof(); e = rs.MoveNext())
+  for (; !e.fallito() && !rs.eof(); e = rs.MoveNext())
     tutte[static_cast<int>(rs.numero(u"posizione"))] = rs.testo(u"id_tessera");
-  if (e) r.differenze << e.descrizione;
+  if (e.fallito()) r.differenze << e.descrizione;
   return tutte;
 }
 
 bool in_registro(Connection& c, const QString& tessera) {
   Recordset rs;
-  return !rs.Open(u"select codice from tessere_operatori where codice = ?"_s, c, {tessera}) && !rs.eof();
+  return !rs.Open(u"select codice from tessere_operatori where codice = ?"_s, c, {tessera}).fallito() &&
+         !rs.eof();
 }
 
 QByteArray record_atteso(Connection& c, const QString& tessera, const QString& giorno, QTime ora,
                          Riscontro& r) {
   lokera::Maschera maschera;
-  if (const Errore e = calcola_maschera(c, tessera, giorno, ora, maschera)) r.differenze << e.descrizione;
+  if (const Errore e = calcola_maschera(c, tessera, giorno, ora, maschera); e.fallito())
+    r.differenze << e.descrizione;
   return tessera.toLatin1() + maschera_esadecimale(maschera);
 }
 
@@ -67,7 +69,7 @@ void riscontra_chiavi(Connection& c, Riscontro& r) {
       " tessere_chiavi as k left join movimenti as m on m.id = (select max(id) from movimenti where"
       " chiave = k.codice) order by k.codice"_s,
       c);
-  for (; !e && !rs.eof(); e = rs.MoveNext()) {
+  for (; !e.fallito() && !rs.eof(); e = rs.MoveNext()) {
     const bool fuori = rs.testo(u"operazione") == u"P"_s;
     const QString operatore = fuori ? rs.testo(u"ultimo") : u" "_s;
     const QString uscita = fuori ? momento(rs.valore(u"data")) : QString();
@@ -75,7 +77,7 @@ void riscontra_chiavi(Connection& c, Riscontro& r) {
     r.differenze << u"key %1: out with '%2' since '%3', its last movement says '%4', '%5'"_s.arg(
         rs.testo(u"codice"), rs.testo(u"operatore"), momento(rs.valore(u"uscita")), operatore, uscita);
   }
-  if (e) r.differenze << e.descrizione;
+  if (e.fallito()) r.differenze << e.descrizione;
 }
 
 void riscontra_coda(Connection& c, Riscontro& r) {
@@ -83,10 +85,10 @@ void riscontra_coda(Connection& c, Riscontro& r) {
        {u"aggiorn_tessere_oper"_s, u"cancellazioni_da_confermare"_s, u"tessere_da_conservare"_s}) {
     Recordset rs;
     Errore e = rs.Open(u"select id_tessera, id_lokera from "_s + tabella, c);
-    for (; !e && !rs.eof(); e = rs.MoveNext())
+    for (; !e.fallito() && !rs.eof(); e = rs.MoveNext())
       r.differenze << u"still in %1: card %2, cabinet %3"_s.arg(tabella, rs.testo(u"id_tessera"),
                                                                 rs.testo(u"id_lokera"));
-    if (e) r.differenze << e.descrizione;
+    if (e.fallito()) r.differenze << e.descrizione;
   }
 }
 
@@ -100,7 +102,7 @@ void riscontra_registro(Connection& c, const QStringList& vive, const QStringLis
         u"select codice from tessere_operatori where codice = ? union all select tessera from gruppi_tessera"
         " where tessera = ? union all select ID_tessera from posiz_tessere_oper where ID_tessera = ?"_s,
         c, {tessera, tessera, tessera});
-    if (e || !rs.eof()) r.differenze << u"card %1 was deleted, and is still there"_s.arg(tessera);
+    if (e.fallito() || !rs.eof()) r.differenze << u"card %1 was deleted, and is still there"_s.arg(tessera);
   }
 }
 

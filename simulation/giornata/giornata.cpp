@@ -90,8 +90,8 @@ class Giornata {
 bool Giornata::prepara() {
   const QString file = cartella_.filePath(nome_file_database());
   const auto riempi = [this](Connection& c) { return sito_.riempi(c); };
-  if (Errore e = crea_database(file, password_database(), riempi)) return fallita(e.descrizione);
-  if (Errore e = seconda_.Open(file, password_database())) return fallita(e.descrizione);
+  if (Errore e = crea_database(file, password_database(), riempi); e.fallito()) return fallita(e.descrizione);
+  if (Errore e = seconda_.Open(file, password_database()); e.fallito()) return fallita(e.descrizione);
   const Machine m = vm_.macchina();
   console_ = std::make_unique<Console>(
       Machine{m.orologio, ciclo_, m.timer, m.socket, m.messaggi, m.desktop, m.programma});
@@ -137,9 +137,10 @@ void Giornata::guasti() {
 bool Giornata::coda_vuota() {
   Recordset rs;
   return !rs.Open(
-             u"select ID_lokera from aggiorn_tessere_oper union all select ID_lokera from"
-             " cancellazioni_da_confermare"_s,
-             seconda_) &&
+                u"select ID_lokera from aggiorn_tessere_oper union all select ID_lokera from"
+                " cancellazioni_da_confermare"_s,
+                seconda_)
+              .fallito() &&
          rs.eof();
 }
 

@@ -182,7 +182,7 @@ void Osservatore::leggi_righe() {
   Errore e =
       rs.Open(u"select id, operatore, chiave, operazione, data from movimenti where id > ? order by id"_s,
               file_, {ultimo_id_});
-  for (; !e && !rs.eof(); e = rs.MoveNext()) {
+  for (; !e.fallito() && !rs.eof(); e = rs.MoveNext()) {
     ultimo_id_ = rs.numero(u"id");
     ++righe_;
     const RigaMovimento riga{rs.testo(u"operatore"), rs.testo(u"chiave"), rs.testo(u"operazione"),
@@ -191,7 +191,7 @@ void Osservatore::leggi_righe() {
     if (!da_arrivo(riga) && !da_operazione_viva(riga))
       differenza(u"row %1 has no cause: %2"_s.arg(ultimo_id_).arg(riga.testo()));
   }
-  if (e) differenza(u"can't read the rows: "_s + e.descrizione);
+  if (e.fallito()) differenza(u"can't read the rows: "_s + e.descrizione);
 }
 
 // Records are booked in the order in which they arrive; one that is passed over was not booked.

@@ -78,9 +78,9 @@ bool SitoGiornata::quieto() const {
 
 Errore SitoGiornata::riempi(Connection& c) {
   return in_transazione(c, [&]() -> Errore {
-    if (Errore e = lokere(c)) return e;
-    if (Errore e = chiavi(c)) return e;
-    if (Errore e = tessere(c)) return e;
+    if (Errore e = lokere(c); e.fallito()) return e;
+    if (Errore e = chiavi(c); e.fallito()) return e;
+    if (Errore e = tessere(c); e.fallito()) return e;
     return fasce(c);
   });
 }
@@ -92,7 +92,8 @@ Errore SitoGiornata::lokere(Connection& c) const {
             " tempo_di_comunicazione, tempo_attesa_inizio, slot, computer_ctrl) values (?, ?, ?, ?, 0, 2500,"
             " 30, 1, ?)"_s,
             {id, u"lokera %1"_s.arg(id), u"127.000.000.%1"_s.arg(id + 1, 3, 10, QChar(u'0')),
-             impostazioni_.gestita && id == 1 ? 1 : 0, u"PC-CENTRALE"_s}))
+             impostazioni_.gestita && id == 1 ? 1 : 0, u"PC-CENTRALE"_s});
+        e.fallito())
       return e;
   }
   return {};
@@ -106,7 +107,8 @@ Errore SitoGiornata::chiavi(Connection& c) {
     if (Errore e =
             c.Execute(u"insert into tessere_chiavi (codice, lokera, posizione, descrizione, gruppo,"
                       " operatore) values (?, ?, ?, ?, ?, ' ')"_s,
-                      {codice_chiave(i), lokera, posizione_chiave(lokera, k), u"chiave %1"_s.arg(i), gruppo}))
+                      {codice_chiave(i), lokera, posizione_chiave(lokera, k), u"chiave %1"_s.arg(i), gruppo});
+        e.fallito())
       return e;
   }
   return {};
@@ -117,18 +119,21 @@ Errore SitoGiornata::tessere(Connection& c) {
     if (Errore e = c.Execute(u"insert into tessere_operatori (codice, intestazione, gruppo, NrMaxPrelievi)"
                              " values (?, ?, ?, ?)"_s,
                              {codice_tessera(i), u"operatore %1"_s.arg(i), caso_.fra(1, gruppi_operatori),
-                              i % 4 == 0 ? 2 : 0}))
+                              i % 4 == 0 ? 2 : 0});
+        e.fallito())
       return e;
     for (int gruppo = 1; gruppo <= gruppi_chiavi; ++gruppo) {
       if (gruppo != 1 && caso_.per_mille(500)) continue;
       if (Errore e = c.Execute(u"insert into gruppi_tessera (tessera, codice) values (?, ?)"_s,
-                               {codice_tessera(i), gruppo}))
+                               {codice_tessera(i), gruppo});
+          e.fallito())
         return e;
     }
     for (int id = 1; id <= impostazioni_.lokere; ++id) {
       if (Errore e = c.Execute(
               u"insert into aggiorn_tessere_oper (ID_tessera, ID_lokera, operazione) values (?, ?, 'I')"_s,
-              {codice_tessera(i), id}))
+              {codice_tessera(i), id});
+          e.fallito())
         return e;
     }
   }
@@ -140,7 +145,7 @@ Errore SitoGiornata::fasce(Connection& c) {
   for (int operatori = 1; operatori <= gruppi_operatori; ++operatori) {
     for (int chiavi = 2; chiavi <= gruppi_chiavi; ++chiavi) {
       if (caso_.per_mille(400)) continue;
-      if (Errore e = fasce_di(c, operatori, chiavi)) return e;
+      if (Errore e = fasce_di(c, operatori, chiavi); e.fallito()) return e;
     }
   }
   if (!caso_.per_mille(500)) return {};
@@ -158,10 +163,10 @@ Errore SitoGiornata::fasce_di(Connection& c, int operatori, int chiavi) {
           {operatori, chiavi, giorno, ora(dalle), ora(dalle.addSecs(static_cast<int>(minuti) * 60))});
     };
     const QTime mattina(static_cast<int>(caso_.fra(6, 8)), static_cast<int>(caso_.fra(0, 59)));
-    if (Errore e = fascia(mattina, caso_.fra(30, 170))) return e;
+    if (Errore e = fascia(mattina, caso_.fra(30, 170)); e.fallito()) return e;
     const QTime sera(18, static_cast<int>(caso_.fra(0, 59)));
     if (caso_.per_mille(500)) continue;
-    if (Errore e = fascia(sera, caso_.fra(30, 90))) return e;
+    if (Errore e = fascia(sera, caso_.fra(30, 90)); e.fallito()) return e;
   }
   return {};
 }

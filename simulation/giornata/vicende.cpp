@@ -46,7 +46,7 @@ void Vicende::sposta_indietro() {
 }
 
 void Vicende::insieme(const std::function<Errore()>& lavoro) {
-  if (const Errore e = in_transazione(connessione_, lavoro); e && Errata) Errata(e.descrizione);
+  if (const Errore e = in_transazione(connessione_, lavoro); e.fallito() && Errata) Errata(e.descrizione);
 }
 
 void Vicende::una() {
@@ -72,17 +72,17 @@ Errore Vicende::ha_gruppi(const QString& tessera, bool& ne_ha) {
 // Every cabinet holds keys of all groups: a card reaches all of them or none.
 Errore Vicende::accoda_ovunque(const QString& tessera) {
   bool raggiunge = false;
-  if (Errore e = ha_gruppi(tessera, raggiunge)) return e;
+  if (Errore e = ha_gruppi(tessera, raggiunge); e.fallito()) return e;
   if (!raggiunge) return richiama(tessera, MotivoConservare::non_raggiunta);
   for (int id = 1; id <= impostazioni_.lokere; ++id) {
-    if (Errore e = coda_.accoda_scrittura(tessera, id)) return e;
+    if (Errore e = coda_.accoda_scrittura(tessera, id); e.fallito()) return e;
   }
   return {};
 }
 
 Errore Vicende::richiama(const QString& tessera, MotivoConservare motivo) {
   for (int id = 1; id <= impostazioni_.lokere; ++id) {
-    if (Errore e = coda_.accoda_cancellazione_conservando(tessera, id, motivo)) return e;
+    if (Errore e = coda_.accoda_cancellazione_conservando(tessera, id, motivo); e.fallito()) return e;
   }
   return {};
 }
@@ -91,11 +91,13 @@ Errore Vicende::cambia_gruppo(const QString& tessera) {
   const qint64 gruppo = caso_.fra(1, SitoGiornata::gruppi_chiavi);
   qint64 tolte = 0;
   if (Errore e = connessione_.Execute(u"delete from gruppi_tessera where tessera = ? and codice = ?"_s,
-                                      {tessera, gruppo}, &tolte))
+                                      {tessera, gruppo}, &tolte);
+      e.fallito())
     return e;
   if (tolte == 0) {
     if (Errore e = connessione_.Execute(u"insert into gruppi_tessera (tessera, codice) values (?, ?)"_s,
-                                        {tessera, gruppo}))
+                                        {tessera, gruppo});
+        e.fallito())
       return e;
   }
   return accoda_ovunque(tessera);
@@ -105,10 +107,12 @@ Errore Vicende::aggiungi() {
   const QString tessera = SitoGiornata::codice_tessera(static_cast<int>(vive_.size() + eliminate_.size()));
   if (Errore e = connessione_.Execute(
           u"insert into tessere_operatori (codice, intestazione, gruppo, NrMaxPrelievi) values (?, ?, ?, 0)"_s,
-          {tessera, u"operatore nuovo"_s, caso_.fra(1, SitoGiornata::gruppi_operatori)}))
+          {tessera, u"operatore nuovo"_s, caso_.fra(1, SitoGiornata::gruppi_operatori)});
+      e.fallito())
     return e;
   if (Errore e = connessione_.Execute(u"insert into gruppi_tessera (tessera, codice) values (?, ?)"_s,
-                                      {tessera, caso_.fra(1, SitoGiornata::gruppi_chiavi)}))
+                                      {tessera, caso_.fra(1, SitoGiornata::gruppi_chiavi)});
+      e.fallito())
     return e;
   vive_ << tessera;
   return accoda_ovunque(tessera);
@@ -130,7 +134,7 @@ std::vector<Vicende::ApreFascia> Vicende::prossime_fasce() {
     Recordset rs;
     Errore e = rs.Open(u"select * from fascie_orarie where giorno = ? order by gruppo_oper, gruppo_chiavi"_s,
                        connessione_, {nome_giorno(giorno.dayOfWeek())});
-    for (; !e && !rs.eof(); e = rs.MoveNext()) {
+    for (; !e.fallito() && !rs.eof(); e = rs.MoveNext()) {
       const QDateTime apre(giorno, rs.valore(u"dalle_ore").toDateTime().time());
       const qint64 fra_secondi = adesso.secsTo(apre) - dieci_minuti / 2;
       if (fra_secondi > dieci_minuti && fra_secondi < dieci_ore)
@@ -156,7 +160,7 @@ QString Vicende::viva_di(const ApreFascia& fascia) {
       u"select t.codice from tessere_operatori as t inner join gruppi_tessera as g on t.codice = g.tessera"
       " where t.gruppo = ? and g.codice = ? order by t.codice"_s,
       connessione_, {fascia.gruppo_oper, fascia.gruppo_chiavi});
-  for (; !e && !rs.eof(); e = rs.MoveNext()) {
+  for (; !e.fallito() && !rs.eof(); e = rs.MoveNext()) {
     if (vive_.contains(rs.testo(u"codice"))) return rs.testo(u"codice");
   }
   return {};

@@ -2,10 +2,12 @@
 
 namespace lokera::simulazione {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 bool locale(const QString& indirizzo) {
-  return indirizzo.startsWith(QStringLiteral("127."));
+  return indirizzo.startsWith(u"127."_s);
 }
 
 QByteArray riga(const QByteArrayList& campi) {

@@ -5,6 +5,8 @@
 
 namespace lokera {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int riposo_dopo_rifiuto_ms = 5000;
@@ -48,7 +50,7 @@ void Decisioni::richiesta_operatore(QByteArray& testo) {
 
 bool Decisioni::operatore_ammesso(const QString& codice) {
   Recordset rs;
-  if (!apri(rs, QStringLiteral("select * from tessere_operatori where codice = ?"), {codice})) return false;
+  if (!apri(rs, u"select * from tessere_operatori where codice = ?"_s, {codice})) return false;
   if (rs.eof()) return false;
   pannello_.lblP.Caption = codice;
   pannello_.lblIntestazione.Caption = rs.testo(u"intestazione");
@@ -70,8 +72,7 @@ bool Decisioni::entro_validita(const QDateTime& dal, const QDateTime& al) const 
 bool Decisioni::entro_limite(const QString& codice, qlonglong massimo) {
   if (massimo <= 0) return true;
   Recordset rs;
-  if (!apri(rs, QStringLiteral("select count(*) as chiavi_uscite from tessere_chiavi where operatore = ?"),
-            {codice}))
+  if (!apri(rs, u"select count(*) as chiavi_uscite from tessere_chiavi where operatore = ?"_s, {codice}))
     return false;
   const qlonglong altre = chiavi_non_registrate ? chiavi_non_registrate(codice) : 0;
   return rs.numero(u"chiavi_uscite") + altre <= massimo;
@@ -94,7 +95,7 @@ void Decisioni::richiesta_chiave(QByteArray& testo) {
 
 bool Decisioni::prelievo_ammesso(const QString& codice, QString& gruppo) {
   Recordset rs;
-  if (!apri(rs, QStringLiteral("select * from tessere_chiavi where codice = ?"), {codice})) return false;
+  if (!apri(rs, u"select * from tessere_chiavi where codice = ?"_s, {codice})) return false;
   if (rs.eof()) return false;
   const bool di_questa_lokera = rs.numero(u"lokera") == sessione_.lokera();
   gruppo = rs.testo(u"gruppo");
@@ -104,27 +105,27 @@ bool Decisioni::prelievo_ammesso(const QString& codice, QString& gruppo) {
 
 bool Decisioni::gruppo_abilitato(const QString& gruppo) {
   if (gruppo.isEmpty()) return false;
-  return esiste(QStringLiteral("SELECT * FROM gruppi_tessera WHERE tessera = ? AND codice = ?"),
+  return esiste(u"SELECT * FROM gruppi_tessera WHERE tessera = ? AND codice = ?"_s,
                 {pannello_.lblP.Caption(), gruppo.toLongLong()});
 }
 
 // Without a band for today and this pair of groups every hour is good; with one, only the hours inside.
 bool Decisioni::entro_fascia(const QString& gruppo) {
-  if (const Errore errore = giorno_.tipo_giorno()) {
+  if (const Errore errore = giorno_.tipo_giorno(); errore.fallito()) {
     if (segnala) segnala(errore);
     return false;
   }
   const QVariantList fascia = {giorno_.giorno_corrente(), pannello_.lblPG.Caption().toLongLong(),
                                gruppo.toLongLong()};
-  const QString tutte = QStringLiteral(
-      "select * from fascie_orarie where giorno = ? and gruppo_oper = ? and gruppo_chiavi = ?");
+  const QString tutte =
+      u"select * from fascie_orarie where giorno = ? and gruppo_oper = ? and gruppo_chiavi = ?"_s;
   Recordset rs;
   if (!apri(rs, tutte, fascia)) return false;
   if (rs.eof()) return true;
   rs.Close();
   const QTime adesso = orologio_.adesso().time();
   const QDateTime al_minuto = ora(QTime(adesso.hour(), adesso.minute()));
-  return esiste(tutte + QStringLiteral(" and dalle_ore <= ? and alle_ore >= ?"),
+  return esiste(tutte + u" and dalle_ore <= ? and alle_ore >= ?"_s,
                 fascia + QVariantList{al_minuto, al_minuto});
 }
 
@@ -147,15 +148,15 @@ void Decisioni::esito_lato(PannelloLive::Lato lato, bool prelievo, const QByteAr
     pannello_.mostra_esito(lato, rosso, verde);
     // A movement that could not be booked is not confirmed: the reply goes out without its digit.
     const Errore errore = registra_movimento ? registra_movimento(prelievo ? 'P' : 'R') : Errore{};
-    if (!errore) risposta += '0';
+    if (!errore.fallito()) risposta += '0';
   }
   pannello_.avvia_timer(lato);
 }
 
 bool Decisioni::apri(Recordset& rs, const QString& sql, const QVariantList& valori) {
   const Errore errore = rs.Open(sql, db_.connessione_db, valori);
-  if (errore && segnala) segnala(errore);
-  return !errore;
+  if (errore.fallito() && segnala) segnala(errore);
+  return !errore.fallito();
 }
 
 bool Decisioni::esiste(const QString& sql, const QVariantList& valori) {

@@ -13,6 +13,8 @@
 
 namespace lokera {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using namespace std::chrono_literals;
@@ -50,10 +52,10 @@ bool da_applicare(const Fascia& fascia, const QDateTime& adesso) {
 Errore leggi_fasce(Connection& c, const QString& giorno, std::vector<Fascia>& fasce) {
   Recordset rs;
   Errore e = rs.Open(
-      QStringLiteral("select * from fascie_orarie where giorno = ? order by gruppo_oper, gruppo_chiavi,"
-                     " dalle_ore, alle_ore"),
+      u"select * from fascie_orarie where giorno = ? order by gruppo_oper, gruppo_chiavi,"
+      " dalle_ore, alle_ore"_s,
       c, {giorno});
-  while (!e && !rs.eof()) {
+  while (!e.fallito() && !rs.eof()) {
     fasce.push_back({rs.numero(u"gruppo_oper"), rs.numero(u"gruppo_chiavi"),
                      rs.valore(u"dalle_ore").toDateTime(), rs.valore(u"alle_ore").toDateTime(),
                      rs.valore(u"data_esecuzione").toDateTime()});
@@ -90,16 +92,17 @@ class Applicazione {
 
  private:
   Errore segna_eseguita(const Fascia& fascia) {
-    return c_.Execute(QStringLiteral("update fascie_orarie set data_esecuzione = ? where gruppo_oper = ? and"
-                                     " gruppo_chiavi = ? and giorno = ? and dalle_ore = ? and alle_ore = ?"),
-                      {attesa_.orologio().adesso(), fascia.gruppo_oper, fascia.gruppo_chiavi, giorno_,
-                       fascia.dalle_ore, fascia.alle_ore});
+    return c_.Execute(
+        u"update fascie_orarie set data_esecuzione = ? where gruppo_oper = ? and"
+        " gruppo_chiavi = ? and giorno = ? and dalle_ore = ? and alle_ore = ?"_s,
+        {attesa_.orologio().adesso(), fascia.gruppo_oper, fascia.gruppo_chiavi, giorno_, fascia.dalle_ore,
+         fascia.alle_ore});
   }
 
   // As many steps in a transaction as fit into one stretch.
   Errore a_tratti(size_t quanti, const std::function<Errore(size_t)>& passo) {
     for (size_t i = 0; i < quanti; respira()) {
-      if (Errore e = in_transazione(c_, [&] { return tratto(i, quanti, passo); })) return e;
+      if (Errore e = in_transazione(c_, [&] { return tratto(i, quanti, passo); }); e.fallito()) return e;
     }
     return {};
   }
@@ -107,7 +110,7 @@ class Applicazione {
   Errore tratto(size_t& i, size_t quanti, const std::function<Errore(size_t)>& passo) {
     Errore errore;
     do errore = passo(i++);
-    while (!errore && i < quanti && !tratto_finito());
+    while (!errore.fallito() && i < quanti && !tratto_finito());
     return errore;
   }
 
@@ -130,14 +133,14 @@ class Applicazione {
 
 Errore applica(Connection& c, PolledWait& attesa, const QString& giorno) {
   std::vector<Fascia> fasce;
-  if (Errore e = leggi_fasce(c, giorno, fasce)) return e;
+  if (Errore e = leggi_fasce(c, giorno, fasce); e.fallito()) return e;
   const QDateTime adesso = attesa.orologio().adesso();
   std::erase_if(fasce, [&](const Fascia& f) { return !da_applicare(f, adesso); });
   GruppiDiFascia gruppi;
   for (const Fascia& f : fasce) gruppi[f.gruppo_oper].insert(f.gruppo_chiavi);
   Applicazione applicazione(c, attesa, giorno);
-  if (Errore e = applicazione.cerca(gruppi)) return e;
-  if (Errore e = applicazione.accoda()) return e;
+  if (Errore e = applicazione.cerca(gruppi); e.fallito()) return e;
+  if (Errore e = applicazione.accoda(); e.fallito()) return e;
   return applicazione.segna_eseguite(fasce);
 }
 
@@ -150,10 +153,10 @@ bool FasceOrarie::applica_fasce_orarie() {
   if (in_corso_) return true;
   in_corso_ = true;
   Errore errore = giorno_.tipo_giorno();
-  if (!errore) errore = applica(db_.connessione_db, attesa_, giorno_.giorno_corrente());
+  if (!errore.fallito()) errore = applica(db_.connessione_db, attesa_, giorno_.giorno_corrente());
   in_corso_ = false;
-  if (errore && segnala) segnala(errore);
-  return !errore;
+  if (errore.fallito() && segnala) segnala(errore);
+  return !errore.fallito();
 }
 
 }  // namespace lokera

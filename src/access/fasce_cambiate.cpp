@@ -9,6 +9,8 @@
 
 namespace lokera {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QTime al_minuto(const QVariant& ora) {
@@ -27,11 +29,10 @@ Errore FasceCambiate::leggi_prima() {
 
 Errore FasceCambiate::leggi(Fasce& fasce) {
   QString giorno;
-  if (Errore e = tipo_della_data(db_, traduttore_, data_, giorno)) return e;
+  if (Errore e = tipo_della_data(db_, traduttore_, data_, giorno); e.fallito()) return e;
   Recordset rs;
-  Errore e =
-      rs.Open(QStringLiteral("select * from fascie_orarie where giorno = ?"), db_.connessione_db, {giorno});
-  while (!e && !rs.eof()) {
+  Errore e = rs.Open(u"select * from fascie_orarie where giorno = ?"_s, db_.connessione_db, {giorno});
+  while (!e.fallito() && !rs.eof()) {
     fasce[{rs.numero(u"gruppo_oper"), rs.numero(u"gruppo_chiavi")}].emplace(
         al_minuto(rs.valore(u"dalle_ore")), al_minuto(rs.valore(u"alle_ore")));
     e = rs.MoveNext();
@@ -41,13 +42,13 @@ Errore FasceCambiate::leggi(Fasce& fasce) {
 
 Errore FasceCambiate::accoda() {
   Fasce dopo;
-  if (Errore e = leggi(dopo)) return e;
+  if (Errore e = leggi(dopo); e.fallito()) return e;
   Fasce cambiate;
   std::ranges::set_symmetric_difference(prima_, dopo, std::inserter(cambiate, cambiate.end()));
   GruppiDiFascia gruppi;
   for (const auto& [coppia, orari] : cambiate) gruppi[coppia.first].insert(coppia.second);
   TessereDiFascia tessere(db_.connessione_db);
-  if (Errore e = tessere.cerca(gruppi)) return e;
+  if (Errore e = tessere.cerca(gruppi); e.fallito()) return e;
   return CodaTessere(db_.connessione_db).accoda_scritture_se_mancano(tessere.coppie());
 }
 

@@ -35,8 +35,8 @@ const QString& carica_giorni() {
 void riempi_gruppi(SSOleDBDropDown& elenco, Connection& c, const QString& sql) {
   elenco.RemoveAll();
   Recordset rs;
-  if (rs.Open(sql, c)) return;
-  for (Errore e; !e && !rs.eof(); e = rs.MoveNext())
+  if (rs.Open(sql, c).fallito()) return;
+  for (Errore e; !e.fallito() && !rs.eof(); e = rs.MoveNext())
     elenco.AddItem({formatta(rs.valore(u"codice")), rs.testo(u"descrizione")});
 }
 
@@ -188,7 +188,7 @@ void frm_fascie_orarie::Command5_Click() {
   TabellaDaLista fasce{griglia_, u"delete from fascie_orarie"_s, u"select * from fascie_orarie"_s};
   fasce.prima = [&] {
     Errore e = cambiate.leggi_prima();
-    return e ? e : esecuzioni.leggi(c);
+    return e.fallito() ? e : esecuzioni.leggi(c);
   };
   fasce.completa = [&](Recordset& rs, int) { (void)esecuzioni.ridai(rs); };
   TabellaDaLista giorni{griglia_g_, u"delete from giorni_particolari"_s,

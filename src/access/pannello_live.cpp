@@ -2,21 +2,23 @@
 
 namespace lokera {
 
+using namespace Qt::StringLiterals;
+
 PannelloLive::PannelloLive(Finestra& f, TimerFactory& timer, Traduttore& traduttore)
-    : ShapeP(f, QStringLiteral("ShapeP")),
-      ShapeSX(f, QStringLiteral("ShapeSX")),
-      ShapeDX(f, QStringLiteral("ShapeDX")),
-      lblP(f, QStringLiteral("lblP")),
-      lblPG(f, QStringLiteral("lblPG")),
-      lblIntestazione(f, QStringLiteral("lblIntestazione"), QStringLiteral("intestazione")),
-      lblSX(f, QStringLiteral("lblSX"), QStringLiteral("Tessera chiave")),
-      lblSxG(f, QStringLiteral("lblSxG"), QStringLiteral("gruppo")),
-      lblDX(f, QStringLiteral("lblDX"), QStringLiteral("Tessera chiave")),
-      lblDxG(f, QStringLiteral("lblDxG"), QStringLiteral("gruppo")),
-      lampade_esito_5(f, QStringLiteral("lampade_esito_5")),
-      lampade_esito_6(f, QStringLiteral("lampade_esito_6")),
-      lampade_esito_7(f, QStringLiteral("lampade_esito_7")),
-      lampade_esito_8(f, QStringLiteral("lampade_esito_8")),
+    : ShapeP(f, u"ShapeP"_s),
+      ShapeSX(f, u"ShapeSX"_s),
+      ShapeDX(f, u"ShapeDX"_s),
+      lblP(f, u"lblP"_s),
+      lblPG(f, u"lblPG"_s),
+      lblIntestazione(f, u"lblIntestazione"_s, u"intestazione"_s),
+      lblSX(f, u"lblSX"_s, u"Tessera chiave"_s),
+      lblSxG(f, u"lblSxG"_s, u"gruppo"_s),
+      lblDX(f, u"lblDX"_s, u"Tessera chiave"_s),
+      lblDxG(f, u"lblDxG"_s, u"gruppo"_s),
+      lampade_esito_5(f, u"lampade_esito_5"_s),
+      lampade_esito_6(f, u"lampade_esito_6"_s),
+      lampade_esito_7(f, u"lampade_esito_7"_s),
+      lampade_esito_8(f, u"lampade_esito_8"_s),
       TimerSX(timer.crea_timer()),
       TimerDX(timer.crea_timer()),
       TimerSlot(timer.crea_timer()),
@@ -70,8 +72,8 @@ void PannelloLive::mostra_esito(Lato lato, Colore prima, Colore seconda) {
 }
 
 void PannelloLive::testi_a_riposo() {
-  const QString chiave = traduttore_.traduci(QStringLiteral("Tessera chiave"));
-  const QString gruppo = traduttore_.traduci(QStringLiteral("gruppo"));
+  const QString chiave = traduttore_.traduci(u"Tessera chiave"_s);
+  const QString gruppo = traduttore_.traduci(u"gruppo"_s);
   lblSX.Caption = chiave;
   lblDX.Caption = chiave;
   lblSxG.Caption = gruppo;

@@ -5,6 +5,7 @@
 
 #include "forms/controlli.h"
 #include "forms/traduttore.h"
+#include "platform/letterali.h"
 #include "platform/timer.h"
 
 namespace lokera {
@@ -26,7 +27,7 @@ class PannelloLive {
   void ferma_timer();
   /// The two result lamps of a side: 5 and 7 on the left, 6 and 8 on the right.
   void mostra_esito(Lato lato, Colore prima, Colore seconda);
-  QString intestazione_a_riposo() { return traduttore_.traduci(QStringLiteral("intestazione")); }
+  QString intestazione_a_riposo() { return traduttore_.traduci(u"intestazione"_s); }
 
   /// Both sides' texts as they stand when nothing happens, in the language of the interface.
   void testi_a_riposo();

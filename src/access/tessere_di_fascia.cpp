@@ -16,7 +16,7 @@ Errore TessereDiFascia::cerca(const GruppiDiFascia& gruppi, const std::function<
         " tessere_operatori.gruppo = ?"_s,
         {gruppo_oper});
     do {
-      if (Errore e = cerca_tratto(lettura, gruppi_chiavi, finito)) return e;
+      if (Errore e = cerca_tratto(lettura, gruppi_chiavi, finito); e.fallito()) return e;
       if (respira && finito()) respira();
     } while (lettura.sospesa());
   }
@@ -25,15 +25,15 @@ Errore TessereDiFascia::cerca(const GruppiDiFascia& gruppi, const std::function<
 
 Errore TessereDiFascia::cerca_tratto(LetturaATratti& lettura, const std::set<qlonglong>& gruppi_chiavi,
                                      const std::function<bool()>& finito) {
-  if (Errore e = lettura.apri()) return e;
+  if (Errore e = lettura.apri(); e.fallito()) return e;
   Recordset& rs = lettura.righe();
   while (!rs.eof()) {
     const qlonglong gruppo = rs.valore(1).toLongLong();
     if (gruppi_chiavi.contains(gruppo)) {
-      if (Errore e = aggiungi(rs.valore(0).toString(), gruppo)) return e;
+      if (Errore e = aggiungi(rs.valore(0).toString(), gruppo); e.fallito()) return e;
     }
     lettura.annota();
-    if (Errore e = rs.MoveNext()) return e;
+    if (Errore e = rs.MoveNext(); e.fallito()) return e;
     if (finito && finito() && lettura.sospendi()) break;
   }
   return {};
@@ -42,7 +42,7 @@ Errore TessereDiFascia::cerca_tratto(LetturaATratti& lettura, const std::set<qlo
 Errore TessereDiFascia::aggiungi(const QString& tessera, qlonglong gruppo_chiavi) {
   const auto [dove, nuovo] = lokere_.try_emplace(gruppo_chiavi);
   if (nuovo) {
-    if (Errore e = leggi_lokere(gruppo_chiavi, dove->second)) return e;
+    if (Errore e = leggi_lokere(gruppo_chiavi, dove->second); e.fallito()) return e;
   }
   for (const qlonglong lokera : dove->second) coppie_.emplace_back(tessera, lokera);
   return {};
@@ -52,7 +52,7 @@ Errore TessereDiFascia::leggi_lokere(qlonglong gruppo_chiavi, std::vector<qlongl
   Recordset rs;
   Errore e = rs.Open(u"select distinct lokera from tessere_chiavi where gruppo = ? and lokera is not null"_s,
                      c_, {gruppo_chiavi});
-  while (!e && !rs.eof()) {
+  while (!e.fallito() && !rs.eof()) {
     lokere.push_back(rs.valore(0).toLongLong());
     e = rs.MoveNext();
   }

@@ -5,11 +5,12 @@
 
 namespace lokera {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QString percorso(const QString& database) {
-  return QFileInfo(database).absoluteFilePath() + u'.' + QSysInfo::machineHostName() +
-         QStringLiteral(".lock");
+  return QFileInfo(database).absoluteFilePath() + u'.' + QSysInfo::machineHostName() + u".lock"_s;
 }
 
 bool prendi(QLockFile& mark) {
@@ -26,7 +27,7 @@ QString IstanzaUnica::chi() const {
   QString computer;
   QString programma;
   if (presa_ || !mark_.getLockInfo(&pid, &computer, &programma)) return {};
-  return QStringLiteral("%1 (%2)").arg(programma).arg(pid);
+  return u"%1 (%2)"_s.arg(programma).arg(pid);
 }
 
 }  // namespace lokera

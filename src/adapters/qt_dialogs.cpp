@@ -7,6 +7,8 @@
 
 namespace lokera {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // The window below may close while the box is open and take the box with it.
@@ -23,7 +25,7 @@ QPointer<QMessageBox> crea_box(QMessageBox::Icon icona, const QString& testo, co
 
 void QtMessageBox::mostra(const QString& testo, const QString& titolo) {
   const auto box = crea_box(QMessageBox::NoIcon, testo, titolo);
-  box->addButton(QStringLiteral("OK"), QMessageBox::AcceptRole);
+  box->addButton(u"OK"_s, QMessageBox::AcceptRole);
   box->exec();
   delete box;
 }

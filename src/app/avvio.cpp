@@ -7,8 +7,10 @@
 
 namespace lokera {
 
+using namespace Qt::StringLiterals;
+
 void prepara_aspetto() {
-  QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+  QApplication::setStyle(QStyleFactory::create(u"Fusion"_s));
   QPalette colori = QApplication::palette();
   colori.setColor(QPalette::Highlight, QColor(0x1F, 0x6F, 0xB2));
   colori.setColor(QPalette::HighlightedText, Qt::white);
@@ -32,7 +34,7 @@ bool Avvio::apri() {
 // Qt's own words are English; where the console speaks the second language they stay so.
 void Avvio::testi_di_qt() {
   if (console_.db().lingua_interfaccia == 0 &&
-      testi_.load(QStringLiteral("qtbase_it"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+      testi_.load(u"qtbase_it"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
     QCoreApplication::installTranslator(&testi_);
 }
 

@@ -4,6 +4,8 @@
 
 namespace lokera {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 const char* parola(const Shape& lampada) {
@@ -58,20 +60,19 @@ void Cronaca::cambiato(Controllo& controllo) {
 }
 
 void Cronaca::scrivi(const char* tipo, const QString& testo) {
-  uscita_ << QTime::currentTime().toString(QStringLiteral("HH:mm:ss.zzz")) << ' ' << tipo << ' ' << testo
-          << '\n';
+  uscita_ << QTime::currentTime().toString(u"HH:mm:ss.zzz"_s) << ' ' << tipo << ' ' << testo << '\n';
   uscita_.flush();
 }
 
 QString Cronaca::stato_pannello() const {
   const PannelloLive& p = m_.pannello;
-  return QStringLiteral("operatore=%1 [%2] %3 | prelievo=%4 [%5] esito=%6,%7 | riconsegna=%8 [%9] ")
+  return u"operatore=%1 [%2] %3 | prelievo=%4 [%5] esito=%6,%7 | riconsegna=%8 [%9] "_s
              .arg(QLatin1StringView(parola(p.ShapeP)), p.lblP.Caption, p.lblIntestazione.Caption)
              .arg(QLatin1StringView(parola(p.ShapeSX)), p.lblSX.Caption)
              .arg(QLatin1StringView(parola(p.lampade_esito_5)), QLatin1StringView(parola(p.lampade_esito_7)))
              .arg(QLatin1StringView(parola(p.ShapeDX)), p.lblDX.Caption) +
-         QStringLiteral("esito=%1,%2")
-             .arg(QLatin1StringView(parola(p.lampade_esito_6)), QLatin1StringView(parola(p.lampade_esito_8)));
+         u"esito=%1,%2"_s.arg(QLatin1StringView(parola(p.lampade_esito_6)),
+                              QLatin1StringView(parola(p.lampade_esito_8)));
 }
 
 void Cronaca::annota_pannello() {

@@ -63,7 +63,7 @@ class Schermate {
   }
   void scatta(const QString& motivo) {
     if (cartella_.isEmpty() || !finestra_.isVisible()) return;
-    const QString nome = u"%1_%2.png"_s.arg(++numero_, 3, 10, QLatin1Char('0')).arg(motivo);
+    const QString nome = u"%1_%2.png"_s.arg(++numero_, 3, 10, '0'_L1).arg(motivo);
     if (!finestra_.grab().save(QDir(cartella_).filePath(nome)))
       std::fprintf(stderr, "can't save %s\n", qPrintable(nome));
   }

@@ -33,8 +33,8 @@ InvioTessere::InvioTessere(Database& db, SessioneDownload& sessione, const Giorn
       posizioni_(db.connessione_db) {}
 
 bool InvioTessere::fallito(const Errore& errore) const {
-  if (errore && segnala) segnala(errore);
-  return static_cast<bool>(errore);
+  if (errore.fallito() && segnala) segnala(errore);
+  return errore.fallito();
 }
 
 // The queue may have turned over since the caller read it: what it says now counts.
@@ -65,7 +65,7 @@ Errore InvioTessere::record_di(const QString& codice, QByteArray& record) {
   Maschera maschera;
   const QTime adesso = sessione_.attesa().orologio().adesso().time();
   Errore e = calcola_maschera(db_.connessione_db, codice, giorno_.giorno_corrente(), adesso, maschera);
-  if (!e) record = codice.toLatin1() + maschera_esadecimale(maschera);
+  if (!e.fallito()) record = codice.toLatin1() + maschera_esadecimale(maschera);
   return e;
 }
 
@@ -83,10 +83,10 @@ bool InvioTessere::scrivi_e_verifica(const Conversazione& c, QByteArrayView test
 Errore InvioTessere::scritta(const Conversazione& c, const QString& codice, qint32 posizione,
                              const QByteArray& record) {
   QByteArray adesso;
-  if (Errore e = record_di(codice, adesso)) return e;
+  if (Errore e = record_di(codice, adesso); e.fallito()) return e;
   return in_transazione(db_.connessione_db, [&] {
     Errore errore = posizioni_.confermata(c.lokera, posizione);
-    return errore || adesso != record ? errore : coda_.servita_scrittura(codice, c.lokera);
+    return errore.fallito() || adesso != record ? errore : coda_.servita_scrittura(codice, c.lokera);
   });
 }
 
@@ -102,7 +102,7 @@ qint16 InvioTessere::cancella_operatore_lokera(const QString& codice, qint32& po
   }
   const Errore errore = in_transazione(db_.connessione_db, [&] {
     Errore e = trovata ? posizioni_.confermata(c.lokera, posizione) : Errore{};
-    return e ? e : coda_.servita_cancellazione(codice, c.lokera);
+    return e.fallito() ? e : coda_.servita_cancellazione(codice, c.lokera);
   });
   return fallito(errore) ? 1 : 0;
 }

@@ -7,6 +7,8 @@
 
 namespace lokera {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr char cifre[] = "0123456789ABCDEF";
@@ -16,8 +18,8 @@ using GruppiConFasce = QHash<qlonglong, bool>;
 
 Errore gruppo_operatore(Connection& connessione, const QString& codice, qlonglong& gruppo) {
   Recordset rs;
-  if (Errore e =
-          rs.Open(QStringLiteral("select * from tessere_operatori where codice = ?"), connessione, {codice}))
+  if (Errore e = rs.Open(u"select * from tessere_operatori where codice = ?"_s, connessione, {codice});
+      e.fallito())
     return e;
   gruppo = rs.eof() ? -1 : rs.numero(u"gruppo");
   return {};
@@ -26,10 +28,11 @@ Errore gruppo_operatore(Connection& connessione, const QString& codice, qlonglon
 Errore leggi_fasce(Connection& connessione, qlonglong gruppo, const QString& giorno, QTime adesso,
                    GruppiConFasce& fasce) {
   Recordset rs;
-  Errore e = rs.Open(QStringLiteral("select gruppo_chiavi, dalle_ore, alle_ore from fascie_orarie"
-                                    " where gruppo_oper = ? and giorno = ?"),
-                     connessione, {gruppo, giorno});
-  while (!e && !rs.eof()) {
+  Errore e = rs.Open(
+      u"select gruppo_chiavi, dalle_ore, alle_ore from fascie_orarie"
+      " where gruppo_oper = ? and giorno = ?"_s,
+      connessione, {gruppo, giorno});
+  while (!e.fallito() && !rs.eof()) {
     bool& aperta = fasce[rs.valore(0).toLongLong()];
     aperta = aperta ||
              fascia_in_vigore(rs.valore(1).toDateTime().time(), rs.valore(2).toDateTime().time(), adesso);
@@ -68,21 +71,21 @@ Errore calcola_maschera(Connection& connessione, const QString& codice, const QS
   maschera.reset();
   qlonglong gruppo = -1;
   GruppiConFasce fasce;
-  if (Errore e = gruppo_operatore(connessione, codice, gruppo)) return e;
-  if (Errore e = leggi_fasce(connessione, gruppo, giorno, adesso, fasce)) return e;
+  if (Errore e = gruppo_operatore(connessione, codice, gruppo); e.fallito()) return e;
+  if (Errore e = leggi_fasce(connessione, gruppo, giorno, adesso, fasce); e.fallito()) return e;
   Recordset rs;
   Errore e = rs.Open(
-      QStringLiteral("SELECT tessere_chiavi.posizione, tessere_chiavi.gruppo FROM (gruppi_tessera INNER"
-                     " JOIN tessere_chiavi ON gruppi_tessera.codice = tessere_chiavi.gruppo) WHERE"
-                     " gruppi_tessera.tessera = ? and tessere_chiavi.posizione >= ? and"
-                     " tessere_chiavi.posizione <= ?"),
+      u"SELECT tessere_chiavi.posizione, tessere_chiavi.gruppo FROM (gruppi_tessera INNER"
+      " JOIN tessere_chiavi ON gruppi_tessera.codice = tessere_chiavi.gruppo) WHERE"
+      " gruppi_tessera.tessera = ? and tessere_chiavi.posizione >= ? and"
+      " tessere_chiavi.posizione <= ?"_s,
       connessione, {codice, 0, posizioni_maschera - 1});
   Maschera trovate;
-  while (!e && !rs.eof()) {
+  while (!e.fallito() && !rs.eof()) {
     if (fasce.value(rs.valore(1).toLongLong(), true)) trovate.set(rs.valore(0).toULongLong());
     e = rs.MoveNext();
   }
-  if (!e) maschera = trovate;
+  if (!e.fallito()) maschera = trovate;
   return e;
 }
 

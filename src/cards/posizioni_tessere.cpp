@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 Errore leggi_posizioni(Recordset& rs, Errore e, QList<qint32>& posizioni) {
-  while (!e && !rs.eof()) {
+  while (!e.fallito() && !rs.eof()) {
     posizioni << static_cast<qint32>(rs.numero(u"posizione"));
     e = rs.MoveNext();
   }
@@ -25,16 +25,16 @@ const QString& una_tessera() {
 
 Errore PosizioniTessere::assegna(const QString& tessera, qlonglong lokera, qint32& posizione) {
   Recordset rs;
-  if (Errore e = rs.Open(una_tessera(), c_, {tessera, lokera}, Cursore::aggiornabile)) return e;
+  if (Errore e = rs.Open(una_tessera(), c_, {tessera, lokera}, Cursore::aggiornabile); e.fallito()) return e;
   if (!rs.eof()) {
     posizione = static_cast<qint32>(rs.numero(u"posizione"));
     return {};
   }
-  if (Errore e = prima_libera(lokera, posizione)) return e;
-  if (Errore e = rs.AddNew()) return e;
-  if (Errore e = rs.imposta(u"id_tessera", tessera)) return e;
-  if (Errore e = rs.imposta(u"id_lokera", lokera)) return e;
-  if (Errore e = rs.imposta(u"posizione", posizione)) return e;
+  if (Errore e = prima_libera(lokera, posizione); e.fallito()) return e;
+  if (Errore e = rs.AddNew(); e.fallito()) return e;
+  if (Errore e = rs.imposta(u"id_tessera", tessera); e.fallito()) return e;
+  if (Errore e = rs.imposta(u"id_lokera", lokera); e.fallito()) return e;
+  if (Errore e = rs.imposta(u"posizione", posizione); e.fallito()) return e;
   return rs.Update();
 }
 
@@ -52,17 +52,18 @@ Errore PosizioniTessere::prima_libera(qlonglong lokera, qint32& posizione) {
 Errore PosizioniTessere::libera(const QString& tessera, qlonglong lokera, qint32& posizione, bool& trovata) {
   return in_transazione(c_, [&]() -> Errore {
     Recordset rs;
-    if (Errore e = rs.Open(una_tessera(), c_, {tessera, lokera}, Cursore::aggiornabile)) return e;
+    if (Errore e = rs.Open(una_tessera(), c_, {tessera, lokera}, Cursore::aggiornabile); e.fallito())
+      return e;
     trovata = !rs.eof();
     if (!trovata) return {};
     posizione = static_cast<qint32>(rs.numero(u"posizione"));
-    if (Errore e = rs.Delete()) return e;
+    if (Errore e = rs.Delete(); e.fallito()) return e;
     return ricorda(tessera, lokera, posizione);
   });
 }
 
 Errore PosizioniTessere::ricorda(const QString& tessera, qlonglong lokera, qint32 posizione) {
-  if (Errore e = confermata(lokera, posizione)) return e;
+  if (Errore e = confermata(lokera, posizione); e.fallito()) return e;
   return c_.Execute(
       u"insert into cancellazioni_da_confermare (ID_lokera, posizione, ID_tessera) values (?, ?, ?)"_s,
       {lokera, posizione, tessera});

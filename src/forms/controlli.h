@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "forms/finestra.h"
+#include "platform/letterali.h"
 
 namespace lokera {
 
@@ -114,7 +115,7 @@ class TextBox : public Controllo {
 class MaskEdBox : public Controllo {
  public:
   using Controllo::Controllo;
-  Proprieta<QString> Text{*this, QStringLiteral("__/__/____")};
+  Proprieta<QString> Text{*this, u"__/__/____"_s};
 };
 
 class CheckBox : public Controllo {

@@ -47,14 +47,15 @@ void frm_traduzioni::allarga(QStringView campo) {
 QString frm_traduzioni::registra(const QString& italiano, const QString& tedesco) {
   Recordset rs;
   if (const Errore e = rs.Open(u"Select * from traduzioni where  italiano = ?"_s, a_.db.connessione_db,
-                               {italiano}, Cursore::aggiornabile))
+                               {italiano}, Cursore::aggiornabile);
+      e.fallito())
     return e.descrizione;
   Errore errore;
   if (rs.eof()) errore = rs.AddNew();
-  if (!errore) errore = rs.imposta(u"italiano", italiano);
-  if (!errore) errore = rs.imposta(u"tedesco", tedesco);
-  if (!errore) maschera_.update_record(rs);
-  QString testo = errore ? errore.descrizione : maschera_.errore();
+  if (!errore.fallito()) errore = rs.imposta(u"italiano", italiano);
+  if (!errore.fallito()) errore = rs.imposta(u"tedesco", tedesco);
+  if (!errore.fallito()) maschera_.update_record(rs);
+  QString testo = errore.fallito() ? errore.descrizione : maschera_.errore();
   if (!testo.isEmpty()) rs.CancelUpdate();
   return testo;
 }
@@ -72,8 +73,8 @@ bool frm_traduzioni::grd_BeforeDelete(int riga) {
   if (!conferma(a_.traduttore, a_.messaggi, u"Vuoi eliminare la voce?"_s)) return false;
   const Errore errore =
       a_.db.connessione_db.Execute(u"delete from traduzioni where  italiano = ?"_s, {italiano});
-  if (errore) a_.messaggi.mostra(errore.descrizione);
-  return !errore;
+  if (errore.fallito()) a_.messaggi.mostra(errore.descrizione);
+  return !errore.fallito();
 }
 
 }  // namespace lokera

@@ -8,6 +8,8 @@
 
 namespace lokera {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int righe_per_ridisegno = 100;
@@ -16,9 +18,9 @@ constexpr Monotonic tempo_senza_cedere = std::chrono::milliseconds(20);
 constexpr int tratto_per_apertura = 4;
 
 void tipo_dato(Colonna& c, const QString& tipo) {
-  if (tipo == QStringLiteral("numero")) c.allineamento = Allineamento::destra;
-  if (tipo == QStringLiteral("data")) c.allineamento = Allineamento::centro;
-  if (tipo == QStringLiteral("check")) {
+  if (tipo == u"numero"_s) c.allineamento = Allineamento::destra;
+  if (tipo == u"data"_s) c.allineamento = Allineamento::centro;
+  if (tipo == u"check"_s) {
     c.allineamento = Allineamento::centro;
     c.stile = StileCella::spunta;
   }
@@ -113,7 +115,7 @@ Errore riempi_blocco(SSOleDBGrid& grd, LetturaATratti& lettura, const std::vecto
   QByteArray riga;
   Errore errore;
   grd.Redraw(false);
-  for (int i = 1; i <= righe_per_ridisegno && !rs.eof() && !errore; ++i) {
+  for (int i = 1; i <= righe_per_ridisegno && !rs.eof() && !errore.fallito(); ++i) {
     scrivi_riga(riga, rs, fonti);
     grd.AddItem(QByteArrayView(riga));
     if (i == righe_per_ridisegno) lettura.annota();
@@ -144,15 +146,15 @@ void griglia::layout(Connection& conn_layout, const QString& nome_form, const QS
 }
 
 bool griglia::colonne_da_tabella(Connection& conn, const QString& nome_form, const QString& nome_griglia) {
-  const QString sql = QStringLiteral(
-      "select * from layout_griglie where programma = 'Zandor' and nome_form = ? and nome_griglia = ? "
-      "order by nr_colonna");
+  const QString sql =
+      u"select * from layout_griglie where programma = 'Zandor' and nome_form = ? and nome_griglia = ? "
+      "order by nr_colonna"_s;
   Recordset rs;
-  if (rs.Open(sql, conn, {nome_form, nome_griglia})) return false;
+  if (rs.Open(sql, conn, {nome_form, nome_griglia}).fallito()) return false;
   std::vector<Colonna> colonne;
   while (!rs.eof()) {
     colonne.push_back(colonna_da_riga(rs));
-    if (rs.MoveNext()) return false;
+    if (rs.MoveNext().fallito()) return false;
   }
   if (colonne.empty()) return false;
   imposta_colonne(std::move(colonne));
@@ -161,7 +163,7 @@ bool griglia::colonne_da_tabella(Connection& conn, const QString& nome_form, con
 
 void griglia::colonne_da_modello(Connection& conn, const QString& sql) {
   Recordset rs;
-  if (rs.Open(sql, conn)) return;
+  if (rs.Open(sql, conn).fallito()) return;
   std::vector<Colonna> colonne;
   for (int i = 0; i < std::max(grd_.Cols(), rs.conta_campi()); ++i) {
     Colonna& c = colonne.emplace_back(i < grd_.Cols() ? grd_.Columns(i) : Colonna());
@@ -210,7 +212,7 @@ bool griglia::popola(Connection& conn, const QString& sql, const QVariantList& v
 bool griglia::riempi(LetturaATratti& lettura) {
   const quint64 mio = grd_.svuotamenti();
   for (;;) {
-    if (const Errore e = riempi_tratto(lettura)) return popolamento_fallito(e);
+    if (const Errore e = riempi_tratto(lettura); e.fallito()) return popolamento_fallito(e);
     if (!lettura.sospesa()) return true;
     servizi_.attesa.cedi();
     if (grd_.svuotamenti() != mio) return false;
@@ -220,12 +222,12 @@ bool griglia::riempi(LetturaATratti& lettura) {
 Errore griglia::riempi_tratto(LetturaATratti& lettura) {
   const Clock& orologio = servizi_.attesa.orologio();
   const Monotonic inizio = orologio.monotono();
-  if (Errore e = lettura.apri()) return e;
+  if (Errore e = lettura.apri(); e.fallito()) return e;
   const Monotonic aperta = orologio.monotono();
   const Monotonic fine = aperta + std::max(tempo_senza_cedere, (aperta - inizio) * tratto_per_apertura);
   const std::vector<Fonte> colonne = fonti(grd_, lettura.righe());
   while (!lettura.righe().eof()) {
-    if (Errore e = riempi_blocco(grd_, lettura, colonne)) return e;
+    if (Errore e = riempi_blocco(grd_, lettura, colonne); e.fallito()) return e;
     if (orologio.monotono() > fine && lettura.sospendi()) break;
   }
   return {};

@@ -7,10 +7,12 @@
 
 namespace lokera {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 const QString& vero() {
-  static const QString testo = QStringLiteral("Vero");
+  static const QString testo = u"Vero"_s;
   return testo;
 }
 
@@ -30,13 +32,13 @@ QVariant valore(const QString& testo, TipoCampo tipo) {
   if (tipo == TipoCampo::data) return data(testo);
   if (tipo == TipoCampo::booleano) return testo == testo_spuntato || testo == vero();
   if (e_numero(tipo)) return numero(leggi_numero(testo).value_or(0));
-  return testo.isEmpty() ? QStringLiteral(" ") : testo;
+  return testo.isEmpty() ? u" "_s : testo;
 }
 
 }  // namespace
 
 void griglia::annota(const Errore& errore) {
-  if (!errore_) errore_ = errore;
+  if (!errore_.fallito()) errore_ = errore;
 }
 
 void griglia::salva_cella(Recordset& rs, int riga, int colonna, int indice) {
@@ -47,7 +49,7 @@ void griglia::salva_cella(Recordset& rs, int riga, int colonna, int indice) {
   if (tipo == TipoCampo::data) return annota(rs.imposta(indice, data_letta(testo)));
   if (!e_numero(tipo)) return annota(rs.imposta(indice, valore(testo, tipo)));
   const auto letto = leggi_numero(testo);
-  if (!letto) grd_.imposta_cella(riga, colonna, QStringLiteral("0"));
+  if (!letto) grd_.imposta_cella(riga, colonna, u"0"_s);
   annota(rs.imposta(indice, numero(letto.value_or(0))));
 }
 
@@ -78,7 +80,7 @@ void griglia::salva_record(Recordset& rs, int riga, const std::vector<int>& indi
 
 bool griglia::salva_riga(Recordset& rs, int riga, const std::vector<int>& indici, const QStringList& valori,
                          const Completa& completa) {
-  if (rs.AddNew()) return true;  // the row is dropped
+  if (rs.AddNew().fallito()) return true;  // the row is dropped
   for (qsizetype i = 0; i + 1 < valori.size(); i += 2) {
     const int campo = rs.indice(valori[i]);
     if (campo >= 0) annota(rs.imposta(valori[i], valore(valori[i + 1], rs.campo(campo).tipo)));
@@ -86,8 +88,8 @@ bool griglia::salva_riga(Recordset& rs, int riga, const std::vector<int>& indici
   salva_record(rs, riga, indici);
   if (completa) completa(rs, riga);
   // A cell that the record didn't take must not be stored as something else.
-  if (!errore_) errore_ = rs.Update();
-  if (!errore_) return true;
+  if (!errore_.fallito()) errore_ = rs.Update();
+  if (!errore_.fallito()) return true;
   rs.CancelUpdate();
   return false;
 }
@@ -108,12 +110,12 @@ bool griglia::scrivi_tutto(Recordset& rs, const QString& valori, const Completa&
 }
 
 void griglia::mostra_errore() {
-  if (!errore_) return;
+  if (!errore_.fallito()) return;
   grd_.Row(riga_rifiutata_);
   Traduttore& t = servizi_.traduttore;
-  const QString testo = t.traduci(QStringLiteral("Errore ")) + QString::number(errore_.numero) +
-                        t.traduci(QStringLiteral(" durante la registrazione.")) + u'\r' + errore_.descrizione;
-  servizi_.messaggi.mostra(testo, t.traduci(QStringLiteral("Errore")));
+  const QString testo = t.traduci(u"Errore "_s) + QString::number(errore_.numero) +
+                        t.traduci(u" durante la registrazione."_s) + u'\r' + errore_.descrizione;
+  servizi_.messaggi.mostra(testo, t.traduci(u"Errore"_s));
 }
 
 void griglia::salva_tutto(Recordset& rs, const QString& valori) {
@@ -123,11 +125,11 @@ void griglia::salva_tutto(Recordset& rs, const QString& valori) {
 Errore griglia::riscrivi(Connection& conn, const TabellaDaLista& tabella) {
   riga_rifiutata_ = -1;
   if (tabella.prima) {
-    if (Errore e = tabella.prima()) return e;
+    if (Errore e = tabella.prima(); e.fallito()) return e;
   }
-  if (Errore e = conn.Execute(tabella.cancella)) return e;
+  if (Errore e = conn.Execute(tabella.cancella); e.fallito()) return e;
   Recordset rs;
-  if (Errore e = rs.Open(tabella.apri, conn, {}, Cursore::aggiornabile)) return e;
+  if (Errore e = rs.Open(tabella.apri, conn, {}, Cursore::aggiornabile); e.fallito()) return e;
   if (!scrivi_tutto(rs, {}, tabella.completa) || !tabella.dopo) return errore_;
   return tabella.dopo();
 }
@@ -140,11 +142,11 @@ bool sostituisci_tabelle(Connection& conn, const std::vector<TabellaDaLista>& ta
   const Errore errore = in_transazione(conn, [&]() -> Errore {
     for (const TabellaDaLista& t : tabelle) {
       lista = &t.lista;
-      if (Errore e = lista->riscrivi(conn, t)) return e;
+      if (Errore e = lista->riscrivi(conn, t); e.fallito()) return e;
     }
     return {};
   });
-  if (!errore) return true;
+  if (!errore.fallito()) return true;
   lista->errore_ = errore;
   lista->errore_salvataggio_ = true;
   lista->mostra_errore();

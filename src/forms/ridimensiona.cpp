@@ -2,6 +2,8 @@
 
 namespace lokera {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// Screen to window. Single precision by way of the percentage, as the threshold was always computed.
@@ -11,7 +13,7 @@ float rapporto(double schermo, double finestra) {
 }
 
 bool noresize(const QString& tag) {
-  return tag.trimmed().toLower() == QStringLiteral("noresize");
+  return tag.trimmed().toLower() == u"noresize"_s;
 }
 
 bool tiene_altezza(const Geometria& c) {

@@ -10,6 +10,8 @@
 
 namespace lokera {
 
+using namespace Qt::StringLiterals;
+
 struct Traduttore::Memoria {
   Vocabolario vocabolario;
   QSet<QString> rifiutati;  ///< texts that the table didn't take; not offered again until it changes
@@ -38,7 +40,7 @@ bool occupato(const Errore& errore) {
 }
 
 const QString& tabella() {
-  static const QString nome = QStringLiteral("traduzioni");
+  static const QString nome = u"traduzioni"_s;
   return nome;
 }
 
@@ -69,7 +71,7 @@ bool Traduttore::Memoria::leggi(Connection& connessione, quint64 adesso) {
   if (occupata) return letta;
   vocabolario = std::move(nuovo);
   versione = adesso;
-  letta = !errore;
+  letta = !errore.fallito();
   return letta;
 }
 
@@ -77,7 +79,7 @@ void Traduttore::Memoria::registra(Connection& connessione, const QString& testo
   if (rifiutati.contains(testo)) return;
   if (rimandati.isEmpty()) {
     const Errore errore = inserisci(connessione, testo);
-    if (!errore) return;
+    if (!errore.fallito()) return;
     scritte = connessione.righe_scritte();
     if (!occupato(errore)) {
       rifiutati.insert(testo);
@@ -96,8 +98,8 @@ void Traduttore::Memoria::registra_rimandati(Connection& connessione) {
 Errore Traduttore::Memoria::inserisci(Connection& connessione, const QString& testo) {
   std::optional<SenzaAttesa> subito;
   if (occupata) subito.emplace(connessione);
-  const QString sql = QStringLiteral("insert into traduzioni (italiano, inglese) values (?, ' ')");
-  if (Errore e = connessione.Execute(sql, {testo})) return e;
+  const QString sql = u"insert into traduzioni (italiano, inglese) values (?, ' ')"_s;
+  if (Errore e = connessione.Execute(sql, {testo}); e.fallito()) return e;
   vocabolario.aggiungi(testo.toUtf8(), " ");
   const quint64 prima = std::exchange(versione, connessione.versione_tabella(tabella()));
   if (versione != prima + 1) versione = 0;  // not our own row only: another console wrote at that moment

@@ -7,6 +7,8 @@
 
 namespace lokera {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr quint64 seme = 14695981039346656037U;
@@ -35,10 +37,10 @@ quint64 impronta(QByteArrayView testo) {
 Errore Vocabolario::leggi(Connection& connessione) {
   *this = Vocabolario();
   Recordset rs;
-  if (Errore e = rs.Open(QStringLiteral("Select italiano, inglese from traduzioni"), connessione)) return e;
+  if (Errore e = rs.Open(u"Select italiano, inglese from traduzioni"_s, connessione); e.fallito()) return e;
   while (!rs.eof()) {
     aggiungi(rs.testo_grezzo(0), rs.testo_grezzo(1));
-    if (Errore e = rs.MoveNext()) return e;
+    if (Errore e = rs.MoveNext(); e.fallito()) return e;
   }
   return {};
 }

@@ -6,11 +6,13 @@
 
 namespace lokera {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// Text of a mask that nothing was typed into.
 const QString& maschera_vuota() {
-  static const QString maschera = QStringLiteral("__/__/____");
+  static const QString maschera = u"__/__/____"_s;
   return maschera;
 }
 
@@ -34,7 +36,7 @@ void pulisci_valori(Recordset& rs) {
     const bool manca = !valore.isValid() || valore.isNull() || (testo && valore.toString().isEmpty());
     if (!manca) continue;
     // What can't be set is left for Update to refuse.
-    (void)rs.imposta(i, testo ? QVariant(QStringLiteral(" ")) : QVariant(0));
+    (void)rs.imposta(i, testo ? QVariant(u" "_s) : QVariant(0));
   }
 }
 
@@ -51,13 +53,14 @@ void ZanForm::blocca_record(const QString& tabella, const QString& chiave, const
   bloccato = false;
   const QString chi = chiave.trimmed();
   Recordset rs;
-  if (rs.Open(QStringLiteral("select * from securety_locks where tabella = ? and chiave = ?"),
-              db_.connessione_db, {tabella, chi}, Cursore::aggiornabile))
+  if (rs.Open(u"select * from securety_locks where tabella = ? and chiave = ?"_s, db_.connessione_db,
+              {tabella, chi}, Cursore::aggiornabile)
+          .fallito())
     return;
   const QDateTime preso = rs.valore(u"data").toDateTime();
   // Only the days of the month are compared: a lock of the 30th still stands on the 1st.
   const bool scaduto = preso.isValid() && preso.date().day() < orologio_.adesso().date().day();
-  const bool libero = rs.eof() || (scaduto && !rs.Delete());
+  const bool libero = rs.eof() || (scaduto && !rs.Delete().fallito());
   const QString altro = libero ? QString() : rs.testo(u"operatore");
   if (!libero && altro.compare(operatore, Qt::CaseInsensitive) != 0) {
     rs.Close();
@@ -75,21 +78,22 @@ void ZanForm::scrivi_blocco(Recordset& rs, const QString& tabella, const QString
   (void)rs.imposta(u"chiave", chiave);
   (void)rs.imposta(u"operatore", operatore);
   (void)rs.imposta(u"data", momento(orologio_.adesso().date()));
-  if (rs.Update()) rs.CancelUpdate();
+  if (rs.Update().fallito()) rs.CancelUpdate();
 }
 
 void ZanForm::mostra_blocco(const QString& chiave, const QString& operatore) {
-  const QString testo = traduttore_.traduci(QStringLiteral("Record ")) + chiave +
-                        traduttore_.traduci(QStringLiteral(" già bloccato dall'utente ")) + operatore +
-                        u'\r' + traduttore_.traduci(QStringLiteral("Accesso negato!"));
+  const QString testo = traduttore_.traduci(u"Record "_s) + chiave +
+                        traduttore_.traduci(u" già bloccato dall'utente "_s) + operatore + u'\r' +
+                        traduttore_.traduci(u"Accesso negato!"_s);
   messaggi_.mostra(testo);
 }
 
 void ZanForm::sblocca_record(const QString& tabella, const QString& chiave, const QString& operatore) {
   Recordset rs;
-  const QString sql =
-      QStringLiteral("select * from securety_locks where tabella = ? and chiave = ? and operatore = ?");
-  if (rs.Open(sql, db_.connessione_db, {tabella, chiave.trimmed(), operatore}, Cursore::aggiornabile)) return;
+  const QString sql = u"select * from securety_locks where tabella = ? and chiave = ? and operatore = ?"_s;
+  if (rs.Open(sql, db_.connessione_db, {tabella, chiave.trimmed(), operatore}, Cursore::aggiornabile)
+          .fallito())
+    return;
   if (!rs.eof()) (void)rs.Delete();
 }
 

@@ -6,6 +6,8 @@
 
 namespace lokera {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// True as the store, a check box and the numbers of old rows spell it.
@@ -31,7 +33,7 @@ void salva_testo(Recordset& rs, TextBox& casella, const Campo& campo) {
     QString testo = casella.Text().trimmed();
     if (campo.dimensione > 0) testo.truncate(campo.dimensione);
     casella.Text = testo;
-    (void)rs.imposta(campo.nome, testo.isEmpty() ? QStringLiteral(" ") : testo);
+    (void)rs.imposta(campo.nome, testo.isEmpty() ? u" "_s : testo);
     return;
   }
   const auto numero = casella.Text().contains(u',') ? std::nullopt : leggi_numero(casella.Text());
@@ -53,7 +55,7 @@ void salva(Recordset& rs, Controllo& controllo, const Legame& l) {
 
 void ZanForm::popola(const QString& sql, const QString& gruppo) {
   Recordset rs;
-  if (!finestra_ || rs.Open(sql, db_.connessione_db) || rs.eof()) return;
+  if (!finestra_ || rs.Open(sql, db_.connessione_db).fallito() || rs.eof()) return;
   for (Controllo* controllo : finestra_->Controls()) {
     const Legame l = legame(*controllo);
     if (!l.partecipa_a_popola(gruppo)) continue;

@@ -37,7 +37,7 @@ Errore CodaTessere::accoda_scritture_se_mancano(std::span<const TesseraInLokera>
   while (!coppie.empty()) {
     // Few wordings, since each is prepared once.
     const size_t quante = coppie.size() < piu_scritture ? 1 : piu_scritture;
-    if (Errore e = accoda_insieme(coppie.first(quante))) return e;
+    if (Errore e = accoda_insieme(coppie.first(quante)); e.fallito()) return e;
     coppie = coppie.subspan(quante);
   }
   return {};
@@ -60,7 +60,7 @@ Errore CodaTessere::accoda_insieme(std::span<const TesseraInLokera> coppie) {
 Errore CodaTessere::accoda_cancellazione(const QString& tessera, qlonglong lokera) {
   return tutto_o_niente(c_, [&] {
     Errore errore = togli_segni(tessera);
-    return errore ? errore : metti(tessera, lokera, OperazioneCoda::cancellazione);
+    return errore.fallito() ? errore : metti(tessera, lokera, OperazioneCoda::cancellazione);
   });
 }
 
@@ -68,24 +68,26 @@ Errore CodaTessere::accoda_cancellazione_conservando(const QString& tessera, qlo
                                                      MotivoConservare motivo) {
   return tutto_o_niente(c_, [&]() -> Errore {
     bool esce = false;
-    if (Errore e = esiste(u"select 1 where "_s + in_uscita(u"?"_s), {tessera}, esce)) return e;
-    if (Errore e = metti(tessera, lokera, OperazioneCoda::cancellazione)) return e;
+    if (Errore e = esiste(u"select 1 where "_s + in_uscita(u"?"_s), {tessera}, esce); e.fallito()) return e;
+    if (Errore e = metti(tessera, lokera, OperazioneCoda::cancellazione); e.fallito()) return e;
     return esce ? Errore{} : segna(tessera, lokera, motivo);
   });
 }
 
 Errore CodaTessere::elimina_tessera(const QString& tessera) {
   return tutto_o_niente(c_, [&]() -> Errore {
-    if (Errore e = togli_segni(tessera)) return e;
+    if (Errore e = togli_segni(tessera); e.fallito()) return e;
     if (Errore e =
-            c_.Execute(u"update aggiorn_tessere_oper set operazione = 'D' where ID_tessera = ?"_s, {tessera}))
+            c_.Execute(u"update aggiorn_tessere_oper set operazione = 'D' where ID_tessera = ?"_s, {tessera});
+        e.fallito())
       return e;
     if (Errore e = c_.Execute(
             u"insert into aggiorn_tessere_oper (ID_tessera, ID_lokera, operazione) select p.ID_tessera,"
             " p.ID_lokera, 'D' from posiz_tessere_oper as p where p.ID_tessera = ? and not exists (select 1"
             " from aggiorn_tessere_oper as q where q.ID_tessera = p.ID_tessera and q.ID_lokera ="
             " p.ID_lokera)"_s,
-            {tessera}))
+            {tessera});
+        e.fallito())
       return e;
     return esce_se_servita(tessera);
   });
@@ -99,11 +101,11 @@ Errore CodaTessere::per_lokera(qlonglong lokera, std::vector<RigaCoda>& righe) {
       " tessere_operatori on aggiorn_tessere_oper.id_tessera = tessere_operatori.codice) where"
       " aggiorn_tessere_oper.ID_lokera = ?"_s,
       c_, {lokera});
-  while (!e && !rs.eof()) {
+  while (!e.fallito() && !rs.eof()) {
     righe.push_back({rs.testo(u"id_tessera"), rs.testo(u"intestazione"), rs.testo(u"operazione")});
     e = rs.MoveNext();
   }
-  if (e) righe.clear();
+  if (e.fallito()) righe.clear();
   return e;
 }
 
@@ -113,7 +115,8 @@ Errore CodaTessere::in_attesa(const QString& tessera, qlonglong lokera,
   Recordset rs;
   if (Errore e =
           rs.Open(u"select operazione from aggiorn_tessere_oper where ID_tessera = ? and ID_lokera = ?"_s, c_,
-                  {tessera, lokera}))
+                  {tessera, lokera});
+      e.fallito())
     return e;
   if (rs.eof()) return {};
   const bool elimina = rs.testo(u"operazione") == lettera(OperazioneCoda::cancellazione);
@@ -128,25 +131,28 @@ Errore CodaTessere::servita_scrittura(const QString& tessera, qlonglong lokera) 
 Errore CodaTessere::servita_cancellazione(const QString& tessera, qlonglong lokera) {
   return tutto_o_niente(c_, [&]() -> Errore {
     std::optional<OperazioneCoda> attesa;
-    if (Errore e = in_attesa(tessera, lokera, attesa)) return e;
+    if (Errore e = in_attesa(tessera, lokera, attesa); e.fallito()) return e;
     if (attesa == OperazioneCoda::scrittura) return {};
     bool conservata = false;
     if (Errore e = esiste(u"select 1 from tessere_da_conservare where ID_tessera = ? and ID_lokera = ?"_s,
-                          {tessera, lokera}, conservata))
+                          {tessera, lokera}, conservata);
+        e.fallito())
       return e;
-    if (Errore e = togli(tessera, lokera, OperazioneCoda::cancellazione)) return e;
+    if (Errore e = togli(tessera, lokera, OperazioneCoda::cancellazione); e.fallito()) return e;
     return conservata ? Errore{} : esce_se_servita(tessera);
   });
 }
 
 Errore CodaTessere::metti(const QString& tessera, qlonglong lokera, OperazioneCoda operazione) {
   if (Errore e = c_.Execute(u"delete from tessere_da_conservare where ID_tessera = ? and ID_lokera = ?"_s,
-                            {tessera, lokera}))
+                            {tessera, lokera});
+      e.fallito())
     return e;
   qint64 righe = 0;
   if (Errore e = c_.Execute(
           u"update aggiorn_tessere_oper set operazione = ? where ID_tessera = ? and ID_lokera = ?"_s,
-          {lettera(operazione), tessera, lokera}, &righe))
+          {lettera(operazione), tessera, lokera}, &righe);
+      e.fallito())
     return e;
   if (righe > 0) return {};
   return c_.Execute(
@@ -159,7 +165,8 @@ Errore CodaTessere::togli(const QString& tessera, qlonglong lokera, OperazioneCo
     qint64 righe = 0;
     if (Errore e = c_.Execute(
             u"delete from aggiorn_tessere_oper where ID_tessera = ? and ID_lokera = ? and operazione = ?"_s,
-            {tessera, lokera, lettera(operazione)}, &righe))
+            {tessera, lokera, lettera(operazione)}, &righe);
+        e.fallito())
       return e;
     if (righe == 0) return {};
     return c_.Execute(u"delete from tessere_da_conservare where ID_tessera = ? and ID_lokera = ?"_s,
@@ -179,17 +186,19 @@ Errore CodaTessere::togli_segni(const QString& tessera) {
 // While a cabinet waits the card stays, and none of the deletions that wait may keep it any more.
 Errore CodaTessere::esce_se_servita(const QString& tessera) {
   bool altrove = false;
-  if (Errore e = esiste(u"select 1 from aggiorn_tessere_oper where ID_tessera = ?"_s, {tessera}, altrove))
+  if (Errore e = esiste(u"select 1 from aggiorn_tessere_oper where ID_tessera = ?"_s, {tessera}, altrove);
+      e.fallito())
     return e;
   if (altrove) return togli_segni(tessera);
-  if (Errore e = c_.Execute(u"delete FROM gruppi_tessera WHERE tessera = ?"_s, {tessera})) return e;
+  if (Errore e = c_.Execute(u"delete FROM gruppi_tessera WHERE tessera = ?"_s, {tessera}); e.fallito())
+    return e;
   return c_.Execute(u"delete FROM tessere_operatori WHERE codice = ?"_s, {tessera});
 }
 
 Errore CodaTessere::esiste(const QString& sql, const QVariantList& valori, bool& trovata) {
   Recordset rs;
   Errore e = rs.Open(sql, c_, valori);
-  trovata = !e && !rs.eof();
+  trovata = !e.fallito() && !rs.eof();
   return e;
 }
 

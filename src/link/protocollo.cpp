@@ -8,6 +8,8 @@
 
 namespace lokera {
 
+using namespace Qt::StringLiterals;
+
 QByteArray calcola_bcc(QByteArrayView testo) {
   const auto bcc = blocco_controllo(testo);
   return {bcc.data(), 2};
@@ -65,13 +67,13 @@ QString messaggio_risposta(QByteArrayView codice) {
   for (const Voce& v : voci) {
     if (codice == v.codice) return QString::fromUtf8(v.messaggio);
   }
-  return QStringLiteral("Errore non previsto");
+  return u"Errore non previsto"_s;
 }
 
 QString normalizza_ip(const QString& testo) {
   QStringList gruppi;
   for (const int inizio : {0, 4, 8, 12}) gruppi << QString::number(testo.mid(inizio, 3).toInt());
-  return gruppi.join(QLatin1Char('.'));
+  return gruppi.join(u'.');
 }
 
 }  // namespace lokera

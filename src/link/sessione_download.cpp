@@ -4,6 +4,8 @@
 
 namespace lokera {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr quint16 porta_transazioni = 10001;
@@ -37,8 +39,8 @@ void SessioneDownload::chiudi_e_attendi() {
 
 int SessioneDownload::connessione_socket_download() {
   const int conversazione = prendi();
-  lblLetturaTrans_.Caption = QStringLiteral("reading...");
-  lblLetturaTrans_.Caption = QStringLiteral("establishing connection...");
+  lblLetturaTrans_.Caption = u"reading..."_s;
+  lblLetturaTrans_.Caption = u"establishing connection..."_s;
   chiudi_e_attendi();
   if (!in_corso(conversazione)) return conversazione;
   lettura_ = Lettura::mai;

@@ -4,6 +4,8 @@
 
 namespace lokera {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 constexpr quint16 porta_slave = 10002;
 }
@@ -29,7 +31,7 @@ void SessioneSlave::connessione_socket() {
   wsk->Connect(indirizzo, porta_slave);
   const bool connessa = attesa_.attendi(5, [this] { return wsk->State() == socket_connesso; });
   if (connessa) lokera_ = numero;
-  lblStatus_.Caption = connessa ? QStringLiteral("ON Line") : QStringLiteral("OFF Line");
+  lblStatus_.Caption = connessa ? u"ON Line"_s : u"OFF Line"_s;
 }
 
 qlonglong SessioneSlave::lokera() const {

@@ -56,12 +56,12 @@ constexpr Impostazione impostazioni[] = {
 Errore Connection::Motore::apri(const QString& file, const QString& password, bool nuovo) {
   chiudi();
   Errore errore = file_apribile(file, nuovo);
-  if (errore) return errore;
+  if (errore.fallito()) return errore;
   const int modo = SQLITE_OPEN_READWRITE | (nuovo ? SQLITE_OPEN_CREATE : 0);
   const int rc = sqlite3_open_v2(file.toUtf8().constData(), &db, modo, nullptr);
   errore = rc == SQLITE_OK ? scrivibile(db, file) : errore_motore(db, rc);
-  if (!errore) errore = imposta_file(password);
-  if (!errore) {
+  if (!errore.fallito()) errore = imposta_file(password);
+  if (!errore.fallito()) {
     sorveglia();
     return {};
   }
@@ -85,7 +85,7 @@ Errore Connection::Motore::imposta_file(const QString& password) {
     const QByteArray pragma = QByteArray("pragma ") + i.nome + " = " + i.valore;
     rc = sqlite3_exec(db, pragma.constData(), nullptr, nullptr, nullptr);
     if (rc != SQLITE_OK) return errore_motore(db, rc);
-    if (Errore e = leggi_impostazione(i.nome, QString::fromLatin1(i.riletto))) return e;
+    if (Errore e = leggi_impostazione(i.nome, QString::fromLatin1(i.riletto)); e.fallito()) return e;
   }
   return {};
 }
@@ -99,7 +99,7 @@ Errore Connection::Motore::leggi_impostazione(const char* nome, const QString& a
   if (!riga && rc != SQLITE_DONE) errore = errore_motore(db, rc);
   const QString letto = riga ? leggi_valore(s->grezzo(), 0, TipoCampo::testo).toString() : QString();
   s->azzera();
-  if (errore || letto == atteso) return errore;
+  if (errore.fallito() || letto == atteso) return errore;
   return {SQLITE_ERROR,
           u"Impostazione %1 non accettata dal database: %2"_s.arg(QString::fromLatin1(nome), letto)};
 }

@@ -15,7 +15,7 @@ Errore Connection::Open(const QString& file, const QString& password) {
 }
 
 Errore Connection::crea(const QString& file, const QString& password) {
-  if (Errore e = motore_->apri(file, password, true)) return e;
+  if (Errore e = motore_->apri(file, password, true); e.fallito()) return e;
   // An empty file has no encrypted page yet, and could not be told from one that lost its data.
   return Execute(u"pragma user_version = 1"_s);
 }
@@ -44,14 +44,14 @@ Errore Connection::BeginTrans() {
   if (motore_->transazione) return {SQLITE_ERROR, u"Una transazione è già aperta"_s};
   // The right to write is taken at once: a transaction that has read must not fail for it half way.
   Errore errore = Execute(u"begin immediate"_s);
-  motore_->transazione = !errore;
+  motore_->transazione = !errore.fallito();
   return errore;
 }
 
 Errore Connection::CommitTrans() {
   if (!motore_->transazione) return {SQLITE_ERROR, u"Nessuna transazione aperta"_s};
   Errore errore = Execute(u"commit"_s);
-  if (errore) RollbackTrans();
+  if (errore.fallito()) RollbackTrans();
   motore_->transazione = false;
   return errore;
 }
@@ -93,23 +93,23 @@ SenzaAttesa::~SenzaAttesa() {
 }
 
 Errore in_transazione(Connection& c, const std::function<Errore()>& lavoro) {
-  if (Errore e = c.BeginTrans()) return e;
+  if (Errore e = c.BeginTrans(); e.fallito()) return e;
   Errore errore = lavoro();
-  if (!errore) return c.CommitTrans();
+  if (!errore.fallito()) return c.CommitTrans();
   c.RollbackTrans();
   return errore;
 }
 
 Errore tutto_o_niente(Connection& c, const std::function<Errore()>& lavoro) {
   if (!c.in_transazione()) return in_transazione(c, lavoro);
-  if (Errore e = c.Execute(u"savepoint parte"_s)) return e;
+  if (Errore e = c.Execute(u"savepoint parte"_s); e.fallito()) return e;
   Errore errore = lavoro();
-  if (errore) {
+  if (errore.fallito()) {
     static_cast<void>(c.Execute(u"rollback to parte"_s));
     c.motore_->modifiche.tutte();
   }
   Errore chiusura = c.Execute(u"release parte"_s);
-  return errore ? errore : chiusura;
+  return errore.fallito() ? errore : chiusura;
 }
 
 }  // namespace lokera

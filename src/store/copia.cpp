@@ -26,13 +26,13 @@ Errore copia_byte(const QString& file, const QString& destinazione) {
 /// With nobody able to commit, the file's bytes are one state of the database, encrypted as they lie.
 Errore copia_ferma(Connection& connessione, const QString& file, const QString& destinazione) {
   Recordset lettura;  // the open reading is the lock
-  if (Errore e = lettura.Open(u"select name from sqlite_master"_s, connessione)) return e;
+  if (Errore e = lettura.Open(u"select name from sqlite_master"_s, connessione); e.fallito()) return e;
   return copia_byte(file, destinazione);
 }
 
 Errore verifica(const QString& file, const QString& password) {
   Connection copia;
-  if (Errore e = copia.Open(file, password)) return e;
+  if (Errore e = copia.Open(file, password); e.fallito()) return e;
   return controlla_database(copia);
 }
 
@@ -40,7 +40,7 @@ Errore verifica(const QString& file, const QString& password) {
 
 Errore controlla_database(Connection& connessione) {
   Recordset rs;
-  if (Errore e = rs.Open(u"pragma integrity_check(1)"_s, connessione)) return e;
+  if (Errore e = rs.Open(u"pragma integrity_check(1)"_s, connessione); e.fallito()) return e;
   const QString esito = rs.valore(0).toString();
   if (esito == "ok"_L1) return {};
   return {1, u"Il file del database è danneggiato: "_s + esito, ClasseErrore::perduto};
@@ -49,9 +49,9 @@ Errore controlla_database(Connection& connessione) {
 Errore copia_database(Connection& connessione, const QString& file, const QString& destinazione,
                       const QString& password) {
   FileParziale parziale(destinazione);
-  if (parziale.inizio()) return parziale.inizio();
-  if (Errore e = copia_ferma(connessione, file, parziale.nome())) return e;
-  if (Errore e = verifica(parziale.nome(), password)) return e;
+  if (parziale.inizio().fallito()) return parziale.inizio();
+  if (Errore e = copia_ferma(connessione, file, parziale.nome()); e.fallito()) return e;
+  if (Errore e = verifica(parziale.nome(), password); e.fallito()) return e;
   return parziale.conferma();
 }
 

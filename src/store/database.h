@@ -2,6 +2,7 @@
 
 #include <QString>
 
+#include "platform/letterali.h"
 #include "store/connection.h"
 
 namespace lokera {
@@ -9,7 +10,7 @@ namespace lokera {
 /// The one open database of a console, with the two settings that are shared with it.
 struct Database {
   Connection connessione_db;
-  QString tipo_database = QStringLiteral("Access");
+  QString tipo_database = u"Access"_s;
   qint16 lingua_interfaccia = 0;  ///< 0 Italian, 1 the second language
 };
 

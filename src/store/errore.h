@@ -2,6 +2,8 @@
 
 #include <QString>
 
+#include <utility>
+
 namespace lokera {
 
 /// What kind of thing went wrong, for those who act on it.
@@ -22,7 +24,28 @@ struct [[nodiscard]] Errore {
 
   ClasseErrore classe = numero == 0 ? ClasseErrore::nessuno : ClasseErrore::altro;
 
-  explicit operator bool() const { return numero != 0; }
+  bool fallito() const { return numero != 0; }
+};
+
+/// A value, or why there is none.
+template <class T>
+class [[nodiscard]] Esito {
+ public:
+  Esito(T valore) : valore_(std::move(valore)) {}                             // NOLINT: returned as it is
+  Esito(Errore errore) : errore_(std::move(errore)) { Q_ASSERT(fallito()); }  // NOLINT: likewise
+
+  bool fallito() const { return errore_.fallito(); }
+  /// A success when there is a value.
+  const Errore& errore() const { return errore_; }
+  /// Only of a success.
+  const T& valore() const { return valore_; }
+  const T& operator*() const { return valore_; }
+  const T* operator->() const { return &valore_; }
+  T&& prendi() { return std::move(valore_); }
+
+ private:
+  T valore_{};
+  Errore errore_;
 };
 
 }  // namespace lokera

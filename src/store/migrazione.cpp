@@ -147,7 +147,7 @@ void aggiungi_campo(Database& db, const QString& tabella, const QString& campo, 
   QString ddl =
       converti_ddl(u"ALTER TABLE "_s + tabella + u" ADD COLUMN "_s + nome + u' ' + tipo, db.tipo_database);
   ddl.replace("PASSWORD "_L1, "[PASSWORD] "_L1);
-  if (db.connessione_db.Execute(ddl)) return;  // it is there already, and stays as it is
+  if (db.connessione_db.Execute(ddl).fallito()) return;  // it is there already, and stays as it is
   const QString valore = valore_iniziale(tipo);
   if (valore.isEmpty()) return;
   static_cast<void>(

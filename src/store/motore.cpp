@@ -45,7 +45,7 @@ Errore Connection::Motore::esegui_fino_in_fondo(Statement& s, qint64* righe) {
   if (rc != SQLITE_DONE) errore = errore_motore(db, rc);
   const bool scrive = s.tipo() == TipoIstruzione::inserimento || s.tipo() == TipoIstruzione::modifica ||
                       s.tipo() == TipoIstruzione::cancellazione;
-  if (righe != nullptr) *righe = !scrive ? -1 : errore ? 0 : sqlite3_changes(db);
+  if (righe != nullptr) *righe = !scrive ? -1 : errore.fallito() ? 0 : sqlite3_changes(db);
   // A table emptied as a whole tells nothing row by row.
   if (s.tipo() == TipoIstruzione::cancellazione) modifiche.tabella_intera(s.tabella());
   s.azzera();
@@ -57,8 +57,8 @@ Errore Connection::Motore::esegui(const QString& sql, const QVariantList& valori
   const auto s = prendi(sql, errore);
   if (!s) return errore;
   errore = s->lega(valori);
-  if (!errore) errore = esegui_fino_in_fondo(*s, righe);
-  if (s->tipo() == TipoIstruzione::definizione && !errore) {
+  if (!errore.fallito()) errore = esegui_fino_in_fondo(*s, righe);
+  if (s->tipo() == TipoIstruzione::definizione && !errore.fallito()) {
     statement.svuota();
     modifiche.tutte();
   }

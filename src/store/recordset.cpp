@@ -54,10 +54,10 @@ Errore Recordset::Open(const QString& sql, Connection& connessione, const QVaria
     errore = {SQLITE_ERROR, u"L'istruzione non restituisce righe"_s};
   }
   if (s.statement) errore = s.statement->lega(valori);
-  if (!errore) errore = s.passo();
-  if (!errore && !s.fine) s.statement->osserva_riga();
-  if (!errore && in_memoria) errore = s.leggi_tutto(1);
-  if (errore) Close();
+  if (!errore.fallito()) errore = s.passo();
+  if (!errore.fallito() && !s.fine) s.statement->osserva_riga();
+  if (!errore.fallito() && in_memoria) errore = s.leggi_tutto(1);
+  if (errore.fallito()) Close();
   return errore;
 }
 
@@ -96,7 +96,7 @@ Errore Recordset::Stato::leggi_tutto(size_t nascoste) {
   memoria->tabella = statement->tabella();
   sqlite3_stmt* stmt = statement->grezzo();
   Errore errore;
-  while (!fine && !errore) {
+  while (!fine && !errore.fallito()) {
     QVariantList valori;
     valori.reserve(static_cast<qsizetype>(campi_in_memoria.size()));
     for (size_t i = 0; i < campi_in_memoria.size(); ++i) {
@@ -112,7 +112,7 @@ Errore Recordset::Stato::leggi_tutto(size_t nascoste) {
 
 Errore Recordset::MoveNext() {
   if (stato_->memoria) {
-    if (Errore e = Update()) return e;
+    if (Errore e = Update(); e.fallito()) return e;
     if (!eof()) ++stato_->memoria->corrente;
     return {};
   }

@@ -30,7 +30,7 @@ QString testo_inserimento(const QString& tabella, const std::vector<Campo>& camp
 
 Errore Recordset::AddNew() {
   if (!stato_->memoria) return sola_lettura();
-  if (Errore e = Update()) return e;
+  if (Errore e = Update(); e.fallito()) return e;
   RigheInMemoria& m = *stato_->memoria;
   const auto quanti = static_cast<qsizetype>(stato_->campi_in_memoria.size());
   m.modo = Modo::nuova;
@@ -51,7 +51,7 @@ Errore Recordset::imposta(int i, const QVariant& valore) {
   if (i < 0 || i >= conta_campi()) return {SQLITE_RANGE, u"Colonna sconosciuta: "_s + QString::number(i)};
   if (m.valori() == nullptr) return nessuna_riga();
   QVariant convertito;
-  if (Errore e = converti_valore(campo(i), valore, convertito)) return e;
+  if (Errore e = converti_valore(campo(i), valore, convertito); e.fallito()) return e;
   if (m.modo == Modo::fermo) {
     m.modo = Modo::modifica;
     m.in_corso = m.righe[m.corrente].valori;
@@ -73,9 +73,9 @@ Errore Recordset::Stato::inserisci() {
   RigheInMemoria& m = *memoria;
   Errore errore;
   if (!m.inserimento) m.inserimento = motore->prendi(testo_inserimento(m.tabella, campi_in_memoria), errore);
-  if (!errore) errore = m.inserimento->lega(m.in_corso);
-  if (!errore) errore = motore->esegui_fino_in_fondo(*m.inserimento, nullptr);
-  if (errore) return errore;
+  if (!errore.fallito()) errore = m.inserimento->lega(m.in_corso);
+  if (!errore.fallito()) errore = motore->esegui_fino_in_fondo(*m.inserimento, nullptr);
+  if (errore.fallito()) return errore;
   m.righe.push_back({sqlite3_last_insert_rowid(motore->db), std::move(m.in_corso), false});
   m.corrente = m.righe.size() - 1;
   m.lascia();
@@ -95,7 +95,7 @@ Errore Recordset::Stato::aggiorna() {
   valori.append(riga.identita);
   qint64 righe = 0;
   const QString sql = u"update ["_s + m.tabella + u"] set "_s + assegnazioni + u" where rowid = ?"_s;
-  if (Errore e = motore->esegui(sql, valori, &righe)) return e;
+  if (Errore e = motore->esegui(sql, valori, &righe); e.fallito()) return e;
   if (righe == 0) return {SQLITE_NOTFOUND, u"Il record è stato cancellato da un altro utente"_s};
   riga.valori = m.in_corso;
   m.lascia();
@@ -113,7 +113,7 @@ Errore Recordset::Delete() {
   if (m.valori() == nullptr) return nessuna_riga();
   RigheInMemoria::Riga& riga = m.righe[m.corrente];
   const QString sql = u"delete from ["_s + m.tabella + u"] where rowid = ?"_s;
-  if (Errore e = stato_->motore->esegui(sql, {riga.identita}, nullptr)) return e;
+  if (Errore e = stato_->motore->esegui(sql, {riga.identita}, nullptr); e.fallito()) return e;
   riga.cancellata = true;
   riga.valori.clear();
   return {};

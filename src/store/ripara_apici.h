@@ -5,6 +5,8 @@
 #include <functional>
 #include <vector>
 
+#include "platform/letterali.h"
+
 namespace lokera {
 
 /// What the piece of a statement between two apostrophes is taken for.
@@ -29,7 +31,7 @@ std::vector<PezzoSql> classifica(const QString& statement);
 QString normalizza(const PezzoSql& pezzo, const std::function<QString(const QString&)>& prima = {});
 
 /// The pieces put together again, each apostrophe that is text written as `nel_testo`.
-QString ricomponi(const std::vector<PezzoSql>& pezzi, const QString& nel_testo = QStringLiteral("''"));
+QString ricomponi(const std::vector<PezzoSql>& pezzi, const QString& nel_testo = u"''"_s);
 
 /// All of the above. The statement should be in lower case.
 QString ripara_apici(const QString& statement);

@@ -85,19 +85,19 @@ Errore crea_tabelle(Connection& c) {
   for (const Tabella& t : base) {
     const QString ddl =
         u"CREATE table %1 (%2)"_s.arg(QString::fromUtf16(t.nome), QString::fromUtf16(t.colonne));
-    if (Errore e = c.Execute(ddl)) return e;
+    if (Errore e = c.Execute(ddl); e.fallito()) return e;
   }
   for (const char16_t* i : indici) {
-    if (Errore e = c.Execute(u"create index "_s + QString::fromUtf16(i))) return e;
+    if (Errore e = c.Execute(u"create index "_s + QString::fromUtf16(i)); e.fallito()) return e;
   }
   return {};
 }
 
 Errore riempi(Database& db) {
   return in_transazione(db.connessione_db, [&]() -> Errore {
-    if (Errore e = crea_tabelle(db.connessione_db)) return e;
-    if (Errore e = aggiorna_database(db)) return e;
-    if (Errore e = controlla_schema(db.connessione_db)) return e;
+    if (Errore e = crea_tabelle(db.connessione_db); e.fallito()) return e;
+    if (Errore e = aggiorna_database(db); e.fallito()) return e;
+    if (Errore e = controlla_schema(db.connessione_db); e.fallito()) return e;
     return carica_dati_consegnati(db.connessione_db);
   });
 }
@@ -107,13 +107,13 @@ Errore riempi(Database& db) {
 Errore crea_database(const QString& file, const QString& password,
                      const std::function<Errore(Connection&)>& altro) {
   FileParziale parziale(file);
-  if (parziale.inizio()) return parziale.inizio();
+  if (parziale.inizio().fallito()) return parziale.inizio();
   Database db;
   Errore errore = db.connessione_db.crea(parziale.nome(), password);
-  if (!errore) errore = riempi(db);
-  if (!errore && altro) errore = altro(db.connessione_db);
+  if (!errore.fallito()) errore = riempi(db);
+  if (!errore.fallito() && altro) errore = altro(db.connessione_db);
   db.connessione_db.Close();
-  return errore ? errore : parziale.conferma();
+  return errore.fallito() ? errore : parziale.conferma();
 }
 
 QStringList colonne_definite(const QString& definizione) {
@@ -140,10 +140,10 @@ Errore controlla_schema(Connection& connessione) {
   for (const TabellaAttesa& t : tabelle_attese()) {
     Recordset rs;
     Errore e = rs.Open(u"select * from "_s + t.nome + u" where 1 = 0"_s, connessione);
-    if (e && e.classe != ClasseErrore::schema) return e;
-    if (e) tabelle += t.nome;
+    if (e.fallito() && e.classe != ClasseErrore::schema) return e;
+    if (e.fallito()) tabelle += t.nome;
     for (const QString& colonna : t.colonne) {
-      if (!e && rs.indice(colonna) < 0) colonne += t.nome + u'.' + colonna;
+      if (!e.fallito() && rs.indice(colonna) < 0) colonne += t.nome + u'.' + colonna;
     }
   }
   QStringList mancanze;

@@ -19,7 +19,7 @@ Statement::~Statement() {
 }
 
 std::shared_ptr<Statement> Statement::prepara(sqlite3* db, Abbassata abbassata, Errore& errore) {
-  if (abbassata.errore) {
+  if (abbassata.errore.fallito()) {
     errore = abbassata.errore;
     return nullptr;
   }

@@ -4,9 +4,11 @@
 
 namespace lokera {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 const QString& servizio() {
-  static const QString nome = QStringLiteral("ZandorTool");
+  static const QString nome = u"ZandorTool"_s;
   return nome;
 }
 
@@ -18,14 +20,14 @@ bool manca(const QString& testo) {
 
 Accesso::Accesso(Finestra& f, Database& db, const Clock& orologio, Traduttore& traduttore,
                  MessageBox& messaggi, const Winsock& wsk)
-    : mnuAbile(f, QStringLiteral("mnuAbile"), QStringLiteral("   abilita")),
-      pctLogin(f, QStringLiteral("pctLogin")),
-      lblUtente(f, QStringLiteral("lblUtente"), QStringLiteral("utente")),
-      lblPassword(f, QStringLiteral("lblPassword"), QStringLiteral("password")),
-      txtUtente(f, QStringLiteral("txtUtente")),
-      txtPassword(f, QStringLiteral("txtPassword")),
-      cmdLogin(f, QStringLiteral("cmdLogin"), QStringLiteral("accedi")),
-      Command6(f, QStringLiteral("Command6"), QStringLiteral("annulla")),
+    : mnuAbile(f, u"mnuAbile"_s, u"   abilita"_s),
+      pctLogin(f, u"pctLogin"_s),
+      lblUtente(f, u"lblUtente"_s, u"utente"_s),
+      lblPassword(f, u"lblPassword"_s, u"password"_s),
+      txtUtente(f, u"txtUtente"_s),
+      txtPassword(f, u"txtPassword"_s),
+      cmdLogin(f, u"cmdLogin"_s, u"accedi"_s),
+      Command6(f, u"Command6"_s, u"annulla"_s),
       db_(db),
       orologio_(orologio),
       traduttore_(traduttore),
@@ -41,9 +43,9 @@ Accesso::Accesso(Finestra& f, Database& db, const Clock& orologio, Traduttore& t
 // The last user of this computer.
 QString Accesso::ultimo_utente() const {
   Recordset rs;
-  if (rs.Open(QStringLiteral(
-                  "SELECT user, ultima_entrata FROM operatori WHERE pc = ? ORDER BY ultima_entrata DESC"),
-              db_.connessione_db, {wsk_.LocalHostName()}))
+  if (rs.Open(u"SELECT user, ultima_entrata FROM operatori WHERE pc = ? ORDER BY ultima_entrata DESC"_s,
+              db_.connessione_db, {wsk_.LocalHostName()})
+          .fallito())
     return {};
   return rs.testo(u"user");
 }
@@ -66,9 +68,9 @@ bool Accesso::utente_di_servizio(const QString& password) const {
 
 Accesso::Verifica Accesso::verifica_utente(const QString& password, Errore& errore) {
   Recordset rs;
-  errore = rs.Open(QStringLiteral("SELECT * FROM operatori where user = ?"), db_.connessione_db,
-                   {txtUtente.Text()}, Cursore::aggiornabile);
-  if (errore) return Verifica::errore;
+  errore = rs.Open(u"SELECT * FROM operatori where user = ?"_s, db_.connessione_db, {txtUtente.Text()},
+                   Cursore::aggiornabile);
+  if (errore.fallito()) return Verifica::errore;
   if (rs.eof() || manca(txtUtente.Text())) return Verifica::sconosciuto;
   if (manca(password) || rs.testo(u"pwd") != password) return Verifica::password_errata;
   // Who may enter isn't kept out because the moment of the entry can't be written.
@@ -93,19 +95,19 @@ void Accesso::cmdLogin_Click() {
       messaggi_.mostra(errore.descrizione);
       break;
     case Verifica::sconosciuto:
-      messaggi_.mostra(traduttore_.traduci(QStringLiteral("utente non registrato")));
+      messaggi_.mostra(traduttore_.traduci(u"utente non registrato"_s));
       txtUtente.Text = QString();
       txtUtente.SetFocus();
       break;
     case Verifica::password_errata:
-      messaggi_.mostra(traduttore_.traduci(QStringLiteral("password errata")));
+      messaggi_.mostra(traduttore_.traduci(u"password errata"_s));
       txtPassword.SetFocus();
       break;
   }
 }
 
 void Accesso::entra() {
-  mnuAbile.Caption = traduttore_.traduci(QStringLiteral("disabilita"));
+  mnuAbile.Caption = traduttore_.traduci(u"disabilita"_s);
   pctLogin.Visible = false;
   if (abilita_menu) abilita_menu(true);
   accesso_abilitato = true;
@@ -113,7 +115,7 @@ void Accesso::entra() {
 
 void Accesso::esci() {
   accesso_abilitato = false;
-  mnuAbile.Caption = traduttore_.traduci(QStringLiteral("   abilita  "));
+  mnuAbile.Caption = traduttore_.traduci(u"   abilita  "_s);
   if (abilita_menu) abilita_menu(false);
 }
 

@@ -7,6 +7,8 @@
 
 namespace lokera {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int attesa_transazione_s = 10;
@@ -35,9 +37,9 @@ QString data_ora_record(QByteArrayView frame) {
 Acquisizione::Acquisizione(Finestra& finestra, Database& db, TimerFactory& timer, SessioneDownload& sessione,
                            PannelloLive& pannello, Tabellone& tabellone, const Label& lblID,
                            Label& lblLetturaTrans)
-    : lblNumTrans(finestra, QStringLiteral("lblNumTrans")),
-      lblUltimaTrans(finestra, QStringLiteral("lblUltimaTrans")),
-      shpTrans(finestra, QStringLiteral("shpTrans")),
+    : lblNumTrans(finestra, u"lblNumTrans"_s),
+      lblUltimaTrans(finestra, u"lblUltimaTrans"_s),
+      shpTrans(finestra, u"shpTrans"_s),
       in_attesa(db, timer),
       finestra_(finestra),
       db_(db),
@@ -57,20 +59,20 @@ void Acquisizione::leggi_transazioni(qint16 numero) {
   const int conversazione = sessione_.numero_connessione();
   if (lettura_di_ == conversazione) return;
   if (numero == 0) {
-    lblLetturaTrans_.Caption = QStringLiteral("no data");
+    lblLetturaTrans_.Caption = u"no data"_s;
     return;
   }
   const int precedente = std::exchange(lettura_di_, conversazione);
   shpTrans.Visible = true;
   finestra_.Enabled(false);
-  lblLetturaTrans_.Caption = QStringLiteral("record read: ") + QString::number(numero);
+  lblLetturaTrans_.Caption = u"record read: "_s + QString::number(numero);
   leggi_uno_alla_volta(numero);
   lettura_di_ = precedente;
   finestra_.Enabled(true);
   shpTrans.Visible = false;
   // Whoever has the session now draws the cabinet that he is at.
   if (!sessione_.in_corso(conversazione)) return;
-  if (const Errore errore = tabellone_.situazione_chiavi(); errore && segnala) segnala(errore);
+  if (const Errore errore = tabellone_.situazione_chiavi(); errore.fallito() && segnala) segnala(errore);
 }
 
 // When the cycle has moved on to another cabinet, or a window has taken the session, what is left waits in
@@ -108,8 +110,8 @@ void Acquisizione::acquisisci_transazione(const QByteArray& frame) {
   Errore errore;
   movimento.intestazione = intestazione_tessera(movimento.operatore, errore);
   ChiaveRegistrata registrata;
-  if (!errore) errore = registro_.registra(movimento, registrata);
-  if (errore) {
+  if (!errore.fallito()) errore = registro_.registra(movimento, registrata);
+  if (errore.fallito()) {
     da_registrare_ = frame;
     if (segnala) segnala(errore);
     return;
@@ -120,17 +122,15 @@ void Acquisizione::acquisisci_transazione(const QByteArray& frame) {
 
 QString Acquisizione::intestazione_tessera(const QString& codice, Errore& errore) {
   Recordset rs;
-  errore = rs.Open(QStringLiteral("SELECT * FROM tessere_operatori WHERE codice = ?"), db_.connessione_db,
-                   {codice});
-  if (errore || rs.eof()) return QStringLiteral("Tessera non registrata");
+  errore = rs.Open(u"SELECT * FROM tessere_operatori WHERE codice = ?"_s, db_.connessione_db, {codice});
+  if (errore.fallito() || rs.eof()) return u"Tessera non registrata"_s;
   return rs.testo(u"intestazione");
 }
 
 void Acquisizione::mostra_ultima(const Movimento& m, const QString& data_ora, const QString& descrizione) {
-  const QString verso = m.operazione == 'P' ? QStringLiteral(" OUT ") : QStringLiteral(" IN ");
-  lblUltimaTrans.Caption = verso + QLatin1Char(' ') + data_ora + QStringLiteral(" - chiave: ") + descrizione +
-                           QStringLiteral(" lok. ") + lblID_.Caption() + QStringLiteral(" - oper. ") +
-                           m.intestazione;
+  const QString verso = m.operazione == 'P' ? u" OUT "_s : u" IN "_s;
+  lblUltimaTrans.Caption = verso + u' ' + data_ora + u" - chiave: "_s + descrizione + u" lok. "_s +
+                           lblID_.Caption() + u" - oper. "_s + m.intestazione;
   lblNumTrans.Caption = QString::number(lblNumTrans.Caption().toLongLong() + 1);
 }
 

@@ -2,6 +2,8 @@
 
 namespace lokera {
 
+using namespace Qt::StringLiterals;
+
 using namespace std::chrono_literals;
 
 namespace {
@@ -22,8 +24,8 @@ Errore AttesaBlocco::riprova(const std::function<Errore()>& tentativo) {
     if (esito.classe != ClasseErrore::bloccato) return true;
     if (!avvisato && attesa_.orologio().monotono() - inizio >= senza_avviso) {
       avvisato = true;
-      desktop_.mostra_avviso(traduttore_.traduci(
-          QStringLiteral("Il database è occupato da un altro programma: attendere, prego.")));
+      desktop_.mostra_avviso(
+          traduttore_.traduci(u"Il database è occupato da un altro programma: attendere, prego."_s));
     }
     return false;
   });

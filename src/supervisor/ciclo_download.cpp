@@ -6,6 +6,8 @@
 
 namespace lokera {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int intervallo_ms = 30000;
@@ -48,8 +50,8 @@ CicloDownload::CicloDownload(Finestra& finestra, const ElencoFinestre& finestre,
                              TimerFactory& timer, WinsockFactory& socket, SessioneDownload& sessione,
                              Giorno& giorno, InvioTessere& invio, Tabellone& tabellone,
                              EtichetteCiclo etichette)
-    : grdLokere(finestra, QStringLiteral("grdLokere")),
-      grdAggOper(finestra, QStringLiteral("grdAggOper")),
+    : grdLokere(finestra, u"grdLokere"_s),
+      grdAggOper(finestra, u"grdAggOper"_s),
       TimerDownload(timer.crea_timer()),
       wsk_udp(socket.crea_winsock()),
       finestre_(finestre),
@@ -59,8 +61,8 @@ CicloDownload::CicloDownload(Finestra& finestra, const ElencoFinestre& finestre,
       invio_(invio),
       tabellone_(tabellone),
       e_(etichette) {
-  grdLokere.Caption = QStringLiteral("Lokere");
-  grdAggOper.Caption = QStringLiteral("aggiornamento differito operatori");
+  grdLokere.Caption = u"Lokere"_s;
+  grdAggOper.Caption = u"aggiornamento differito operatori"_s;
   completa(grdLokere, colonne_lokere, true);
   completa(grdAggOper, colonne_coda, true);
   TimerDownload->Interval(intervallo_ms);
@@ -76,8 +78,8 @@ void CicloDownload::aggiungi_lokera(const QString& id, const QString& descrizion
                                     const QString& indirizzoIP) {
   aggiungi(grdLokere, {{u"id", id},
                        {u"descrizione", descrizione},
-                       {u"errori", QStringLiteral("0")},
-                       {u"reset", QStringLiteral("0")},
+                       {u"errori", u"0"_s},
+                       {u"reset", u"0"_s},
                        {u"indirizzoIP", indirizzoIP}});
 }
 
@@ -94,7 +96,7 @@ void CicloDownload::riprendi() {
 void CicloDownload::TimerDownload_Timer() {
   conta();
   if (grdLokere.Rows() == 0) return;
-  if (e_.lblStatus.Caption() == QStringLiteral("OFF Line"))
+  if (e_.lblStatus.Caption() == u"OFF Line"_s)
     conta_tick = tick_tra_visite;
   else if (conta_tick < tick_tra_visite)
     ++conta_tick;
@@ -116,12 +118,12 @@ void CicloDownload::visita() {
   sessione_.chiudi_e_attendi();
   if (!mia(visita)) return;
   prossima_lokera(visita);
-  if (const Errore errore = tabellone_.situazione_chiavi(); errore && segnala) segnala(errore);
+  if (const Errore errore = tabellone_.situazione_chiavi(); errore.fallito() && segnala) segnala(errore);
   riempi_coda();
   const bool risponde = collega(visita);
   if (!mia(visita)) return;
   if (risponde) return servi(visita);
-  e_.lblLetturaTrans.Caption = QStringLiteral("OFF line");
+  e_.lblLetturaTrans.Caption = u"OFF line"_s;
   visita_fallita(visita);
 }
 
@@ -129,11 +131,11 @@ void CicloDownload::visita() {
 void CicloDownload::servi(const Visita& visita) {
   leggi_seriale(visita);
   if (!mia(visita)) return;
-  e_.lblStatusD.Caption = QStringLiteral("ON line");
+  e_.lblStatusD.Caption = u"ON line"_s;
   TimerDownload->Enabled(false);
   invia_coda(visita);
   if (mia(visita)) {
-    scrivi(visita, u"errori", QStringLiteral("0"));
+    scrivi(visita, u"errori", u"0"_s);
     conta_tick = 0;
     sessione_.wskDownload->SendData(frame_conta_transazioni);
   }
@@ -146,16 +148,16 @@ void CicloDownload::prossima_lokera(Visita& visita) {
   visita.id = grdLokere.cella(grdLokere.Row(), u"id");
   visita.indirizzo = cella(visita, u"indirizzoIP");
   e_.lblID.Caption = visita.id;
-  e_.lblNome.Caption = QStringLiteral("%1 (%2)").arg(cella(visita, u"descrizione"), cella(visita, u"reset"));
+  e_.lblNome.Caption = u"%1 (%2)"_s.arg(cella(visita, u"descrizione"), cella(visita, u"reset"));
   e_.lblIndirizzoIP.Caption = visita.indirizzo;
-  e_.lblStatusD.Caption = QStringLiteral("OFF line");
+  e_.lblStatusD.Caption = u"OFF line"_s;
 }
 
 void CicloDownload::riempi_coda() {
   grdAggOper.RemoveAll();
   std::vector<RigaCoda> righe;
   const Errore errore = CodaTessere(db_.connessione_db).per_lokera(e_.lblID.Caption().toLongLong(), righe);
-  if (errore && segnala) segnala(errore);
+  if (errore.fallito() && segnala) segnala(errore);
   for (const RigaCoda& r : righe)
     aggiungi(grdAggOper, {{u"codice", r.tessera}, {u"descrizione", r.intestazione}, {u"oper", r.operazione}});
   grdAggOper.Row(0);
@@ -166,7 +168,7 @@ bool CicloDownload::collega(Visita& visita) {
   visita.conversazione = sessione_.connessione_socket_download();
   sessione_.attesa().attendi(5, [&] { return sessione_.connessa() || !mia(visita); });
   if (!sessione_.connessa() || !mia(visita)) return false;
-  e_.lblLetturaTrans.Caption = QStringLiteral("Connected");
+  e_.lblLetturaTrans.Caption = u"Connected"_s;
   return sessione_.verifica_collegamento() == 0;
 }
 
@@ -184,17 +186,17 @@ void CicloDownload::invia_coda(const Visita& visita) {
   if (grdAggOper.Rows() == 0) return;
   // A record with the bands of another day could open what today is closed: it waits for the next visit.
   const Errore senza_giorno = giorno_.tipo_giorno();
-  if (senza_giorno && segnala) segnala(senza_giorno);
+  if (senza_giorno.fallito() && segnala) segnala(senza_giorno);
   for (int riga = 0; riga < grdAggOper.Rows(); ++riga) {
     grdAggOper.Row(riga);
     const QString codice = grdAggOper.cella(riga, u"codice");
     qint32 posizione = 0;
-    const bool elimina = grdAggOper.cella(riga, u"oper") == QStringLiteral("D");
-    if (senza_giorno && !elimina) continue;
+    const bool elimina = grdAggOper.cella(riga, u"oper") == u"D"_s;
+    if (senza_giorno.fallito() && !elimina) continue;
     const qint16 esito = elimina ? invio_.cancella_operatore_lokera(codice, posizione, record_operatore)
                                  : invio_.invia_record_operatore(codice, posizione, record_operatore);
     if (!mia(visita)) return;
-    grdAggOper.imposta_cella(riga, u"esito", esito == 0 ? QStringLiteral("OK") : QString());
+    grdAggOper.imposta_cella(riga, u"esito", esito == 0 ? u"OK"_s : QString());
     sessione_.attesa().attendi_oltre(0);
     if (!mia(visita)) return;
   }
@@ -211,7 +213,7 @@ void CicloDownload::azzera_lokera(const Visita& visita) {
   wsk_udp->Close();
   sessione_.attesa().attendi_oltre(0);
   if (!mia(visita)) return;
-  scrivi(visita, u"errori", QStringLiteral("0"));
+  scrivi(visita, u"errori", u"0"_s);
   sessione_.scambio().buffer_ricezione.clear();
   wsk_udp->Protocol(Protocol::udp);
   wsk_udp->RemoteHost(normalizza_ip(visita.indirizzo));

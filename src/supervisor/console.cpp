@@ -7,6 +7,8 @@
 
 namespace lokera {
 
+using namespace Qt::StringLiterals;
+
 Console::Console(const Machine& macchina, std::function<bool()> istanza_precedente)
     : macchina_(macchina),
       istanza_precedente_(std::move(istanza_precedente)),
@@ -21,8 +23,8 @@ Console::~Console() = default;
 
 bool Console::apri(const QString& cartella) {
   AttesaBlocco blocco(db_.connessione_db, attesa_, macchina_.desktop, traduttore_);
-  if (const Errore e = blocco.riprova([&] { return apri_database(db_, cartella); })) {
-    QString testo = traduttore_.traduci(QStringLiteral("Errore in apertura database di sistema !"));
+  if (const Errore e = blocco.riprova([&] { return apri_database(db_, cartella); }); e.fallito()) {
+    QString testo = traduttore_.traduci(u"Errore in apertura database di sistema !"_s);
     // A missing right is for the person at the desk to mend.
     if (e.classe == ClasseErrore::diritti) testo += u'\n' + e.descrizione;
     macchina_.messaggi.mostra(testo);

@@ -119,7 +119,7 @@ void frm_Main::Form_Load() {
   pannello.lblP.Caption = QString();
   decisioni.stato_operazione = ' ';
   tabellone.prepara();
-  if (const Errore e = attesa_blocco().riprova([this] { return prepara_archivio(); })) {
+  if (const Errore e = attesa_blocco().riprova([this] { return prepara_archivio(); }); e.fallito()) {
     archivio_illeggibile(e);
     return;
   }
@@ -132,7 +132,7 @@ void frm_Main::Form_Load() {
   ciclo.TimerDownload->Enabled(true);
   ciclo.TimerDownload_Timer();
   // With a live session the first visit, which draws the board, is minutes away.
-  if (const Errore errore = tabellone.situazione_chiavi()) segnala(errore);
+  if (const Errore errore = tabellone.situazione_chiavi(); errore.fallito()) segnala(errore);
 }
 
 // Who has the right to write from the first reading on can't find the file taken half way. A failure to write
@@ -145,14 +145,14 @@ Errore frm_Main::prepara_archivio() {
     griglia_agg_oper.layout(c, nome(), u"grdAggOper"_s, c, QString(), larghezza_tabella);
     ciclo.completa_colonne();
     cabinet_controllate = false;
-    if (Errore e = leggi_lokere()) return e;
+    if (Errore e = leggi_lokere(); e.fallito()) return e;
     letto = true;
     for (const Errore& e : {aggiorna_database(a_.db), registra_release(), registra_computer()})
-      if (e) segnala(e);
+      if (e.fallito()) segnala(e);
     return {};
   });
   if (!letto || errore.classe == ClasseErrore::bloccato) return errore;
-  if (errore) segnala(errore);
+  if (errore.fallito()) segnala(errore);
   return {};
 }
 
@@ -165,7 +165,8 @@ void frm_Main::archivio_illeggibile(const Errore& errore) {
   Errore e = errore;
   if (e.classe == ClasseErrore::schema)
     e = attesa_blocco().riprova([this] { return aggiorna_database(a_.db); });
-  if (e) a_.macchina.messaggi.mostra(a_.traduttore.traduci(u"Errore in apertura database di sistema !"_s));
+  if (e.fallito())
+    a_.macchina.messaggi.mostra(a_.traduttore.traduci(u"Errore in apertura database di sistema !"_s));
   a_.macchina.programma.fine();
 }
 
@@ -173,7 +174,7 @@ void frm_Main::trova_lokere_sistema() {
   const Errore e = leggi_lokere();
   if (e.classe == ClasseErrore::schema)
     archivio_illeggibile(e);
-  else if (e)
+  else if (e.fallito())
     segnala(e);
 }
 
@@ -181,7 +182,8 @@ void frm_Main::trova_lokere_sistema() {
 Errore frm_Main::leggi_lokere() {
   Recordset rs;
   if (Errore e = rs.Open(u"SELECT * FROM parametri where computer_ctrl = ? order by ID"_s,
-                         a_.db.connessione_db, {nome_computer()}))
+                         a_.db.connessione_db, {nome_computer()});
+      e.fallito())
     return e;
   pannello.modo_slave = false;
   gestito_ = false;
@@ -215,7 +217,7 @@ Errore frm_Main::elenca_lokere(Recordset& rs) {
   SSOleDBGrid& lista = ciclo.grdLokere;
   Errore errore;
   lista.RemoveAll();
-  while (!errore && !rs.eof()) {
+  while (!errore.fallito() && !rs.eof()) {
     ciclo.aggiungi_lokera(rs.testo(u"id"), rs.testo(u"descrizione"), rs.testo(u"ip_lokera"));
     errore = rs.MoveNext();
   }
@@ -233,10 +235,11 @@ Errore frm_Main::registra_release() {
 Errore frm_Main::registra_computer() {
   Recordset rs;
   if (Errore e = rs.Open(u"SELECT * FROM computers WHERE nome_computer = ?"_s, a_.db.connessione_db,
-                         {nome_computer()}, Cursore::aggiornabile))
+                         {nome_computer()}, Cursore::aggiornabile);
+      e.fallito())
     return e;
   if (!rs.eof()) return {};
-  if (Errore e = rs.AddNew()) return e;
+  if (Errore e = rs.AddNew(); e.fallito()) return e;
   (void)rs.imposta(u"nome_computer", nome_computer());
   (void)rs.imposta(u"nr_seriale_vidimatore", 1);
   (void)rs.imposta(u"controller_sistema", 0);
@@ -263,7 +266,7 @@ void frm_Main::segnala(const Errore& errore) {
 void frm_Main::segnala_attesa(const Errore& errore, const QDateTime& dal) {
   const QString quanti = QString::number(acquisizione.in_attesa.quanti()) + u" - "_s;
   movimenti_in_attesa_.clear();
-  if (errore)
+  if (errore.fallito())
     movimenti_in_attesa_ =
         con_ora(dal, a_.traduttore.traduci(u"movimenti da registrare"_s)) + quanti + errore.descrizione;
   mostra_errori();
@@ -277,7 +280,7 @@ void frm_Main::mostra_errori() {
 
 // What waits is in memory only, so it is tried once more and then asked about.
 bool frm_Main::si_puo_finire() {
-  return !acquisizione.in_attesa.riprova() ||
+  return !acquisizione.in_attesa.riprova().fallito() ||
          conferma(a_.traduttore, a_.macchina.messaggi,
                   u"Alcuni movimenti non sono ancora registrati e andrebbero persi. Terminare ugualmente?"_s,
                   u"Fine Lavoro"_s);

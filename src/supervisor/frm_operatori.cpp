@@ -119,7 +119,7 @@ void frm_operatori::Command1_Click() {
     return avvisa(a_.traduttore, a_.messaggi, u"La password non corrisponde con quella di conferma."_s);
   if (txtUser.Text().trimmed().isEmpty())
     return avvisa(a_.traduttore, a_.messaggi, u"Inserire il nome dell'utente."_s);
-  if (const Errore e = registra()) return a_.messaggi.mostra(e.descrizione);
+  if (const Errore e = registra(); e.fallito()) return a_.messaggi.mostra(e.descrizione);
   if (stato_ == Stato::nuovo) abilita_comandi(Stato::modifica);
   ricarica(txtUser.Text());
 }
@@ -128,11 +128,11 @@ Errore frm_operatori::registra() {
   Recordset rs;
   Errore e = rs.Open(u"SELECT * FROM operatori WHERE user = ?"_s, a_.db.connessione_db, {txtUser.Text()},
                      Cursore::aggiornabile);
-  if (!e && rs.eof()) e = rs.AddNew();
-  if (!e) e = rs.imposta(u"user", txtUser.Text());
-  if (!e) e = rs.imposta(u"pwd", txtPwd.Text());
-  if (!e) e = rs.imposta(u"su", Check1.Value());
-  if (!e) e = rs.Update();
+  if (!e.fallito() && rs.eof()) e = rs.AddNew();
+  if (!e.fallito()) e = rs.imposta(u"user", txtUser.Text());
+  if (!e.fallito()) e = rs.imposta(u"pwd", txtPwd.Text());
+  if (!e.fallito()) e = rs.imposta(u"su", Check1.Value());
+  if (!e.fallito()) e = rs.Update();
   return e;
 }
 
@@ -165,13 +165,13 @@ Errore frm_operatori::elimina() {
   Recordset rs;
   Errore e = rs.Open(u"SELECT * FROM operatori WHERE user =?"_s, a_.db.connessione_db, {txtUser.Text()},
                      Cursore::aggiornabile);
-  if (!e && !rs.eof()) e = rs.Delete();
+  if (!e.fallito() && !rs.eof()) e = rs.Delete();
   return e;
 }
 
 void frm_operatori::Command3_Click() {
   const Attesa attesa(*this);
-  if (const Errore e = elimina()) return a_.messaggi.mostra(e.descrizione);
+  if (const Errore e = elimina(); e.fallito()) return a_.messaggi.mostra(e.descrizione);
   ricarica();
 }
 

@@ -29,7 +29,7 @@ Errore MovimentiInAttesa::riprova() {
   while (!attese_.empty()) {
     ChiaveRegistrata chiave;
     errore = registro_.registra(attese_.front(), chiave);
-    if (errore) break;
+    if (errore.fallito()) break;
     const Movimento fatto = attese_.front();
     attese_.pop_front();
     if (registrato) registrato(fatto, chiave);

@@ -6,6 +6,8 @@
 
 namespace lokera {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr Colore colore_non_gestita = 0xC0C0C0;
@@ -20,20 +22,20 @@ void crea(std::vector<std::unique_ptr<T>>& controlli, Finestra& f, const QString
 }  // namespace
 
 Tabellone::Tabellone(Finestra& f, Database& db, const Label& lblID)
-    : keyN(f, QStringLiteral("keyN")),
-      keyP(f, QStringLiteral("keyP")),
-      keyU(f, QStringLiteral("keyU")),
-      lblKeyN(f, QStringLiteral("lblKeyN"), QStringLiteral("chiave non gestita")),
-      lblKeyP(f, QStringLiteral("lblKeyP"), QStringLiteral("chiave all'interno della lokera")),
-      lblKeyU(f, QStringLiteral("lblKeyU"), QStringLiteral("chiave uscita")),
+    : keyN(f, u"keyN"_s),
+      keyP(f, u"keyP"_s),
+      keyU(f, u"keyU"_s),
+      lblKeyN(f, u"lblKeyN"_s, u"chiave non gestita"_s),
+      lblKeyP(f, u"lblKeyP"_s, u"chiave all'interno della lokera"_s),
+      lblKeyU(f, u"lblKeyU"_s, u"chiave uscita"_s),
       db_(db),
       lblID_(lblID) {
   keyN.FillColor = colore_non_gestita;
   keyP.FillColor = colore_presente;
   keyU.FillColor = colore_uscita;
-  crea(pannelli_, f, QStringLiteral("pnlK_%1"), 0, pannelli - 1);
-  crea(numeri_, f, QStringLiteral("Num_%1"), 1, posizioni);
-  crea(lampade_, f, QStringLiteral("lampade_chiave_%1"), 1, posizioni);
+  crea(pannelli_, f, u"pnlK_%1"_s, 0, pannelli - 1);
+  crea(numeri_, f, u"Num_%1"_s, 1, posizioni);
+  crea(lampade_, f, u"lampade_chiave_%1"_s, 1, posizioni);
 }
 
 void Tabellone::prepara() {
@@ -58,9 +60,9 @@ Errore Tabellone::situazione_chiavi() {
   if (lblID_.Caption().isEmpty()) return {};
   qlonglong ultima = 0;
   Recordset rs;
-  Errore errore = rs.Open(QStringLiteral("select * from tessere_chiavi where lokera = ? order by posizione"),
+  Errore errore = rs.Open(u"select * from tessere_chiavi where lokera = ? order by posizione"_s,
                           db_.connessione_db, {lblID_.Caption().toLongLong()});
-  while (!errore && !rs.eof()) {
+  while (!errore.fallito() && !rs.eof()) {
     const QVariant posto = rs.valore(u"posizione");
     const qlonglong posizione = posto.isValid() ? posto.toLongLong() : -1;
     if (rs.testo(u"operatore").trimmed().isEmpty())

@@ -7,12 +7,14 @@
 
 namespace lokera {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 class AdattaTesto : public AdattatoreDi<TextBox, QLineEdit> {
  public:
   AdattaTesto(TextBox& c, QLineEdit& w) : AdattatoreDi(c, w) {
-    w.setStyleSheet(QStringLiteral("lineedit-password-character: 42"));  // "*"
+    w.setStyleSheet(u"lineedit-password-character: 42"_s);  // "*"
     connect(&w, &QLineEdit::textEdited, this, [this](const QString& testo) {
       c_.Text = testo;
       chiama(c_.Change);
@@ -30,7 +32,7 @@ class AdattaTesto : public AdattatoreDi<TextBox, QLineEdit> {
 class AdattaMaschera : public AdattatoreDi<MaskEdBox, QLineEdit> {
  public:
   AdattaMaschera(MaskEdBox& c, QLineEdit& w) : AdattatoreDi(c, w) {
-    w.setInputMask(QStringLiteral("99/99/9999;_"));
+    w.setInputMask(u"99/99/9999;_"_s);
     connect(&w, &QLineEdit::textEdited, this, [this] { c_.Text = w_.displayText(); });
   }
 
@@ -80,7 +82,7 @@ class AdattaComboColonne : public AdattatoreDi<SSOleDBCombo, QComboBox> {
  private:
   void riempi() {
     QStringList righe;
-    for (const QStringList& voce : c_.voci()) righe.append(voce.join(QStringLiteral("   ")));
+    for (const QStringList& voce : c_.voci()) righe.append(voce.join(u"   "_s));
     if (righe == righe_) return;
     righe_ = righe;
     w_.clear();

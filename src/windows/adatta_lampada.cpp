@@ -5,6 +5,8 @@
 
 namespace lokera {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 struct Segno {
@@ -20,20 +22,20 @@ class AdattaLampada : public AdattatoreDi<Shape, LampadaWidget> {
 
  protected:
   void mostra() override {
-    const Segno s = tipo_ == QStringLiteral("chiave") ? segno_chiave() : segno();
+    const Segno s = tipo_ == u"chiave"_s ? segno_chiave() : segno();
     w_.mostra(s.aspetto, colore());
     w_.setAccessibleDescription(s.parola);
-    if (tipo_ == QStringLiteral("attivita")) w_.setAccessibleName(s.parola);
+    if (tipo_ == u"attivita"_s) w_.setAccessibleName(s.parola);
     if (const QString nome = nome_parlato(); !nome.isEmpty()) w_.setAccessibleName(nome);
     w_.setToolTip(s.parola);
   }
 
  private:
-  Colore colore() const { return tipo_ == QStringLiteral("attivita") ? 0x1F6FB2 : c_.FillColor(); }
+  Colore colore() const { return tipo_ == u"attivita"_s ? 0x1F6FB2 : c_.FillColor(); }
 
   Segno segno() const {
-    const bool esito = tipo_ == QStringLiteral("esito");
-    if (tipo_ == QStringLiteral("attivita")) return {Aspetto::freccia, traduci(u"lettura in corso")};
+    const bool esito = tipo_ == u"esito"_s;
+    if (tipo_ == u"attivita"_s) return {Aspetto::freccia, traduci(u"lettura in corso")};
     switch (c_.FillColor()) {
       case verde:
         return {Aspetto::spunta, traduci(esito ? u"eseguito" : u"autorizzato")};
@@ -62,10 +64,10 @@ class AdattaLampada : public AdattatoreDi<Shape, LampadaWidget> {
   }
   /// The drawing names the labels that speak for the lamp ("etichette"); other words stand for themselves.
   QString nome_parlato() const {
-    QStringList parole = w_.property("etichette").toString().split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    QStringList parole = w_.property("etichette").toString().split(u' ', Qt::SkipEmptyParts);
     for (QString& p : parole)
       if (const QString testo = parola(p); !testo.isEmpty()) p = testo;
-    return parole.join(QLatin1Char(' '));
+    return parole.join(u' ');
   }
   QString traduci(QStringView testo) const { return traduttore_.traduci(testo.toString()); }
 

@@ -13,8 +13,10 @@
 
 namespace lokera {
 
+using namespace Qt::StringLiterals;
+
 QString titolo_mostrato(const QString& caption) {
-  return caption.trimmed().replace(QStringLiteral("&"), QStringLiteral("&&"));
+  return caption.trimmed().replace(u"&"_s, u"&&"_s);
 }
 
 void Adattatore::aggiorna() {

@@ -12,6 +12,8 @@
 
 namespace lokera {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// Takes new input to a window and its menus away, without the grey look of disabled widgets.
@@ -48,7 +50,7 @@ class Blocco : public QObject {
 /// The widget that a control is drawn by: a position's number stands in the lamp of its position.
 QString nome_widget(const Controllo& controllo) {
   if (!dynamic_cast<const NumeroPosizione*>(&controllo)) return controllo.nome();
-  return QString(controllo.nome()).replace(QStringLiteral("Num_"), QStringLiteral("lampade_chiave_"));
+  return QString(controllo.nome()).replace(u"Num_"_s, u"lampade_chiave_"_s);
 }
 
 }  // namespace
@@ -82,7 +84,7 @@ void Collegamento::lega() {
   }
   for (auto it = restano.cbegin(); it != restano.cend(); ++it) {
     if (!solo_contiene(*it.value()))
-      discordanze_.append(QStringLiteral("%1: a widget without a control").arg(it.key()));
+      discordanze_.append(u"%1: a widget without a control"_s.arg(it.key()));
     else if (it.value()->property("predefinito").isValid())
       it.value()->installEventFilter(this);
   }
@@ -94,10 +96,9 @@ void Collegamento::lega(Controllo& controllo, const QHash<QString, QWidget*>& di
   QWidget* widget = disegno.value(nome_widget(controllo));
   auto adattatore = widget ? adatta(controllo, *widget, traduttore_) : nullptr;
   if (!adattatore) {
-    discordanze_.append(widget
-                            ? QStringLiteral("%1: a %2 doesn't fit it")
-                                  .arg(controllo.nome(), QLatin1StringView(widget->metaObject()->className()))
-                            : QStringLiteral("%1: a control without a widget").arg(controllo.nome()));
+    discordanze_.append(widget ? u"%1: a %2 doesn't fit it"_s.arg(
+                                     controllo.nome(), QLatin1StringView(widget->metaObject()->className()))
+                               : u"%1: a control without a widget"_s.arg(controllo.nome()));
     return;
   }
   QWidget* col_fuoco = widget->focusProxy() ? widget->focusProxy() : widget;

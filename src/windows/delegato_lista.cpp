@@ -13,6 +13,8 @@
 
 namespace lokera {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// The entry that the text of a choice means: the one that was picked or completed while typing, or whose
@@ -52,7 +54,7 @@ QWidget* DelegatoLista::crea_scelta(QWidget* padre, const QModelIndex& indice) c
   scelta->setEditable(true);
   scelta->setInsertPolicy(QComboBox::NoInsert);
   scelta->setAccessibleName(c.Caption);
-  for (const QStringList& voce : c.elenco->voci()) scelta->addItem(voce.join(QStringLiteral("   ")));
+  for (const QStringList& voce : c.elenco->voci()) scelta->addItem(voce.join(u"   "_s));
   scelta->view()->setMinimumWidth(scelta->view()->sizeHintForColumn(0) + 30);
   connect(scelta, &QComboBox::activated, this, [this, scelta] {
     auto* delegato = const_cast<DelegatoLista*>(this);

@@ -22,6 +22,8 @@
 
 namespace lokera {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr double parcheggio = 5000;
@@ -75,8 +77,7 @@ int barra_titolo(const QWidget& forma) {
 QHash<QString, QWidget*> widget_con_nome(const QWidget& forma) {
   QHash<QString, QWidget*> tutti;
   visita(forma, [&tutti](QWidget& w) {
-    if (!w.objectName().isEmpty() && !w.objectName().startsWith(QStringLiteral("qt_")))
-      tutti.insert(w.objectName(), &w);
+    if (!w.objectName().isEmpty() && !w.objectName().startsWith(u"qt_"_s)) tutti.insert(w.objectName(), &w);
   });
   return tutti;
 }

@@ -6,6 +6,8 @@
 
 namespace lokera {
 
+using namespace Qt::StringLiterals;
+
 bool EtichettaDati::abbreviata() const {
   return fontMetrics().horizontalAdvance(text()) > contentsRect().width();
 }
@@ -23,7 +25,7 @@ bool EtichettaDati::event(QEvent* evento) {
   if (evento->type() != QEvent::ToolTip || !abbreviata()) return QLabel::event(evento);
   // As escaped rich text it also wraps.
   QToolTip::showText(static_cast<QHelpEvent*>(evento)->globalPos(),
-                     QStringLiteral("<p>%1</p>").arg(text().toHtmlEscaped()), this);
+                     u"<p>%1</p>"_s.arg(text().toHtmlEscaped()), this);
   return true;
 }
 

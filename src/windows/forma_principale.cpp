@@ -7,6 +7,8 @@
 
 namespace lokera {
 
+using namespace Qt::StringLiterals;
+
 FormaPrincipale::FormaPrincipale() : ui_(std::make_unique<Ui::frm_Main>()) {
   ui_->setupUi(this);
   QPalette sfondo = palette();
@@ -21,13 +23,13 @@ FormaPrincipale::~FormaPrincipale() = default;
 
 void FormaPrincipale::crea_lampade() {
   for (int p = 0; p < Tabellone::pannelli; ++p) {
-    auto* pannello = findChild<QFrame*>(QStringLiteral("pnlK_%1").arg(p));
+    auto* pannello = findChild<QFrame*>(u"pnlK_%1"_s.arg(p));
     const int passo = pannello->width() / Tabellone::posizioni_pannello;
     for (int i = 0; i < Tabellone::posizioni_pannello; ++i) {
       auto* lampada = new LampadaWidget(pannello);
       const int posizione = p * Tabellone::posizioni_pannello + i + 1;
-      lampada->setObjectName(QStringLiteral("lampade_chiave_%1").arg(posizione));
-      lampada->setProperty("tipo", QStringLiteral("chiave"));
+      lampada->setObjectName(u"lampade_chiave_%1"_s.arg(posizione));
+      lampada->setProperty("tipo", u"chiave"_s);
       lampada->setGeometry(i * passo, 1, passo, pannello->height() - 2);
     }
   }

@@ -6,21 +6,23 @@
 namespace lokera::prova {
 namespace {
 
-const QString domenica = QStringLiteral("Domenica");  // 30/11/2008
+using namespace Qt::StringLiterals;
+
+const QString domenica = u"Domenica"_s;  // 30/11/2008
 
 /// A managed cabinet at the live session of a started console.
 class DecisioniTest : public ::testing::Test {
  protected:
-  DecisioniTest() : lokera(b.vm, QStringLiteral("127.0.0.2"), 10002) {
+  DecisioniTest() : lokera(b.vm, u"127.0.0.2"_s, 10002) {
     b.lokera(1, 1);
     b.main().Form_Load();
-    EXPECT_EQ(b.main().lblStatus.Caption(), QStringLiteral("ON Line"));
+    EXPECT_EQ(b.main().lblStatus.Caption(), u"ON Line"_s);
     // Groups: operators 1, keys 5 and 6.
-    b.tessera(QStringLiteral("0000000001"), 1);
-    b.abilita(QStringLiteral("0000000001"), 5);
-    b.chiave(QStringLiteral("1000000001"), 1, 0, 5);
-    b.chiave(QStringLiteral("1000000002"), 1, 1, 6);
-    b.chiave(QStringLiteral("1000000003"), 2, 0, 5);
+    b.tessera(u"0000000001"_s, 1);
+    b.abilita(u"0000000001"_s, 5);
+    b.chiave(u"1000000001"_s, 1, 0, 5);
+    b.chiave(u"1000000002"_s, 1, 1, 6);
+    b.chiave(u"1000000003"_s, 2, 0, 5);
   }
 
   /// What the console answers, without block check; "-" for no answer.
@@ -51,18 +53,17 @@ class DecisioniTest : public ::testing::Test {
 TEST_F(DecisioniTest, Operatori) {
   const QDate oggi(2008, 11, 30);
   const auto giorno = [&](int scarto) { return QVariant(momento(oggi.addDays(scarto), QTime(23, 59))); };
-  b.tessera(QStringLiteral("0000000010"), 1, 0, giorno(0), giorno(0));
-  b.tessera(QStringLiteral("0000000011"), 1, 0, giorno(1), {});
-  b.tessera(QStringLiteral("0000000012"), 1, 0, {}, giorno(-1));
-  b.tessera(QStringLiteral("0000000013"), 1, 0, giorno(-5), giorno(5));
+  b.tessera(u"0000000010"_s, 1, 0, giorno(0), giorno(0));
+  b.tessera(u"0000000011"_s, 1, 0, giorno(1), {});
+  b.tessera(u"0000000012"_s, 1, 0, {}, giorno(-1));
+  b.tessera(u"0000000013"_s, 1, 0, giorno(-5), giorno(5));
   for (int limite : {1, 2}) {
-    const QString codice = QStringLiteral("000000002%1").arg(limite);
+    const QString codice = u"000000002%1"_s.arg(limite);
     b.tessera(codice, 1, limite);
     for (int k = 0; k < 2; ++k) {
-      b.chiave(QStringLiteral("200000%1%2").arg(limite).arg(k, 3, 10, QLatin1Char('0')), 3, 10 * limite + k,
-               9);
-      b.sql(QStringLiteral("update tessere_chiavi set operatore = ? where codice = ?"),
-            {codice, QStringLiteral("200000%1%2").arg(limite).arg(k, 3, 10, QLatin1Char('0'))});
+      b.chiave(u"200000%1%2"_s.arg(limite).arg(k, 3, 10, '0'_L1), 3, 10 * limite + k, 9);
+      b.sql(u"update tessere_chiavi set operatore = ? where codice = ?"_s,
+            {codice, u"200000%1%2"_s.arg(limite).arg(k, 3, 10, '0'_L1)});
     }
   }
   struct Caso {
@@ -130,12 +131,12 @@ TEST_F(DecisioniTest, Chiavi) {
 
 // The panel names a refused card for a while, and a key could be in its hand meanwhile.
 TEST_F(DecisioniTest, ConUnaTesseraRifiutataNonSiPrelevaSiRestituisce) {
-  b.tessera(QStringLiteral("0000000010"), 1, 0, {}, momento(QDate(2008, 11, 29), QTime(0, 0)));
-  b.abilita(QStringLiteral("0000000010"), 5);
+  b.tessera(u"0000000010"_s, 1, 0, {}, momento(QDate(2008, 11, 29), QTime(0, 0)));
+  b.abilita(u"0000000010"_s, 5);
   EXPECT_EQ(tessera("0000000010"), "00090000");
   EXPECT_EQ(chiave("1000000001"), "00091000");
-  EXPECT_EQ(p().lblP.Caption(), QStringLiteral("0000000010"));
-  EXPECT_EQ(p().lblSxG.Caption(), QStringLiteral("5"));
+  EXPECT_EQ(p().lblP.Caption(), u"0000000010"_s);
+  EXPECT_EQ(p().lblSxG.Caption(), u"5"_s);
   EXPECT_EQ(chiave("1000000001", '0'), "00091001");
   EXPECT_EQ(esito("01"), "00092ABCDEFGHIJ0");
   EXPECT_EQ(tessera("0000000001"), "00090001");
@@ -144,17 +145,17 @@ TEST_F(DecisioniTest, ConUnaTesseraRifiutataNonSiPrelevaSiRestituisce) {
 
 // The session stays with the cabinet that it was opened for, wherever the cycle goes.
 TEST_F(DecisioniTest, DecideLaLokeraCollegataNonQuellaDelCiclo) {
-  b.chiave(QStringLiteral("1000000004"), 2, 1, 5);
+  b.chiave(u"1000000004"_s, 2, 1, 5);
   Tabellone& t = b.main().tabellone;
-  for (const QString& del_ciclo : {QStringLiteral("2"), QStringLiteral("1")}) {
+  for (const QString& del_ciclo : {u"2"_s, u"1"_s}) {
     b.main().lblID.Caption = del_ciclo;
-    EXPECT_FALSE(b.main().tabellone.situazione_chiavi());
+    EXPECT_FALSE(b.main().tabellone.situazione_chiavi().fallito());
     tessera("0000000001");
     EXPECT_EQ(chiave("1000000003"), "00091000");
     EXPECT_EQ(chiave("1000000001"), "00091001");
     esito("03");
     // The board of another cabinet stays as it is.
-    const bool propria = del_ciclo == QStringLiteral("1");
+    const bool propria = del_ciclo == u"1"_s;
     EXPECT_EQ(t.lampade_chiave(1).FillColor(), (propria ? t.keyU : t.keyP).FillColor());
   }
   t.chiave_uscita(1);
@@ -171,7 +172,7 @@ TEST_F(DecisioniTest, FasceAlMinuto) {
     esito("99");
     return risposta == "00091001";
   };
-  b.fascia(1, 5, QStringLiteral("Lunedì"), QTime(1, 0), QTime(2, 0));  // another day imposes nothing
+  b.fascia(1, 5, u"Lunedì"_s, QTime(1, 0), QTime(2, 0));  // another day imposes nothing
   EXPECT_TRUE(prelievo(QTime(20, 0)));
   b.fascia(1, 5, domenica, QTime(8, 0), QTime(12, 0));
   b.fascia(1, 5, domenica, QTime(14, 0), QTime(15, 0));
@@ -179,7 +180,7 @@ TEST_F(DecisioniTest, FasceAlMinuto) {
                                          {QTime(12, 0, 50), true},  {QTime(12, 1), false},
                                          {QTime(14, 30), true},     {QTime(15, 1), false}};
   for (const auto& [ora, ammesso] : casi) EXPECT_EQ(prelievo(ora), ammesso) << ora.toString().toStdString();
-  b.sql(QStringLiteral("insert into giorni_particolari (GG, MM, AAAA, giorno) values (30, 11, 0, 'Sabato')"));
+  b.sql(u"insert into giorni_particolari (GG, MM, AAAA, giorno) values (30, 11, 0, 'Sabato')"_s);
   EXPECT_TRUE(prelievo(QTime(20, 0)));
 }
 
@@ -201,7 +202,7 @@ TEST_F(DecisioniTest, EsitiELoroMovimenti) {
       {"unknown code", '0', "77", "00092ABCDEFGHIJ", "", grigio, grigio},
   };
   for (const Caso& c : casi) {
-    b.sql(QStringLiteral("delete from movimenti"));
+    b.sql(u"delete from movimenti"_s);
     EXPECT_EQ(tessera("0000000001"), "00090001") << c.nome;
     EXPECT_EQ(chiave("1000000001", c.verso), "00091001") << c.nome;
     EXPECT_EQ(esito(c.codice), c.risposta) << c.nome;
@@ -211,8 +212,7 @@ TEST_F(DecisioniTest, EsitiELoroMovimenti) {
     EXPECT_EQ((sinistra ? p().lampade_esito_7 : p().lampade_esito_8).FillColor(), c.seconda) << c.nome;
     EXPECT_TRUE((sinistra ? p().TimerSX : p().TimerDX)->Enabled()) << c.nome;
     EXPECT_TRUE(p().TimerSlot->Enabled()) << c.nome;
-    EXPECT_EQ(b.uno(QStringLiteral("select operazione from movimenti")).toString(),
-              QString::fromLatin1(c.movimento))
+    EXPECT_EQ(b.uno(u"select operazione from movimenti"_s).toString(), QString::fromLatin1(c.movimento))
         << c.nome;
   }
   EXPECT_EQ(esito("03"), "00092ABCDEFGHIJ");  // nothing was open
@@ -224,19 +224,15 @@ TEST_F(DecisioniTest, IlPrelievoSiVedeSubitoSulTabellone) {
   esito("03");
   EXPECT_EQ(b.main().tabellone.lampade_chiave(1).FillColor(), b.main().tabellone.keyU.FillColor());
   EXPECT_EQ(b.main().tabellone.Num(1).ForeColor(), bianco);
-  EXPECT_EQ(
-      b.uno(QStringLiteral("select operatore from tessere_chiavi where codice = '1000000001'")).toString(),
-      QStringLiteral("0000000001"));
-  EXPECT_EQ(b.uno(QStringLiteral("select intestazione from movimenti")).toString(),
-            QStringLiteral("operatore 0000000001"));
+  EXPECT_EQ(b.uno(u"select operatore from tessere_chiavi where codice = '1000000001'"_s).toString(),
+            u"0000000001"_s);
+  EXPECT_EQ(b.uno(u"select intestazione from movimenti"_s).toString(), u"operatore 0000000001"_s);
   tessera("0000000001");
   chiave("1000000001", '0');
   esito("01");
   EXPECT_EQ(b.main().tabellone.lampade_chiave(1).FillColor(), b.main().tabellone.keyP.FillColor());
-  EXPECT_EQ(
-      b.uno(QStringLiteral("select operatore from tessere_chiavi where codice = '1000000001'")).toString(),
-      QStringLiteral(" "));
-  EXPECT_EQ(b.conta(QStringLiteral("tessere_chiavi"), QStringLiteral("uscita is not null")), 0);
+  EXPECT_EQ(b.uno(u"select operatore from tessere_chiavi where codice = '1000000001'"_s).toString(), u" "_s);
+  EXPECT_EQ(b.conta(u"tessere_chiavi"_s, u"uscita is not null"_s), 0);
 }
 
 TEST_F(DecisioniTest, ConUnOperazioneApertaSoloLaFineHaRisposta) {
@@ -250,7 +246,7 @@ TEST_F(DecisioniTest, ConUnOperazioneApertaSoloLaFineHaRisposta) {
   lokera.invia("00092.ABCDEFGHIJ.03");  // a fragment
   b.vm.esegui_per(1s);
   EXPECT_EQ(stato(), 'P');
-  EXPECT_EQ(b.conta(QStringLiteral("movimenti")), 0);
+  EXPECT_EQ(b.conta(u"movimenti"_s), 0);
   EXPECT_EQ(esito("02"), "00092ABCDEFGHIJ1");
 }
 
@@ -285,44 +281,42 @@ TEST_F(DecisioniTest, DaUnErroreNonEsceMaiUnConsenso) {
     const QString tabella = QString::fromUtf16(nome);
     EXPECT_EQ(tessera("0000000001"), "00090001");
     b.main().lblErrore.Caption = QString();
-    b.sql(QStringLiteral("alter table %1 rename to via").arg(tabella));
+    b.sql(u"alter table %1 rename to via"_s.arg(tabella));
     EXPECT_EQ(chiave("1000000001"), risposta) << tabella.toStdString();
     EXPECT_FALSE(b.main().lblErrore.Caption().isEmpty()) << tabella.toStdString();
-    (void)b.db().connessione_db.Execute(QStringLiteral("drop table %1").arg(tabella));  // of the migration
-    b.sql(QStringLiteral("alter table via rename to %1").arg(tabella));
+    (void)b.db().connessione_db.Execute(u"drop table %1"_s.arg(tabella));  // of the migration
+    b.sql(u"alter table via rename to %1"_s.arg(tabella));
   }
   EXPECT_EQ(tessera("0000000001"), "00090001");
-  b.sql(QStringLiteral("drop table giorni_particolari"));
-  b.sql(QStringLiteral("create view giorni_particolari as select 1 as GG"));  // no migration mends that
+  b.sql(u"drop table giorni_particolari"_s);
+  b.sql(u"create view giorni_particolari as select 1 as GG"_s);  // no migration mends that
   EXPECT_EQ(chiave("1000000001"), "00091000");
-  b.sql(QStringLiteral("alter table tessere_operatori rename to via"));
+  b.sql(u"alter table tessere_operatori rename to via"_s);
   EXPECT_EQ(tessera("0000000001"), "00090000");
   EXPECT_EQ(p().ShapeP.FillColor(), rosso);
 }
 
 // Without the word for today no band would be found, and without a band every hour is good.
 TEST_F(DecisioniTest, SenzaIlGiornoNellaLinguaDelleFasceNonSiConsente) {
-  b.sql(QStringLiteral("update traduzioni set inglese = 'Today' where italiano = ?"),
+  b.sql(u"update traduzioni set inglese = 'Today' where italiano = ?"_s,
         {nome_giorno(b.vm.orologio().adesso().date().dayOfWeek())});
-  b.fascia(1, 5, QStringLiteral("Today"), QTime(0, 0), QTime(0, 1));
+  b.fascia(1, 5, u"Today"_s, QTime(0, 0), QTime(0, 1));
   tessera("0000000001");
   b.db().lingua_interfaccia = 1;
-  b.sql(QStringLiteral("alter table traduzioni rename to via"));
+  b.sql(u"alter table traduzioni rename to via"_s);
   EXPECT_EQ(chiave("1000000001"), "00091000");
-  b.sql(QStringLiteral("alter table via rename to traduzioni"));
+  b.sql(u"alter table via rename to traduzioni"_s);
   EXPECT_EQ(chiave("1000000001"), "00091000") << "the band is closed";
-  b.sql(QStringLiteral("delete from fascie_orarie"));
+  b.sql(u"delete from fascie_orarie"_s);
   EXPECT_EQ(chiave("1000000001"), "00091001");
 }
 
 TEST_F(DecisioniTest, UnMovimentoNonRegistratoNonEConfermato) {
   tessera("0000000001");
   chiave("1000000001");
-  b.sql(QStringLiteral("alter table movimenti rename to via"));
+  b.sql(u"alter table movimenti rename to via"_s);
   EXPECT_EQ(esito("03"), "00092ABCDEFGHIJ");
-  EXPECT_EQ(
-      b.uno(QStringLiteral("select operatore from tessere_chiavi where codice = '1000000001'")).toString(),
-      QStringLiteral(" "));
+  EXPECT_EQ(b.uno(u"select operatore from tessere_chiavi where codice = '1000000001'"_s).toString(), u" "_s);
 }
 
 // What an earlier request or end left running must not take the operator and the key off the panel while the
@@ -336,7 +330,7 @@ TEST_F(DecisioniTest, UnOperazioneApertaRestaSulPannello) {
   };
   for (const auto& avvia : avviano) {
     for (const char verso : {'1', '0'}) {
-      b.sql(QStringLiteral("delete from movimenti"));
+      b.sql(u"delete from movimenti"_s);
       tessera("0000000001");
       avvia();
       const QString operatore = p().lblP.Caption();
@@ -345,12 +339,11 @@ TEST_F(DecisioniTest, UnOperazioneApertaRestaSulPannello) {
       b.vm.esegui_per(6s);
       EXPECT_EQ((verso == '1' ? p().ShapeSX : p().ShapeDX).FillColor(), verde);
       EXPECT_EQ(esito(verso == '1' ? "03" : "01"), "00092ABCDEFGHIJ0");
-      EXPECT_EQ(righe(b.db().connessione_db, QStringLiteral("select operatore, chiave from movimenti")),
-                QStringList{operatore + QStringLiteral("|1000000001")});
+      EXPECT_EQ(righe(b.db().connessione_db, u"select operatore, chiave from movimenti"_s),
+                QStringList{operatore + u"|1000000001"_s});
     }
   }
-  EXPECT_EQ(b.uno(QStringLiteral("select operatore from tessere_chiavi where codice = '1000000001'")),
-            QStringLiteral(" "));
+  EXPECT_EQ(b.uno(u"select operatore from tessere_chiavi where codice = '1000000001'"_s), u" "_s);
 }
 
 TEST_F(DecisioniTest, SenzaSlotIlPannelloTieneLOperatore) {
@@ -361,7 +354,7 @@ TEST_F(DecisioniTest, SenzaSlotIlPannelloTieneLOperatore) {
   EXPECT_FALSE(p().TimerSlot->Enabled());
   b.vm.esegui_per(3100ms);
   EXPECT_FALSE(p().TimerSX->Enabled());
-  EXPECT_EQ(p().lblP.Caption(), QStringLiteral("0000000001"));
+  EXPECT_EQ(p().lblP.Caption(), u"0000000001"_s);
   EXPECT_EQ(p().ShapeP.FillColor(), verde);
 }
 
@@ -372,12 +365,12 @@ TEST_F(DecisioniTest, IlPannelloTornaARiposo) {
   EXPECT_EQ(p().TimerSlot->Interval(), 3000);
   tessera("0000000001");
   chiave("1000000002");
-  EXPECT_EQ(p().lblSxG.Caption(), QStringLiteral("6"));
+  EXPECT_EQ(p().lblSxG.Caption(), u"6"_s);
   b.vm.esegui_per(3100ms);  // the side's timer; with this cabinet it takes the operator with it
-  EXPECT_EQ(p().lblSX.Caption(), QStringLiteral("Tessera chiave"));
+  EXPECT_EQ(p().lblSX.Caption(), u"Tessera chiave"_s);
   EXPECT_EQ(p().lblP.Caption(), QString());
-  EXPECT_EQ(p().lblPG.Caption(), QStringLiteral("1"));
-  EXPECT_EQ(p().lblIntestazione.Caption(), QStringLiteral("intestazione"));
+  EXPECT_EQ(p().lblPG.Caption(), u"1"_s);
+  EXPECT_EQ(p().lblIntestazione.Caption(), u"intestazione"_s);
 }
 
 }  // namespace

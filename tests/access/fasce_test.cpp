@@ -6,22 +6,24 @@
 namespace lokera::prova {
 namespace {
 
-const QString coda = QStringLiteral("aggiorn_tessere_oper");
+using namespace Qt::StringLiterals;
+
+const QString coda = u"aggiorn_tessere_oper"_s;
 
 class FasceTest : public ::testing::Test {
  protected:
   FasceTest() : b(momento(QDate(2008, 12, 1), QTime(0, 0))) {
-    b.tessera(QStringLiteral("0000000001"), 1);
-    b.tessera(QStringLiteral("0000000002"), 2);  // another operator group
-    b.tessera(QStringLiteral("0000000003"), 1);  // may not use the key group
-    b.abilita(QStringLiteral("0000000001"), 5);
-    b.abilita(QStringLiteral("0000000002"), 5);
-    b.abilita(QStringLiteral("0000000003"), 6);
-    b.chiave(QStringLiteral("1000000001"), 1, 0, 5);
-    b.chiave(QStringLiteral("1000000002"), 2, 0, 5);
-    b.chiave(QStringLiteral("1000000003"), 2, 1, 5);
-    b.chiave(QStringLiteral("1000000004"), 3, 0, 6);
-    b.fascia(1, 5, QStringLiteral("Lunedì"), QTime(8, 0), QTime(12, 0));
+    b.tessera(u"0000000001"_s, 1);
+    b.tessera(u"0000000002"_s, 2);  // another operator group
+    b.tessera(u"0000000003"_s, 1);  // may not use the key group
+    b.abilita(u"0000000001"_s, 5);
+    b.abilita(u"0000000002"_s, 5);
+    b.abilita(u"0000000003"_s, 6);
+    b.chiave(u"1000000001"_s, 1, 0, 5);
+    b.chiave(u"1000000002"_s, 2, 0, 5);
+    b.chiave(u"1000000003"_s, 2, 1, 5);
+    b.chiave(u"1000000004"_s, 3, 0, 6);
+    b.fascia(1, 5, u"Lunedì"_s, QTime(8, 0), QTime(12, 0));
   }
 
   /// Runs at that time of the day and returns how many pairs it queued; the queue is emptied after.
@@ -29,7 +31,7 @@ class FasceTest : public ::testing::Test {
     b.vm.orologio().imposta(momento(giorno, ora));
     b.main().fasce.applica_fasce_orarie();
     const qlonglong accodate = b.conta(coda);
-    b.sql(QStringLiteral("delete from aggiorn_tessere_oper"));
+    b.sql(u"delete from aggiorn_tessere_oper"_s);
     return accodate;
   }
 
@@ -53,12 +55,11 @@ TEST_F(FasceTest, PartitiAlPomeriggioBastaLaChiusura) {
 }
 
 TEST_F(FasceTest, UnaFasciaCortaNonHaLaSecondaCorsa) {
-  b.sql(QStringLiteral("update fascie_orarie set alle_ore = #08:05#"));
+  b.sql(u"update fascie_orarie set alle_ore = #08:05#"_s);
   EXPECT_EQ(corsa(QTime(7, 58)), 2);
   EXPECT_EQ(corsa(QTime(8, 6)), 0);
   giorno = giorno.addDays(7);
-  b.sql(
-      QStringLiteral("update fascie_orarie set alle_ore = #08:08#"));  // ten minutes later is too short, too
+  b.sql(u"update fascie_orarie set alle_ore = #08:08#"_s);  // ten minutes later is too short, too
   EXPECT_EQ(corsa(QTime(7, 58)), 2);
   EXPECT_EQ(corsa(QTime(8, 9)), 0);
 }
@@ -90,18 +91,19 @@ TEST_F(FasceTest, UnaCorsaLungaCedeFuoriDalleTransazioniENonNeTrovaUnAltra) {
 
 TEST_F(FasceTest, ChiEInCodaRestaComE) {
   CodaTessere tessere(b.db().connessione_db);
-  const QString codice = QStringLiteral("0000000001");
-  EXPECT_FALSE(tessere.accoda_cancellazione_conservando(codice, 1, MotivoConservare::non_raggiunta));
+  const QString codice = u"0000000001"_s;
+  EXPECT_FALSE(
+      tessere.accoda_cancellazione_conservando(codice, 1, MotivoConservare::non_raggiunta).fallito());
   b.vm.orologio().imposta(momento(giorno, QTime(8, 0)));
   b.main().fasce.applica_fasce_orarie();
   EXPECT_EQ(b.conta(coda), 2);
-  EXPECT_EQ(b.conta(coda, QStringLiteral("operazione = 'D' and ID_lokera = 1")), 1);
-  EXPECT_EQ(b.conta(coda, QStringLiteral("operazione = 'I' and ID_lokera = 2")), 1);
+  EXPECT_EQ(b.conta(coda, u"operazione = 'D' and ID_lokera = 1"_s), 1);
+  EXPECT_EQ(b.conta(coda, u"operazione = 'I' and ID_lokera = 2"_s), 1);
 }
 
 TEST_F(FasceTest, UnaTesseraInUscitaNonTornaDaNessunaParte) {
-  b.in_coda(QStringLiteral("0000000001"), 3, QStringLiteral("D"));
-  b.in_coda(QStringLiteral("0000000002"), 1, QStringLiteral("D"));
+  b.in_coda(u"0000000001"_s, 3, u"D"_s);
+  b.in_coda(u"0000000002"_s, 1, u"D"_s);
   EXPECT_EQ(corsa(QTime(8, 0)), 2);
   EXPECT_EQ(corsa(QTime(12, 1)), 2);  // the deletions have been served
 }
@@ -113,30 +115,29 @@ TEST_F(FasceTest, AncheInMoltiOgnunoUnaVoltaEChiEInCodaRestaComE) {
     b.abilita(codice(i), 5);
     b.abilita(codice(i), 6);
   }
-  b.fascia(1, 6, QStringLiteral("Lunedì"), QTime(8, 0), QTime(12, 0));
-  b.fascia(1, 5, QStringLiteral("Lunedì"), QTime(7, 59), QTime(12, 0));
+  b.fascia(1, 6, u"Lunedì"_s, QTime(8, 0), QTime(12, 0));
+  b.fascia(1, 5, u"Lunedì"_s, QTime(7, 59), QTime(12, 0));
   for (const int i : {3, 60, 129}) {
-    b.in_coda(codice(i), 2, QStringLiteral("D"));
-    b.sql(QStringLiteral(
-              "insert into tessere_da_conservare (ID_tessera, ID_lokera, motivo) values (?, 2, 'x')"),
+    b.in_coda(codice(i), 2, u"D"_s);
+    b.sql(u"insert into tessere_da_conservare (ID_tessera, ID_lokera, motivo) values (?, 2, 'x')"_s,
           {codice(i)});
   }
   b.vm.orologio().imposta(momento(giorno, QTime(8, 0)));
   b.main().fasce.applica_fasce_orarie();
-  EXPECT_EQ(b.conta(coda, QStringLiteral("operazione = 'D'")), 3);
+  EXPECT_EQ(b.conta(coda, u"operazione = 'D'"_s), 3);
   EXPECT_EQ(b.conta(coda), 131 * 2 + 131) << "two cabinets with keys of group 5, one of group 6";
-  EXPECT_EQ(b.conta(coda, QStringLiteral("ID_lokera = 3")), 131);
+  EXPECT_EQ(b.conta(coda, u"ID_lokera = 3"_s), 131);
 }
 
 TEST_F(FasceTest, UnErroreNonPerdeLaFascia) {
   int segnalati = 0;
   b.main().fasce.segnala = [&](const Errore&) { ++segnalati; };
-  b.sql(QStringLiteral("alter table aggiorn_tessere_oper rename to via"));
+  b.sql(u"alter table aggiorn_tessere_oper rename to via"_s);
   b.vm.orologio().imposta(momento(giorno, QTime(8, 0)));
   b.main().fasce.applica_fasce_orarie();
   EXPECT_EQ(segnalati, 1);
-  EXPECT_EQ(b.conta(QStringLiteral("fascie_orarie"), QStringLiteral("data_esecuzione is null")), 1);
-  b.sql(QStringLiteral("alter table via rename to aggiorn_tessere_oper"));
+  EXPECT_EQ(b.conta(u"fascie_orarie"_s, u"data_esecuzione is null"_s), 1);
+  b.sql(u"alter table via rename to aggiorn_tessere_oper"_s);
   EXPECT_EQ(corsa(QTime(8, 5)), 2);
 }
 

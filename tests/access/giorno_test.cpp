@@ -5,16 +5,18 @@
 namespace lokera::prova {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 QString giorno_di(Banco& b, QDate data) {
   b.vm.orologio().imposta(momento(data, QTime(10, 0)));
-  EXPECT_FALSE(b.main().giorno.tipo_giorno());
+  EXPECT_FALSE(b.main().giorno.tipo_giorno().fallito());
   return b.main().giorno.giorno_corrente();
 }
 
 TEST(Giorno, SpecialePrimaDiQuestAnnoPoiDiOgniAnnoPoiSettimana) {
   Banco b;
   const auto speciale = [&](int gg, int mm, int aaaa, const char16_t* giorno) {
-    b.sql(QStringLiteral("insert into giorni_particolari (GG, MM, AAAA, giorno) values (?, ?, ?, ?)"),
+    b.sql(u"insert into giorni_particolari (GG, MM, AAAA, giorno) values (?, ?, ?, ?)"_s,
           {gg, mm, aaaa, QString::fromUtf16(giorno)});
   };
   speciale(25, 12, 0, u"Domenica");
@@ -32,35 +34,33 @@ TEST(Giorno, SpecialePrimaDiQuestAnnoPoiDiOgniAnnoPoiSettimana) {
 TEST(Giorno, NellaSecondaLinguaIlGiornoSpecialeRestaComEScritto) {
   Banco b;
   b.db().lingua_interfaccia = 1;
-  EXPECT_EQ(giorno_di(b, QDate(2008, 12, 1)), QStringLiteral("Monday"));
-  b.sql(
-      QStringLiteral("insert into giorni_particolari (GG, MM, AAAA, giorno) values (1, 12, 0, 'Domenica')"));
-  EXPECT_EQ(giorno_di(b, QDate(2008, 12, 1)), QStringLiteral("Domenica"));
+  EXPECT_EQ(giorno_di(b, QDate(2008, 12, 1)), u"Monday"_s);
+  b.sql(u"insert into giorni_particolari (GG, MM, AAAA, giorno) values (1, 12, 0, 'Domenica')"_s);
+  EXPECT_EQ(giorno_di(b, QDate(2008, 12, 1)), u"Domenica"_s);
 }
 
 TEST(Giorno, SuUnFileVecchioFaLaMigrazioneEChiedeDiNuovo) {
   Banco b;
-  b.sql(QStringLiteral("drop table giorni_particolari"));
-  EXPECT_EQ(giorno_di(b, QDate(2008, 12, 1)), QStringLiteral("Lunedì"));
-  EXPECT_EQ(b.conta(QStringLiteral("giorni_particolari")), 0);
-  b.sql(QStringLiteral("drop table giorni_particolari"));
-  b.sql(QStringLiteral("create view giorni_particolari as select 1 as GG"));  // no migration mends that
+  b.sql(u"drop table giorni_particolari"_s);
+  EXPECT_EQ(giorno_di(b, QDate(2008, 12, 1)), u"Lunedì"_s);
+  EXPECT_EQ(b.conta(u"giorni_particolari"_s), 0);
+  b.sql(u"drop table giorni_particolari"_s);
+  b.sql(u"create view giorni_particolari as select 1 as GG"_s);  // no migration mends that
   EXPECT_EQ(b.main().giorno.tipo_giorno().classe, ClasseErrore::schema);
 }
 
 TEST(Giorno, DietroUnBloccoNonDecideENonMigra) {
   Banco b;
-  b.sql(
-      QStringLiteral("insert into giorni_particolari (GG, MM, AAAA, giorno) values (1, 12, 0, 'Domenica')"));
-  b.sql(QStringLiteral("drop table PIANIF_RESET"));
+  b.sql(u"insert into giorni_particolari (GG, MM, AAAA, giorno) values (1, 12, 0, 'Domenica')"_s);
+  b.sql(u"drop table PIANIF_RESET"_s);
   Connection altra;
-  ASSERT_FALSE(altra.Open(b.file(), password_database()));
-  esegui(altra, QStringLiteral("begin exclusive"));
+  ASSERT_FALSE(altra.Open(b.file(), password_database()).fallito());
+  esegui(altra, u"begin exclusive"_s);
   EXPECT_EQ(b.main().giorno.tipo_giorno().classe, ClasseErrore::bloccato);
-  esegui(altra, QStringLiteral("rollback"));
-  EXPECT_EQ(giorno_di(b, QDate(2008, 12, 1)), QStringLiteral("Domenica"));
+  esegui(altra, u"rollback"_s);
+  EXPECT_EQ(giorno_di(b, QDate(2008, 12, 1)), u"Domenica"_s);
   Recordset rs;
-  EXPECT_TRUE(rs.Open(QStringLiteral("select * from PIANIF_RESET"), b.db().connessione_db));
+  EXPECT_TRUE(rs.Open(u"select * from PIANIF_RESET"_s, b.db().connessione_db).fallito());
 }
 
 }  // namespace

@@ -8,16 +8,18 @@
 namespace lokera {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 // Runs this very test again in a network of its own, with an interface that leads nowhere as the way out. Not
 // every kernel has both kinds.
-const QString in_rete_propria = QStringLiteral(
-    "ip link set lo up && { ip link add finta type dummy 2>/dev/null || "
+const QString in_rete_propria =
+    u"ip link set lo up && { ip link add finta type dummy 2>/dev/null || "
     "{ ip link add finta type veth peer name altra && ip link set altra up; }; } && ip addr add 10.99.0.1/24 "
     "dev finta && ip link set finta up && ip route add default dev finta && LOKERA_OWN_NETWORK=1 "
-    "exec \"$0\" --gtest_filter=Broadcast.reaches_every_cabinet_of_the_network");
+    "exec \"$0\" --gtest_filter=Broadcast.reaches_every_cabinet_of_the_network"_s;
 
 int in_rete(const QString& opzioni, const QStringList& programma) {
-  return QProcess::execute(QStringLiteral("unshare"), QStringList{opzioni} + programma);
+  return QProcess::execute(u"unshare"_s, QStringList{opzioni} + programma);
 }
 
 void cerca_tutti() {
@@ -30,7 +32,7 @@ void cerca_tutti() {
     }));
   }
   banco.socket->Protocol(Protocol::udp);
-  banco.socket->RemoteHost(QStringLiteral("255.255.255.255"));
+  banco.socket->RemoteHost(u"255.255.255.255"_s);
   banco.socket->RemotePort(3040);
   banco.socket->SendData("000A0");
   EXPECT_TRUE(banco.arrivati(2));

@@ -18,9 +18,11 @@
 namespace lokera {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 TEST(IstanzaUnica, refuses_a_second_one_names_the_first_and_frees_at_the_end) {
   const QTemporaryDir cartella;
-  const QString database = cartella.filePath(QStringLiteral("lokera.mdb"));
+  const QString database = cartella.filePath(u"lokera.mdb"_s);
   {
     const IstanzaUnica prima(database);
     EXPECT_TRUE(prima.presa());
@@ -31,7 +33,7 @@ TEST(IstanzaUnica, refuses_a_second_one_names_the_first_and_frees_at_the_end) {
   EXPECT_EXIT(std::_Exit(IstanzaUnica(database).presa() ? 7 : 1), ::testing::ExitedWithCode(7), "");
   EXPECT_FALSE(QDir(cartella.path()).isEmpty());  // the mark of a process that crashed is still there
   EXPECT_TRUE(IstanzaUnica(database).presa());
-  const IstanzaUnica altrove(cartella.filePath(QStringLiteral("missing/lokera.mdb")));
+  const IstanzaUnica altrove(cartella.filePath(u"missing/lokera.mdb"_s));
   EXPECT_FALSE(altrove.presa());
   EXPECT_TRUE(altrove.chi().isEmpty());
 }
@@ -47,10 +49,10 @@ TEST(QtDesktop, a_notice_stands_until_it_is_taken_away_and_ends_nothing) {
   };
   int finita = 0;
   const auto contata = QObject::connect(qApp, &QGuiApplication::lastWindowClosed, [&] { ++finita; });
-  desktop.mostra_avviso(QStringLiteral("primo"));
-  desktop.mostra_avviso(QStringLiteral("secondo"));
+  desktop.mostra_avviso(u"primo"_s);
+  desktop.mostra_avviso(u"secondo"_s);
   QApplication::processEvents();
-  EXPECT_EQ(avvisi(), QStringList{QStringLiteral("secondo")});
+  EXPECT_EQ(avvisi(), QStringList{u"secondo"_s});
   EXPECT_FALSE(QApplication::activeModalWidget());
   desktop.togli_avviso();
   desktop.togli_avviso();
@@ -103,25 +105,24 @@ Visto rispondi_con(const QString& bottone, const std::function<void()>& apri) {
 
 TEST(QtMessageBox, asks_in_its_language_with_No_as_default_and_shows_text_as_it_stands) {
   QtMessageBox box;
-  const QString testo = QStringLiteral("Cancellare <b>%1</b>?").arg(QStringLiteral("dell'acqua"));
+  const QString testo = u"Cancellare <b>%1</b>?"_s.arg(u"dell'acqua"_s);
   bool risposta = false;
-  const auto chiedi = [&] { risposta = box.chiedi(testo, QStringLiteral("Errore")); };
-  const Visto visto = rispondi_con(QStringLiteral("&Yes"), chiedi);
+  const auto chiedi = [&] { risposta = box.chiedi(testo, u"Errore"_s); };
+  const Visto visto = rispondi_con(u"&Yes"_s, chiedi);
   EXPECT_TRUE(risposta);
   EXPECT_EQ(visto.testo, testo);
-  EXPECT_EQ(visto.titolo, QStringLiteral("Errore"));
-  EXPECT_EQ(visto.predefinito, QStringLiteral("&No"));
+  EXPECT_EQ(visto.titolo, u"Errore"_s);
+  EXPECT_EQ(visto.predefinito, u"&No"_s);
   EXPECT_EQ(visto.bottoni.size(), 2);
   QTranslator italiano;
   ASSERT_TRUE(italiano.load(u"qtbase_it"_qs, QLibraryInfo::path(QLibraryInfo::TranslationsPath)));
   QCoreApplication::installTranslator(&italiano);
-  rispondi_con(QStringLiteral("&Sì"), chiedi);
+  rispondi_con(u"&Sì"_s, chiedi);
   EXPECT_TRUE(risposta);
   QCoreApplication::removeTranslator(&italiano);
   rispondi_con(QString(), chiedi);
   EXPECT_FALSE(risposta);
-  EXPECT_EQ(rispondi_con(QStringLiteral("OK"), [&] { box.mostra(testo, {}); }).bottoni,
-            QStringList{u"OK"_qs});
+  EXPECT_EQ(rispondi_con(u"OK"_s, [&] { box.mostra(testo, {}); }).bottoni, QStringList{u"OK"_qs});
 }
 
 TEST(QtMessageBox, survives_the_window_below_it) {
@@ -133,7 +134,7 @@ TEST(QtMessageBox, survives_the_window_below_it) {
   QTimer::singleShot(50, qApp, [] {
     if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) box->reject();
   });
-  EXPECT_FALSE(QtMessageBox().chiedi(QStringLiteral("?"), {}));
+  EXPECT_FALSE(QtMessageBox().chiedi(u"?"_s, {}));
 }
 
 }  // namespace

@@ -9,6 +9,8 @@
 namespace lokera {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 using namespace std::chrono_literals;
 
 struct Tempo : BancoReale {
@@ -73,7 +75,7 @@ TEST(QtTimer, fires_inside_a_wait_of_its_own_handler_and_may_be_destroyed_there)
   Tempo t;
   auto timer = t.pc.timer.crea_timer();
   int scatti = 0;
-  timer->Evento = [&, segno = QStringLiteral("alive until the handler returns")] {
+  timer->Evento = [&, segno = u"alive until the handler returns"_s] {
     if (++scatti == 1) t.attesa.attendi(5, [&] { return scatti > 1; });
     if (scatti == 3) timer.reset();
     EXPECT_FALSE(segno.isEmpty());

@@ -5,8 +5,10 @@
 namespace lokera {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 TEST(QtWinsock, a_handler_that_waits_gets_the_next_data_of_its_own_socket) {
-  BancoReale banco(QStringLiteral("127.0.0.11"));
+  BancoReale banco(u"127.0.0.11"_s);
   ASSERT_TRUE(banco.ascolta(24001) && banco.connetti(24001));
   int profondo = 0;
   banco.socket->DataArrival = [&](qsizetype byte) {
@@ -23,7 +25,7 @@ TEST(QtWinsock, a_handler_that_waits_gets_the_next_data_of_its_own_socket) {
 }
 
 TEST(QtWinsock, refused_and_closed_connections_are_told_by_the_state_alone) {
-  BancoReale banco(QStringLiteral("127.0.0.12"));
+  BancoReale banco(u"127.0.0.12"_s);
   banco.socket->Connect(banco.host, 24002);  // nobody listens
   EXPECT_TRUE(banco.attesa.attendi(5, [&] { return banco.socket->State() == socket_chiuso; }));
   banco.socket->SendData("x");  // dropped
@@ -46,7 +48,7 @@ TEST(QtWinsock, refused_and_closed_connections_are_told_by_the_state_alone) {
 }
 
 TEST(QtWinsock, what_came_before_the_connection_was_lost_is_still_delivered) {
-  BancoReale banco(QStringLiteral("127.0.0.13"));
+  BancoReale banco(u"127.0.0.13"_s);
   ASSERT_TRUE(banco.ascolta(24003) && banco.connetti(24003));
   banco.canale->Arrivo = [&](QByteArrayView) {
     banco.canale->invia("last words");
@@ -62,7 +64,7 @@ TEST(QtWinsock, what_came_before_the_connection_was_lost_is_still_delivered) {
 }
 
 TEST(QtWinsock, what_was_not_fetched_is_gone_with_Close_and_announced_to_nobody) {
-  BancoReale banco(QStringLiteral("127.0.0.14"));
+  BancoReale banco(u"127.0.0.14"_s);
   ASSERT_TRUE(banco.ascolta(24004) && banco.connetti(24004));
   int annunci = 0;
   banco.socket->DataArrival = [&](qsizetype) {
@@ -76,7 +78,7 @@ TEST(QtWinsock, what_was_not_fetched_is_gone_with_Close_and_announced_to_nobody)
 }
 
 TEST(QtWinsock, datagrams_come_back_one_event_each_until_Close) {
-  BancoReale banco(QStringLiteral("127.0.0.2"));
+  BancoReale banco(u"127.0.0.2"_s);
   ASSERT_TRUE(banco.rete.ascolta_udp(banco.host, 24005, [](QByteArrayView dati, const auto& rispondi) {
     rispondi(dati);
     rispondi(QByteArray());  // an empty one is a datagram too, and hurts nobody

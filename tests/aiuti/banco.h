@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "aiuti/righe.h"
+#include "platform/letterali.h"
 #include "simulation/virtual_machine.h"
 #include "store/schema_base.h"
 #include "supervisor/console.h"
@@ -20,7 +21,7 @@ inline QString file_modello() {
   static const QTemporaryDir cartella;
   const QString file = cartella.filePath(nome_file_database());
   if (!QFile::exists(file)) {
-    EXPECT_FALSE(crea_database(file));
+    EXPECT_FALSE(crea_database(file).fallito());
   }
   return file;
 }
@@ -48,50 +49,43 @@ class Banco {
   QVariant uno(const QString& statement, const QVariantList& valori = {}) {
     Recordset rs;
     const Errore e = rs.Open(statement, db().connessione_db, valori);
-    EXPECT_FALSE(e) << e.descrizione.toStdString();
+    EXPECT_FALSE(e.fallito()) << e.descrizione.toStdString();
     return rs.valore(0);
   }
-  qlonglong conta(const QString& tabella, const QString& condizione = QStringLiteral("1=1")) {
-    return uno(QStringLiteral("select count(*) from %1 where %2").arg(tabella, condizione)).toLongLong();
+  qlonglong conta(const QString& tabella, const QString& condizione = u"1=1"_s) {
+    return uno(u"select count(*) from %1 where %2"_s.arg(tabella, condizione)).toLongLong();
   }
 
   /// A cabinet of this computer at 127.000.000.00(id+1).
   void lokera(int id, int funzionamento = 0) {
-    sql(QStringLiteral(
-            "insert into parametri (ID, descrizione, IP_lokera, funzionamento, lingua,"
-            " tempo_di_comunicazione, tempo_attesa_inizio, slot, computer_ctrl) values (?, ?, ?, ?, 0, 1000,"
-            " 30, 1, ?)"),
-        {id, QStringLiteral("lokera %1").arg(id),
-         QStringLiteral("127.000.000.%1").arg(id + 1, 3, 10, QLatin1Char('0')), funzionamento,
-         QStringLiteral("PC-CENTRALE")});
+    sql(u"insert into parametri (ID, descrizione, IP_lokera, funzionamento, lingua,"
+        " tempo_di_comunicazione, tempo_attesa_inizio, slot, computer_ctrl) values (?, ?, ?, ?, 0, 1000,"
+        " 30, 1, ?)"_s,
+        {id, u"lokera %1"_s.arg(id), u"127.000.000.%1"_s.arg(id + 1, 3, 10, '0'_L1), funzionamento,
+         u"PC-CENTRALE"_s});
   }
   void chiave(const QString& codice, int lokera, int posizione, int gruppo = 1) {
-    sql(QStringLiteral(
-            "insert into tessere_chiavi (codice, lokera, posizione, descrizione, gruppo, operatore) values"
-            " (?, ?, ?, ?, ?, ' ')"),
-        {codice, lokera, posizione, QStringLiteral("chiave ") + codice, gruppo});
+    sql(u"insert into tessere_chiavi (codice, lokera, posizione, descrizione, gruppo, operatore) values"
+        " (?, ?, ?, ?, ?, ' ')"_s,
+        {codice, lokera, posizione, u"chiave "_s + codice, gruppo});
   }
   void tessera(const QString& codice, int gruppo = 1, int massimo = 0, const QVariant& dal = {},
                const QVariant& al = {}) {
-    sql(QStringLiteral(
-            "insert into tessere_operatori (codice, intestazione, gruppo, NrMaxPrelievi, valido_dal,"
-            " valido_al) values (?, ?, ?, ?, ?, ?)"),
-        {codice, QStringLiteral("operatore ") + codice, gruppo, massimo, dal, al});
+    sql(u"insert into tessere_operatori (codice, intestazione, gruppo, NrMaxPrelievi, valido_dal,"
+        " valido_al) values (?, ?, ?, ?, ?, ?)"_s,
+        {codice, u"operatore "_s + codice, gruppo, massimo, dal, al});
   }
   void abilita(const QString& tessera, int gruppo_chiavi) {
-    sql(QStringLiteral("insert into gruppi_tessera (tessera, codice) values (?, ?)"),
-        {tessera, gruppo_chiavi});
+    sql(u"insert into gruppi_tessera (tessera, codice) values (?, ?)"_s, {tessera, gruppo_chiavi});
   }
   void fascia(int gruppo_oper, int gruppo_chiavi, const QString& giorno, QTime dalle, QTime alle) {
-    sql(QStringLiteral(
-            "insert into fascie_orarie (gruppo_oper, gruppo_chiavi, giorno, dalle_ore, alle_ore) values"
-            " (?, ?, ?, ?, ?)"),
+    sql(u"insert into fascie_orarie (gruppo_oper, gruppo_chiavi, giorno, dalle_ore, alle_ore) values"
+        " (?, ?, ?, ?, ?)"_s,
         {gruppo_oper, gruppo_chiavi, giorno, momento(QDate(1899, 12, 30), dalle),
          momento(QDate(1899, 12, 30), alle)});
   }
-  void in_coda(const QString& tessera, int lokera, const QString& operazione = QStringLiteral("I")) {
-    sql(QStringLiteral(
-            "insert into aggiorn_tessere_oper (ID_tessera, ID_lokera, operazione) values (?, ?, ?)"),
+  void in_coda(const QString& tessera, int lokera, const QString& operazione = u"I"_s) {
+    sql(u"insert into aggiorn_tessere_oper (ID_tessera, ID_lokera, operazione) values (?, ?, ?)"_s,
         {tessera, lokera, operazione});
   }
 

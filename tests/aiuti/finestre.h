@@ -4,6 +4,7 @@
 
 #include "aiuti/righe.h"
 #include "forms/ambiente.h"
+#include "platform/letterali.h"
 #include "simulation/virtual_machine.h"
 #include "store/schema_base.h"
 
@@ -13,12 +14,12 @@ namespace lokera::prova {
 class BancoFinestre : public ::testing::Test {
  protected:
   BancoFinestre() {
-    EXPECT_FALSE(crea_database(cartella.filePath(nome_file_database())));
-    EXPECT_FALSE(apri_database(db, cartella.path()));
+    EXPECT_FALSE(crea_database(cartella.filePath(nome_file_database())).fallito());
+    EXPECT_FALSE(apri_database(db, cartella.path()).fallito());
   }
   /// An empty file of the given name instead.
   explicit BancoFinestre(const QString& nome) {
-    EXPECT_FALSE(db.connessione_db.crea(cartella.filePath(nome), QStringLiteral("prova")));
+    EXPECT_FALSE(db.connessione_db.crea(cartella.filePath(nome), u"prova"_s).fallito());
   }
   void sql(const QString& statement, const QVariantList& valori = {}) {
     esegui(db.connessione_db, statement, valori);
@@ -55,13 +56,8 @@ inline void digita_riga(SSOleDBGrid& grd, const QStringList& testi) {
 
 /// Texts that have gone wrong somewhere before.
 inline QStringList testi_difficili() {
-  return {QStringLiteral("dell'officina"),
-          QStringLiteral("100% _ [*] ?"),
-          QStringLiteral("è già là: ÀÈÌ"),
-          QStringLiteral("\"Re\" \\ ; --"),
-          QStringLiteral("🔑 chiavi 🗝️"),
-          QStringLiteral("   tre davanti"),
-          QString(10000, u'x')};
+  return {u"dell'officina"_s,       u"100% _ [*] ?"_s,   u"è già là: ÀÈÌ"_s,  u"\"Re\" \\ ; --"_s,
+          u"🔑 chiavi 🗝️"_s, u"   tre davanti"_s, QString(10000, u'x')};
 }
 
 }  // namespace lokera::prova

@@ -6,19 +6,19 @@
 namespace lokera::prova {
 namespace {
 
-const QString t1 = QStringLiteral("0000000001");
-const QString t2 = QStringLiteral("0000000002");
+using namespace Qt::StringLiterals;
+
+const QString t1 = u"0000000001"_s;
+const QString t2 = u"0000000002"_s;
 
 /// A cabinet that keeps what is written into it, or answers as the test says.
 class InvioTest : public ::testing::Test {
  protected:
-  InvioTest()
-      : lokera(b.vm, QStringLiteral("127.0.0.2"), 10001,
-               [this](const QByteArray& f) { return risposta(f); }) {
+  InvioTest() : lokera(b.vm, u"127.0.0.2"_s, 10001, [this](const QByteArray& f) { return risposta(f); }) {
     b.tessera(t1);
     b.tessera(t2);
-    b.main().lblID.Caption = QStringLiteral("1");
-    b.main().lblIndirizzoIP.Caption = QStringLiteral("127.000.000.002");
+    b.main().lblID.Caption = u"1"_s;
+    b.main().lblIndirizzoIP.Caption = u"127.000.000.002"_s;
     b.main().download.connessione_socket_download();
     EXPECT_TRUE(b.main().download.connessa());
   }
@@ -48,7 +48,7 @@ class InvioTest : public ::testing::Test {
   /// The deletion of `codice` at position 0 stays without an answer.
   void cancella_invano(const QString& codice) {
     EXPECT_EQ(invia(codice), 0);
-    b.in_coda(codice, 1, QStringLiteral("D"));
+    b.in_coda(codice, 1, u"D"_s);
     muta = true;
     lokera.ricevuti.clear();
     EXPECT_EQ(cancella(codice), 1);
@@ -56,8 +56,8 @@ class InvioTest : public ::testing::Test {
   }
   QStringList coda() {
     return righe(b.db().connessione_db,
-                 QStringLiteral("select ID_tessera, ID_lokera, operazione from aggiorn_tessere_oper order by"
-                                " ID_tessera, ID_lokera"));
+                 u"select ID_tessera, ID_lokera, operazione from aggiorn_tessere_oper order by"
+                 " ID_tessera, ID_lokera"_s);
   }
 
   Banco b;
@@ -78,21 +78,20 @@ TEST_F(InvioTest, ScriveRileggeELiberaLaCoda) {
   ASSERT_EQ(lokera.ricevuti.size(), 2);
   EXPECT_EQ(lokera.ricevuti[0], componi_frame("0003100000" + t1.toLatin1() + QByteArray(50, '0')));
   EXPECT_EQ(lokera.ricevuti[1], componi_frame("0003000000"));
-  EXPECT_EQ(b.conta(QStringLiteral("aggiorn_tessere_oper")), 1);
+  EXPECT_EQ(b.conta(u"aggiorn_tessere_oper"_s), 1);
 }
 
 TEST_F(InvioTest, LaPosizioneLiberaPiuBassa) {
   for (const int p : {0, 1, 3})
-    b.sql(
-        QStringLiteral("insert into posiz_tessere_oper (ID_tessera, ID_lokera, posizione) values (?, 1, ?)"),
-        {QStringLiteral("90000000%1").arg(p, 2, 10, QLatin1Char('0')), p});
+    b.sql(u"insert into posiz_tessere_oper (ID_tessera, ID_lokera, posizione) values (?, 1, ?)"_s,
+          {u"90000000%1"_s.arg(p, 2, 10, '0'_L1), p});
   EXPECT_EQ(invia(t1), 0);
   EXPECT_EQ(posizione, 2);
   EXPECT_EQ(invia(t2), 0);
   EXPECT_EQ(posizione, 4);
   EXPECT_EQ(invia(t1), 0);  // keeps its place for good
   EXPECT_EQ(posizione, 2);
-  EXPECT_EQ(b.conta(QStringLiteral("posiz_tessere_oper")), 5);
+  EXPECT_EQ(b.conta(u"posiz_tessere_oper"_s), 5);
 }
 
 TEST_F(InvioTest, CioCheFallisceRestaInCodaMaTieneIlPosto) {
@@ -116,50 +115,50 @@ TEST_F(InvioTest, CioCheFallisceRestaInCodaMaTieneIlPosto) {
     lokera.ricevuti.clear();
     EXPECT_EQ(invia(t1), 1) << caso.nome;
     EXPECT_EQ(lokera.ricevuti.size(), caso.frame) << caso.nome;
-    EXPECT_EQ(b.conta(QStringLiteral("aggiorn_tessere_oper")), 1) << caso.nome;
-    EXPECT_EQ(b.conta(QStringLiteral("posiz_tessere_oper")), 1) << caso.nome;
+    EXPECT_EQ(b.conta(u"aggiorn_tessere_oper"_s), 1) << caso.nome;
+    EXPECT_EQ(b.conta(u"posiz_tessere_oper"_s), 1) << caso.nome;
   }
 }
 
 TEST_F(InvioTest, UnaMascheraCheNonSiCalcolaNonSiInvia) {
   b.in_coda(t1, 1);
-  b.sql(QStringLiteral("alter table gruppi_tessera rename to via"));
+  b.sql(u"alter table gruppi_tessera rename to via"_s);
   EXPECT_EQ(invia(t1), 1);
   EXPECT_TRUE(lokera.ricevuti.isEmpty());
-  EXPECT_EQ(b.conta(QStringLiteral("aggiorn_tessere_oper")), 1);
+  EXPECT_EQ(b.conta(u"aggiorn_tessere_oper"_s), 1);
 }
 
 TEST_F(InvioTest, UnRecordDiChiaveNonHaMaschera) {
   posizione = 7;
-  EXPECT_EQ(b.main().invio.invia_record_operatore(QStringLiteral("1000000007"), posizione, record_chiave), 0);
+  EXPECT_EQ(b.main().invio.invia_record_operatore(u"1000000007"_s, posizione, record_chiave), 0);
   EXPECT_EQ(lokera.ricevuti[0], componi_frame("00031100071000000007"));
-  EXPECT_EQ(b.conta(QStringLiteral("posiz_tessere_oper")), 0);
+  EXPECT_EQ(b.conta(u"posiz_tessere_oper"_s), 0);
 }
 
 TEST_F(InvioTest, LaTesseraLasciaIlRegistroConLUltimaLokera) {
   b.abilita(t1, 1);
   EXPECT_EQ(invia(t1), 0);
-  b.in_coda(t1, 1, QStringLiteral("D"));
-  b.in_coda(t1, 2, QStringLiteral("D"));
+  b.in_coda(t1, 1, u"D"_s);
+  b.in_coda(t1, 2, u"D"_s);
   lokera.ricevuti.clear();
   EXPECT_EQ(cancella(t1), 0);
   EXPECT_EQ(lokera.ricevuti, QList<QByteArray>{componi_frame("0003200000")});
-  EXPECT_EQ(b.conta(QStringLiteral("tessere_operatori")), 2);  // another cabinet still has it pending
-  b.main().lblID.Caption = QStringLiteral("2");
+  EXPECT_EQ(b.conta(u"tessere_operatori"_s), 2);  // another cabinet still has it pending
+  b.main().lblID.Caption = u"2"_s;
   EXPECT_EQ(cancella(t1), 0);  // never was there: no frame, and the last cabinet is served
   EXPECT_EQ(lokera.ricevuti.size(), 1);
-  EXPECT_EQ(b.conta(QStringLiteral("tessere_operatori")), 1);
-  EXPECT_EQ(b.conta(QStringLiteral("gruppi_tessera")), 0);
+  EXPECT_EQ(b.conta(u"tessere_operatori"_s), 1);
+  EXPECT_EQ(b.conta(u"gruppi_tessera"_s), 0);
 }
 
 TEST_F(InvioTest, UnaCancellazioneSenzaRispostaLiberaSubitoIlPosto) {
   cancella_invano(t1);
   EXPECT_EQ(lokera.ricevuti.size(), 2);
-  EXPECT_EQ(b.conta(QStringLiteral("posiz_tessere_oper")), 0);
-  EXPECT_EQ(b.conta(QStringLiteral("aggiorn_tessere_oper")), 1);
+  EXPECT_EQ(b.conta(u"posiz_tessere_oper"_s), 0);
+  EXPECT_EQ(b.conta(u"aggiorn_tessere_oper"_s), 1);
   EXPECT_EQ(cancella(t1), 0);  // the next turn finds no row and counts as done
-  EXPECT_EQ(b.conta(QStringLiteral("aggiorn_tessere_oper")), 0);
-  EXPECT_EQ(b.conta(QStringLiteral("tessere_operatori")), 1);
+  EXPECT_EQ(b.conta(u"aggiorn_tessere_oper"_s), 0);
+  EXPECT_EQ(b.conta(u"tessere_operatori"_s), 1);
 }
 
 TEST_F(InvioTest, UnaCancellazioneNonConfermataSiRipete) {
@@ -175,7 +174,7 @@ TEST_F(InvioTest, UnaCancellazioneNonConfermataSiRipete) {
                        {"no such record", false, "14", 2, 0},
                        {"confirmed", false, "00", 1, 0}};
   for (const Caso& caso : casi) {
-    b.sql(QStringLiteral("delete from cancellazioni_da_confermare"));
+    b.sql(u"delete from cancellazioni_da_confermare"_s);
     cancella_invano(t1);
     EXPECT_EQ(cancella(t1), 0);
     b.tessera(t1);
@@ -184,7 +183,7 @@ TEST_F(InvioTest, UnaCancellazioneNonConfermataSiRipete) {
     lokera.ricevuti.clear();
     EXPECT_EQ(b.main().invio.ripeti_cancellazioni(), caso.aperte) << caso.nome;
     EXPECT_EQ(lokera.ricevuti, QList<QByteArray>(caso.frame, componi_frame("0003200000"))) << caso.nome;
-    EXPECT_EQ(b.conta(QStringLiteral("cancellazioni_da_confermare")), caso.aperte) << caso.nome;
+    EXPECT_EQ(b.conta(u"cancellazioni_da_confermare"_s), caso.aperte) << caso.nome;
     muta = false;
     rifiuto.reset();
   }
@@ -195,8 +194,7 @@ TEST_F(InvioTest, UnaCancellazioneNonConfermataSiRipete) {
 
 TEST_F(InvioTest, UnaLokeraMutaNonSiInterrogaPerTutte) {
   for (const int p : {0, 1, 2})
-    b.sql(QStringLiteral("insert into cancellazioni_da_confermare (ID_lokera, posizione) values (1, ?)"),
-          {p});
+    b.sql(u"insert into cancellazioni_da_confermare (ID_lokera, posizione) values (1, ?)"_s, {p});
   muta = true;
   EXPECT_EQ(b.main().invio.ripeti_cancellazioni(), 1);
   EXPECT_EQ(lokera.ricevuti.size(), 2);
@@ -214,14 +212,14 @@ TEST_F(InvioTest, NonSiCancellaChiHaPresoIlPosto) {
   EXPECT_EQ(b.main().invio.ripeti_cancellazioni(), 1);  // its own writing still waits: it comes after
   EXPECT_EQ(lokera.ricevuti.size(), 2);
   rifiuto.reset();
-  b.sql(QStringLiteral("update aggiorn_tessere_oper set operazione = 'D' where ID_tessera = ?"), {t2});
+  b.sql(u"update aggiorn_tessere_oper set operazione = 'D' where ID_tessera = ?"_s, {t2});
   EXPECT_EQ(b.main().invio.ripeti_cancellazioni(), 0);
-  b.sql(QStringLiteral("delete from aggiorn_tessere_oper where ID_tessera = ?"), {t2});
+  b.sql(u"delete from aggiorn_tessere_oper where ID_tessera = ?"_s, {t2});
   EXPECT_EQ(b.main().invio.ripeti_cancellazioni(), 0);
   EXPECT_EQ(lokera.ricevuti.size(), 2);  // its record may lie there
-  EXPECT_EQ(b.conta(QStringLiteral("cancellazioni_da_confermare")), 1);
+  EXPECT_EQ(b.conta(u"cancellazioni_da_confermare"_s), 1);
   EXPECT_EQ(invia(t2), 0);
-  EXPECT_EQ(b.conta(QStringLiteral("cancellazioni_da_confermare")), 0);
+  EXPECT_EQ(b.conta(u"cancellazioni_da_confermare"_s), 0);
 }
 
 TEST_F(InvioTest, CioCheCambiaMentreLaLokeraRispondeRestaInCoda) {
@@ -232,66 +230,64 @@ TEST_F(InvioTest, CioCheCambiaMentreLaLokeraRispondeRestaInCoda) {
     qint16 esito;
     QString operazione;
   };
-  b.chiave(QStringLiteral("1000000001"), 1, 0, 5);
-  const QString elimina = QStringLiteral("update aggiorn_tessere_oper set operazione = 'D'");
-  const QString registra = QStringLiteral("update aggiorn_tessere_oper set operazione = 'I'");
-  const QString gruppo =
-      QStringLiteral("insert into gruppi_tessera (tessera, codice) values ('0000000001', 5)");
-  const QString uguale = QStringLiteral("update aggiorn_tessere_oper set operazione = operazione");
-  const Caso casi[] = {{"deleted while it was written", "00031", elimina, 0, QStringLiteral("D")},
-                       {"deleted while it was read back", "00030", elimina, 0, QStringLiteral("D")},
-                       {"another group meanwhile", "00030", gruppo, 0, QStringLiteral("I")},
+  b.chiave(u"1000000001"_s, 1, 0, 5);
+  const QString elimina = u"update aggiorn_tessere_oper set operazione = 'D'"_s;
+  const QString registra = u"update aggiorn_tessere_oper set operazione = 'I'"_s;
+  const QString gruppo = u"insert into gruppi_tessera (tessera, codice) values ('0000000001', 5)"_s;
+  const QString uguale = u"update aggiorn_tessere_oper set operazione = operazione"_s;
+  const Caso casi[] = {{"deleted while it was written", "00031", elimina, 0, u"D"_s},
+                       {"deleted while it was read back", "00030", elimina, 0, u"D"_s},
+                       {"another group meanwhile", "00030", gruppo, 0, u"I"_s},
                        {"nothing new", "00030", uguale, 0, QString()},
-                       {"registered while it was deleted", "00032", registra, 0, QStringLiteral("I")}};
+                       {"registered while it was deleted", "00032", registra, 0, u"I"_s}};
   for (const Caso& caso : casi) {
     const bool scrive = caso.durante != "00032";
-    b.sql(QStringLiteral("delete from aggiorn_tessere_oper"));
-    b.in_coda(t1, 1, scrive ? QStringLiteral("I") : QStringLiteral("D"));
+    b.sql(u"delete from aggiorn_tessere_oper"_s);
+    b.in_coda(t1, 1, scrive ? u"I"_s : u"D"_s);
     durante(caso.durante, [&] { b.sql(caso.istruzione); });
     EXPECT_EQ(scrive ? invia(t1) : cancella(t1), caso.esito) << caso.nome;
-    EXPECT_EQ(b.uno(QStringLiteral("select operazione from aggiorn_tessere_oper")).toString(),
-              caso.operazione)
+    EXPECT_EQ(b.uno(u"select operazione from aggiorn_tessere_oper"_s).toString(), caso.operazione)
         << caso.nome;
-    EXPECT_EQ(b.conta(QStringLiteral("tessere_operatori")), 2) << caso.nome;
+    EXPECT_EQ(b.conta(u"tessere_operatori"_s), 2) << caso.nome;
   }
 }
 
 TEST_F(InvioTest, ContaCioCheLaCodaDiceAdesso) {
-  b.in_coda(t1, 1, QStringLiteral("D"));
+  b.in_coda(t1, 1, u"D"_s);
   EXPECT_EQ(invia(t1), 1);
-  b.sql(QStringLiteral("update aggiorn_tessere_oper set operazione = 'I'"));
+  b.sql(u"update aggiorn_tessere_oper set operazione = 'I'"_s);
   EXPECT_EQ(cancella(t1), 1);
   EXPECT_TRUE(lokera.ricevuti.isEmpty());
-  EXPECT_EQ(b.conta(QStringLiteral("posiz_tessere_oper")), 0);
+  EXPECT_EQ(b.conta(u"posiz_tessere_oper"_s), 0);
 }
 
 TEST_F(InvioTest, UnaCancellazioneServitaÈTuttaONiente) {
   QStringList detti;
   b.main().invio.segnala = [&](const Errore& e) { detti << e.descrizione; };
-  b.in_coda(t1, 1, QStringLiteral("D"));
-  b.sql(QStringLiteral("alter table gruppi_tessera rename to via"));
+  b.in_coda(t1, 1, u"D"_s);
+  b.sql(u"alter table gruppi_tessera rename to via"_s);
   EXPECT_EQ(cancella(t1), 1);
   EXPECT_EQ(detti.size(), 1);
-  EXPECT_EQ(b.conta(QStringLiteral("aggiorn_tessere_oper")), 1);
-  EXPECT_EQ(b.conta(QStringLiteral("tessere_operatori")), 2);
+  EXPECT_EQ(b.conta(u"aggiorn_tessere_oper"_s), 1);
+  EXPECT_EQ(b.conta(u"tessere_operatori"_s), 2);
 }
 
 TEST_F(InvioTest, UnaFinestraCheCambiaLokeraNonSpostaLOperazione) {
   for (const char* momento_del_cambio : {"00031", "00030", "00032"}) {
     const bool scrive = QByteArray(momento_del_cambio) != "00032";
-    b.sql(QStringLiteral("delete from aggiorn_tessere_oper"));
-    for (const int id : {1, 2}) b.in_coda(t1, id, scrive ? QStringLiteral("I") : QStringLiteral("D"));
-    b.main().lblID.Caption = QStringLiteral("1");
-    durante(momento_del_cambio, [&] { b.main().lblID.Caption = QStringLiteral("2"); });
+    b.sql(u"delete from aggiorn_tessere_oper"_s);
+    for (const int id : {1, 2}) b.in_coda(t1, id, scrive ? u"I"_s : u"D"_s);
+    b.main().lblID.Caption = u"1"_s;
+    durante(momento_del_cambio, [&] { b.main().lblID.Caption = u"2"_s; });
     EXPECT_EQ(scrive ? invia(t1) : cancella(t1), 0);
-    EXPECT_EQ(coda(), QStringList{QStringLiteral("0000000001|2|") + QLatin1Char(scrive ? 'I' : 'D')})
+    EXPECT_EQ(coda(), QStringList{u"0000000001|2|"_s + QLatin1Char(scrive ? 'I' : 'D')})
         << momento_del_cambio;
   }
 }
 
 TEST_F(InvioTest, SuUnaConnessioneDiAltriNonSiInviaNulla) {
   EXPECT_EQ(invia(t1), 0);
-  b.sql(QStringLiteral("insert into cancellazioni_da_confermare (ID_lokera, posizione) values (1, 7)"));
+  b.sql(u"insert into cancellazioni_da_confermare (ID_lokera, posizione) values (1, 7)"_s);
   const std::pair<QByteArray, std::function<qint16()>> operazioni[] = {
       {"00031", [&] { return invia(t1); }},
       {"00030", [&] { return invia(t1); }},
@@ -299,8 +295,8 @@ TEST_F(InvioTest, SuUnaConnessioneDiAltriNonSiInviaNulla) {
       {"00032", [&] { return b.main().invio.ripeti_cancellazioni(); }}};
   for (const bool risponde : {false, true}) {
     for (const auto& [ultimo, operazione] : operazioni) {
-      b.sql(QStringLiteral("delete from aggiorn_tessere_oper"));
-      b.in_coda(t1, 1, ultimo == "00032" ? QStringLiteral("D") : QStringLiteral("I"));
+      b.sql(u"delete from aggiorn_tessere_oper"_s);
+      b.in_coda(t1, 1, ultimo == "00032" ? u"D"_s : u"I"_s);
       const QStringList prima = coda();
       lokera.ricevuti.clear();
       durante(ultimo, [&] {
@@ -320,7 +316,7 @@ TEST_F(InvioTest, SuUnaConnessioneDiAltriNonSiInviaNulla) {
       EXPECT_TRUE(lokera.ricevuti.last().startsWith(ultimo)) << ultimo.constData();
       EXPECT_EQ(lokera.ricevuti.count(lokera.ricevuti.last()), 1) << ultimo.constData();
       EXPECT_EQ(coda(), prima) << ultimo.constData();
-      EXPECT_EQ(b.conta(QStringLiteral("cancellazioni_da_confermare"), QStringLiteral("posizione = 7")), 1);
+      EXPECT_EQ(b.conta(u"cancellazioni_da_confermare"_s, u"posizione = 7"_s), 1);
     }
   }
 }

@@ -6,6 +6,8 @@
 namespace lokera::prova {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 TEST(Maschera, ByteEsadecimale) {
   const std::pair<QByteArray, QByteArray> casi[] = {{"00000000", "00"}, {"00001010", "0A"},
                                                     {"11111111", "FF"}, {"", "00"},
@@ -26,40 +28,39 @@ class MascheraTest : public ::testing::Test {
  protected:
   QByteArray maschera(const QString& codice, QTime adesso = QTime(10, 0)) {
     Maschera m;
-    EXPECT_FALSE(calcola_maschera(b.db().connessione_db, codice, QStringLiteral("Lunedì"), adesso, m));
+    EXPECT_FALSE(calcola_maschera(b.db().connessione_db, codice, u"Lunedì"_s, adesso, m).fallito());
     const QByteArray veloce = maschera_esadecimale(m);
-    EXPECT_EQ(veloce, maschera_semplice(b.db().connessione_db, codice, QStringLiteral("Lunedì"), adesso));
+    EXPECT_EQ(veloce, maschera_semplice(b.db().connessione_db, codice, u"Lunedì"_s, adesso));
     return veloce;
   }
   Banco b;
 };
 
 TEST_F(MascheraTest, PosizioniDellaMaschera) {
-  b.tessera(QStringLiteral("0000000001"));
-  b.abilita(QStringLiteral("0000000001"), 1);
-  EXPECT_EQ(maschera(QStringLiteral("0000000001")), QByteArray(50, '0'));
-  b.chiave(QStringLiteral("1000000000"), 1, 0);
-  EXPECT_TRUE(maschera(QStringLiteral("0000000001")).startsWith("80"));
-  b.chiave(QStringLiteral("1000000007"), 2, 7);  // the keys of all cabinets count
-  b.chiave(QStringLiteral("1000000008"), 1, 8);
-  EXPECT_TRUE(maschera(QStringLiteral("0000000001")).startsWith("8180"));
-  b.chiave(QStringLiteral("1000000199"), 1, 199);
-  b.chiave(QStringLiteral("1000000200"), 1, 200);  // beyond what a mask can say
-  EXPECT_TRUE(maschera(QStringLiteral("0000000001")).endsWith("01"));
+  b.tessera(u"0000000001"_s);
+  b.abilita(u"0000000001"_s, 1);
+  EXPECT_EQ(maschera(u"0000000001"_s), QByteArray(50, '0'));
+  b.chiave(u"1000000000"_s, 1, 0);
+  EXPECT_TRUE(maschera(u"0000000001"_s).startsWith("80"));
+  b.chiave(u"1000000007"_s, 2, 7);  // the keys of all cabinets count
+  b.chiave(u"1000000008"_s, 1, 8);
+  EXPECT_TRUE(maschera(u"0000000001"_s).startsWith("8180"));
+  b.chiave(u"1000000199"_s, 1, 199);
+  b.chiave(u"1000000200"_s, 1, 200);  // beyond what a mask can say
+  EXPECT_TRUE(maschera(u"0000000001"_s).endsWith("01"));
 }
 
 // Many cards, groups and bands by a fixed rule: both methods give the same digits for every case.
 TEST_F(MascheraTest, UgualeAlMetodoSemplice) {
-  for (int i = 0; i < 230; ++i)
-    b.chiave(QStringLiteral("%1").arg(5000 + i, 10, 10, QLatin1Char('0')), 1 + i % 3, i, i % 7);
+  for (int i = 0; i < 230; ++i) b.chiave(u"%1"_s.arg(5000 + i, 10, 10, '0'_L1), 1 + i % 3, i, i % 7);
   for (int g = 0; g < 7; ++g) {
-    if (g % 3 == 0) b.fascia(1, g, QStringLiteral("Lunedì"), QTime(8, 0), QTime(9 + g, 30));
-    if (g % 3 == 0) b.fascia(1, g, QStringLiteral("Lunedì"), QTime(20, 0), QTime(21, 0));
-    if (g % 2 == 0) b.fascia(2, g, QStringLiteral("Lunedì"), QTime(14, 0), QTime(18, 0));
-    b.fascia(1, g, QStringLiteral("Martedì"), QTime(0, 0), QTime(1, 0));
+    if (g % 3 == 0) b.fascia(1, g, u"Lunedì"_s, QTime(8, 0), QTime(9 + g, 30));
+    if (g % 3 == 0) b.fascia(1, g, u"Lunedì"_s, QTime(20, 0), QTime(21, 0));
+    if (g % 2 == 0) b.fascia(2, g, u"Lunedì"_s, QTime(14, 0), QTime(18, 0));
+    b.fascia(1, g, u"Martedì"_s, QTime(0, 0), QTime(1, 0));
   }
   for (int t = 0; t < 12; ++t) {
-    const QString codice = QStringLiteral("%1").arg(t, 10, 10, QLatin1Char('0'));
+    const QString codice = u"%1"_s.arg(t, 10, 10, '0'_L1);
     if (t != 11) b.tessera(codice, t % 3);
     for (int g = 0; g < 7; ++g) {
       if ((t + g) % 2 == 0) b.abilita(codice, g);

@@ -62,7 +62,7 @@ void riscontra_eventi(Connection& c, const QString& registro, QStringList& diffe
          QString::fromLatin1(e.campi.value(4)), momento});
     const qlonglong quante = rs.valore(0).toLongLong();
     righe_attese += quante;
-    if (errore || !e.confermato || quante < 1 || quante > e.letture)
+    if (errore.fallito() || !e.confermato || quante < 1 || quante > e.letture)
       differenze << u"%1: %2 rows, read %3 times, acknowledged %4"_s
                         .arg(QString::fromLatin1(e.campi.join(' ')))
                         .arg(quante)
@@ -70,7 +70,7 @@ void riscontra_eventi(Connection& c, const QString& registro, QStringList& diffe
                         .arg(e.confermato);
   }
   Recordset rs;
-  if (rs.Open(u"select count(*) from movimenti"_s, c) || rs.valore(0).toLongLong() != righe_attese)
+  if (rs.Open(u"select count(*) from movimenti"_s, c).fallito() || rs.valore(0).toLongLong() != righe_attese)
     differenze << u"%1 rows, %2 of them with an event"_s.arg(rs.valore(0).toLongLong()).arg(righe_attese);
 }
 
@@ -79,7 +79,7 @@ bool maschera_giusta(Connection& c, const QString& tessera, const QString& giorn
   const QTime adesso = QTime::currentTime();
   for (int indietro = 0; indietro <= minuti_di_corsa; ++indietro) {
     Maschera attesa;
-    if (calcola_maschera(c, tessera, giorno, adesso.addSecs(-60 * indietro), attesa)) return false;
+    if (calcola_maschera(c, tessera, giorno, adesso.addSecs(-60 * indietro), attesa).fallito()) return false;
     if (maschera_esadecimale(attesa) == maschera) return true;
   }
   return false;
@@ -97,7 +97,7 @@ void riscontra_record(Connection& c, const QString& archivio, const QString& gio
       u"select id_tessera, posiz_tessere_oper.posizione, ip_lokera from (posiz_tessere_oper inner"
       " join parametri on posiz_tessere_oper.id_lokera = parametri.ID)"_s,
       c);
-  for (; !e && !rs.eof(); e = rs.MoveNext()) {
+  for (; !e.fallito() && !rs.eof(); e = rs.MoveNext()) {
     const QString tessera = rs.testo(u"id_tessera");
     QByteArrayList indirizzo = rs.testo(u"ip_lokera").toLatin1().split('.');
     for (QByteArray& gruppo : indirizzo) gruppo = QByteArray::number(gruppo.toInt());
@@ -108,7 +108,7 @@ void riscontra_record(Connection& c, const QString& archivio, const QString& gio
       differenze << u"card %1 at %2 is not as the database asks"_s.arg(tessera, rs.testo(u"ip_lokera"));
     if (voce != record.end()) record.erase(voce);
   }
-  if (e) differenze << e.descrizione;
+  if (e.fallito()) differenze << e.descrizione;
   for (const auto& [posto, campi] : record)
     differenze << u"a record too many: "_s + QString::fromLatin1(campi.join(' '));
 }
@@ -119,12 +119,12 @@ int main(int argc, char** argv) {
   const QCoreApplication app(argc, argv);
   const QStringList argomenti = QCoreApplication::arguments();
   Database db;
-  if (argomenti.size() != 4 || apri_database(db, argomenti[1])) return 2;
+  if (argomenti.size() != 4 || apri_database(db, argomenti[1]).fallito()) return 2;
   const QtClock orologio;
   Traduttore traduttore(db);
   Giorno giorno(db, orologio, traduttore);
   QStringList differenze;
-  if (const Errore e = giorno.tipo_giorno()) differenze << e.descrizione;
+  if (const Errore e = giorno.tipo_giorno(); e.fallito()) differenze << e.descrizione;
   riscontra_eventi(db.connessione_db, argomenti[2], differenze);
   riscontra_record(db.connessione_db, argomenti[3], giorno.giorno_corrente(), differenze);
   simulazione::Riscontro r;

@@ -35,7 +35,7 @@ class Griglia : public Archivio {
   }
   void salva(const QString& in, const QString& fissi = {}) {
     Recordset rs;
-    EXPECT_FALSE(rs.Open(in, conn, {}, Cursore::aggiornabile));
+    EXPECT_FALSE(rs.Open(in, conn, {}, Cursore::aggiornabile).fallito());
     lista.salva_tutto(rs, fissi);
   }
 
@@ -108,9 +108,9 @@ class Riempimento : public Griglia {
  protected:
   Riempimento() {
     EXPECT_FALSE(in_transazione(conn, [&] {
-      for (int i = 1; i <= 1000; ++i) sql(u"insert into gruppi values (?, 'g')"_s, {i});
-      return Errore{};
-    }));
+                   for (int i = 1; i <= 1000; ++i) sql(u"insert into gruppi values (?, 'g')"_s, {i});
+                   return Errore{};
+                 }).fallito());
     gruppi({});
     sql(u"create table voci (gruppo integer, nome text(20))"_s);
   }
@@ -118,12 +118,12 @@ class Riempimento : public Griglia {
   void riempi_di_nuovo() {
     sql(u"delete from gruppi"_s);
     sql(u"delete from voci"_s);
-    EXPECT_FALSE(conn.BeginTrans());
+    EXPECT_FALSE(conn.BeginTrans().fallito());
     for (int i = 1; i <= 2000; ++i)
       sql(u"insert into gruppi values (?, ?)"_s,
           {i * 7 % 2001, i % 5 == 0 ? QVariant() : QVariant(QString::number(i % 3))});
     for (int i = 0; i < 300; ++i) sql(u"insert into voci values (?, ?)"_s, {i / 2, QString::number(i % 4)});
-    EXPECT_FALSE(conn.CommitTrans());
+    EXPECT_FALSE(conn.CommitTrans().fallito());
   }
   const OrologioChePassa orologio;
   PolledWait attesa_breve{orologio, vm.ciclo()};
@@ -153,7 +153,7 @@ TEST_F(Riempimento, AWindowClosedDuringAFillingClosesAfterIt) {
 // takes rows away in many places, also the one that comes next.
 TEST_F(Riempimento, OthersWriteMeanwhileAndWhatTheyLeaveAloneComesOnceInItsOrder) {
   Connection altra;
-  ASSERT_FALSE(altra.Open(file, u"prova"_s));
+  ASSERT_FALSE(altra.Open(file, u"prova"_s).fallito());
   int giri = 0;
   QStringList tolte;
   const auto togli = [&](int codice) {

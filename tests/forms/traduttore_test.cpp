@@ -30,7 +30,7 @@ class Traduzioni : public Archivio {
   }
   void da_altra(const QStringList& istruzioni) {
     if (!altra.aperta()) {
-      EXPECT_FALSE(altra.Open(file, u"prova"_s));
+      EXPECT_FALSE(altra.Open(file, u"prova"_s).fallito());
     }
     for (const QString& i : istruzioni) prova::esegui(altra, i);
   }
@@ -88,9 +88,9 @@ TEST_F(Traduzioni, ATextThatTheTableCannotHoldStaysItalian) {
 TEST_F(Traduzioni, AnAddedTextGoesWithTheTransactionAndComesBackLater) {
   const QString chiave = u"Chiave"_s;
   EXPECT_TRUE(in_transazione(conn, [&]() -> Errore {
-    EXPECT_EQ(traduttore.traduci(chiave), chiave);
-    return {1, u"lost"_s};
-  }));
+                EXPECT_EQ(traduttore.traduci(chiave), chiave);
+                return {1, u"lost"_s};
+              }).fallito());
   EXPECT_TRUE(testi().isEmpty());
   EXPECT_EQ(traduttore.traduci(chiave), chiave);
   EXPECT_EQ(testi().size(), 1);

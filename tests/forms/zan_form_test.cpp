@@ -21,7 +21,7 @@ class Legami : public Archivio {
     due.Tag = u"codice = 2"_s;
   }
   void apri(Recordset& rs, const QString& sql = u"select * from prova"_s) {
-    EXPECT_FALSE(rs.Open(sql, conn, {}, Cursore::aggiornabile));
+    EXPECT_FALSE(rs.Open(sql, conn, {}, Cursore::aggiornabile).fallito());
   }
   bool blocca(const QString& operatore, const QString& chiave = u"7"_s) {
     bool bloccato = false;
@@ -41,17 +41,17 @@ class Legami : public Archivio {
 TEST_F(Legami, ASavedRowHoldsNeitherEmptyTextsNorMissingNumbers) {
   Recordset rs;
   apri(rs);
-  EXPECT_FALSE(rs.AddNew());
-  EXPECT_FALSE(rs.imposta(u"nome", QString()));
+  EXPECT_FALSE(rs.AddNew().fallito());
+  EXPECT_FALSE(rs.imposta(u"nome", QString()).fallito());
   zan.update_record(rs);
   EXPECT_EQ(zan.errore(), QString());
   EXPECT_EQ(righe(u"select codice, nome, note, peso, dal from prova"_s), QStringList(u"0| | |0.0|-"_s));
-  EXPECT_FALSE(rs.AddNew());
+  EXPECT_FALSE(rs.AddNew().fallito());
   zan.update_record(rs);
   EXPECT_FALSE(zan.errore().isEmpty()) << "the key is there already";
   rs.CancelUpdate();
-  EXPECT_FALSE(rs.AddNew());
-  EXPECT_FALSE(rs.imposta(u"codice", 1));
+  EXPECT_FALSE(rs.AddNew().fallito());
+  EXPECT_FALSE(rs.imposta(u"codice", 1).fallito());
   zan.update_record(rs);
   EXPECT_EQ(zan.errore(), QString()) << "a success clears the error";
 }
@@ -90,9 +90,9 @@ TEST_F(Legami, ControlsGoBackIntoTheRecord) {
     si.Value = 1;
     Recordset rs;
     apri(rs);
-    EXPECT_FALSE(rs.AddNew());
+    EXPECT_FALSE(rs.AddNew().fallito());
     zan.salva_campi(rs, QString::fromUtf8(c.gruppo));
-    EXPECT_FALSE(rs.Update());
+    EXPECT_FALSE(rs.Update().fallito());
     EXPECT_EQ(righe(u"select nome, peso from prova where codice = 2 and si <> 0"_s),
               QStringList(QString::fromUtf8(c.atteso)));
   }

@@ -5,16 +5,16 @@
 namespace lokera::simulazione {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 QByteArray come(const ImpostazioniGiornata& i, const EsitoGiornata& e) {
-  return QStringLiteral("giornata --semi %1 --lokere %2 --ritmo %3%4%5%6\n  ")
-             .arg(i.seme)
+  return u"giornata --semi %1 --lokere %2 --ritmo %3%4%5%6\n  "_s.arg(i.seme)
              .arg(i.lokere)
              .arg(i.eventi_ora)
-             .arg(i.gestita ? QStringLiteral(" --gestita") : QString(),
-                  i.lente ? QStringLiteral(" --lente") : QString(),
-                  i.segui_fasce ? QStringLiteral(" --segui-fasce") : QString())
+             .arg(i.gestita ? u" --gestita"_s : QString(), i.lente ? u" --lente"_s : QString(),
+                  i.segui_fasce ? u" --segui-fasce"_s : QString())
              .toUtf8() +
-         e.differenze.join(QStringLiteral("\n  ")).toUtf8();
+         e.differenze.join(u"\n  "_s).toUtf8();
 }
 
 EsitoGiornata giornata_buona(const ImpostazioniGiornata& i) {

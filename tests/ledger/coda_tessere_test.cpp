@@ -95,7 +95,7 @@ TEST_F(Coda, OgniPassoSullaRigaDiUnaLokera) {
     esegui("insert or ignore into tessere_operatori (codice) values (?)", {t1});
     esegui("insert or ignore into gruppi_tessera (tessera, codice) values (?, 1)", {t1});
     in_coda(testo(caso.prima));
-    EXPECT_FALSE(caso.passo()) << caso.prima;
+    EXPECT_FALSE(caso.passo().fallito()) << caso.prima;
     EXPECT_EQ(stato(), testo(caso.dopo)) << caso.prima;
     EXPECT_EQ(segni().isEmpty(), !stato().contains(u'*')) << "a mark without its row, from " << caso.prima;
     EXPECT_EQ(presenze(t1), caso.resta ? 2 : 0) << caso.prima;
@@ -107,28 +107,28 @@ TEST_F(Coda, ChiEliminaLaTesseraLaTogliePrimaDalleLokere) {
   in_coda(u"1I 2D*"_s);
   esegui("insert into posiz_tessere_oper (ID_tessera, ID_lokera, posizione) values (?, 2, 0)", {t1});
   esegui("insert into posiz_tessere_oper (ID_tessera, ID_lokera, posizione) values (?, 3, 0)", {t1});
-  EXPECT_FALSE(coda.elimina_tessera(t1));
+  EXPECT_FALSE(coda.elimina_tessera(t1).fallito());
   EXPECT_EQ(stato(), u"1D 2D 3D"_s);
   for (const int lokera : {3, 1, 2}) {
     EXPECT_EQ(presenze(t1), 2);
-    EXPECT_FALSE(coda.accoda_scrittura_se_manca(t1, 9));
-    EXPECT_FALSE(coda.servita_cancellazione(t1, lokera));
+    EXPECT_FALSE(coda.accoda_scrittura_se_manca(t1, 9).fallito());
+    EXPECT_FALSE(coda.servita_cancellazione(t1, lokera).fallito());
   }
   EXPECT_EQ(presenze(t1), 0);
   EXPECT_EQ(stato(), QString());
-  EXPECT_FALSE(coda.elimina_tessera(t2));  // nobody holds it
+  EXPECT_FALSE(coda.elimina_tessera(t2).fallito());  // nobody holds it
   EXPECT_EQ(presenze(t2), 0);
 }
 
 TEST_F(Coda, TuttoONiente) {
   in_coda(u"1D"_s);
   esegui("alter table tessere_operatori rename to via");
-  EXPECT_TRUE(coda.servita_cancellazione(t1, 1));
+  EXPECT_TRUE(coda.servita_cancellazione(t1, 1).fallito());
   EXPECT_EQ(stato(), u"1D"_s);
   EXPECT_EQ(leggi("select tessera from gruppi_tessera"), (QStringList{t1, t2}));
   in_coda(u"1I"_s);
   esegui("alter table tessere_da_conservare rename to via_anche");
-  EXPECT_TRUE(coda.accoda_cancellazione_conservando(t1, 1, motivo));
+  EXPECT_TRUE(coda.accoda_cancellazione_conservando(t1, 1, motivo).fallito());
   EXPECT_EQ(leggi("select operazione from aggiorn_tessere_oper"), QStringList{u"I"_s});
 }
 

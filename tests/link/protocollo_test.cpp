@@ -5,6 +5,8 @@
 namespace lokera {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 TEST(Protocollo, BloccoDiControllo) {
   const std::pair<QByteArray, QByteArray> casi[] = {
       {"00010", "31"},
@@ -38,13 +40,13 @@ TEST(Protocollo, CampiDiUnFrameCorto) {
 
 TEST(Protocollo, MessaggiDelleRisposte) {
   EXPECT_EQ(messaggio_risposta("00"), QString());
-  EXPECT_EQ(messaggio_risposta("03"), QStringLiteral("Uno o più campi dati sono oltre il range ammesso"));
-  EXPECT_EQ(messaggio_risposta("99"), QStringLiteral("Errore non previsto"));
+  EXPECT_EQ(messaggio_risposta("03"), u"Uno o più campi dati sono oltre il range ammesso"_s);
+  EXPECT_EQ(messaggio_risposta("99"), u"Errore non previsto"_s);
 }
 
 TEST(Protocollo, IndirizzoSenzaZeri) {
-  EXPECT_EQ(normalizza_ip(QStringLiteral("010.001.002.003")), QStringLiteral("10.1.2.3"));
-  EXPECT_EQ(normalizza_ip(QStringLiteral("192.168.015.250")), QStringLiteral("192.168.15.250"));
+  EXPECT_EQ(normalizza_ip(u"010.001.002.003"_s), u"10.1.2.3"_s);
+  EXPECT_EQ(normalizza_ip(u"192.168.015.250"_s), u"192.168.15.250"_s);
 }
 
 }  // namespace

@@ -8,14 +8,16 @@
 namespace lokera {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 using namespace std::chrono_literals;
 
 /// A session whose cabinet answers what the test wants, frame by frame.
 class SessioneTest : public ::testing::Test {
  protected:
   SessioneTest() {
-    lblIndirizzoIP.Caption = QStringLiteral("127.000.000.002");
-    vm.rete().ascolta_tcp(QStringLiteral("127.0.0.2"), 10001, [this](std::shared_ptr<Canale> c) {
+    lblIndirizzoIP.Caption = u"127.000.000.002"_s;
+    vm.rete().ascolta_tcp(u"127.0.0.2"_s, 10001, [this](std::shared_ptr<Canale> c) {
       canale = std::move(c);
       canale->Arrivo = [this](QByteArrayView dati) {
         ricevuti << dati.toByteArray();
@@ -36,9 +38,9 @@ class SessioneTest : public ::testing::Test {
 
   VirtualMachine vm;
   ElencoFinestre elenco;
-  Finestra finestra{elenco, QStringLiteral("prova")};
-  Label lblIndirizzoIP{finestra, QStringLiteral("lblIndirizzoIP")};
-  Label lblLetturaTrans{finestra, QStringLiteral("lblLetturaTrans")};
+  Finestra finestra{elenco, u"prova"_s};
+  Label lblIndirizzoIP{finestra, u"lblIndirizzoIP"_s};
+  Label lblLetturaTrans{finestra, u"lblLetturaTrans"_s};
   PolledWait attesa{vm.orologio(), vm.ciclo()};
   Scambio scambio;
   Machine macchina = vm.macchina();

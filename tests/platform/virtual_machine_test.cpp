@@ -7,6 +7,8 @@
 namespace lokera {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 using namespace std::chrono_literals;
 
 TEST(VirtualMachine, never_passes_the_deadline_and_keeps_the_order_of_asking) {
@@ -19,7 +21,7 @@ TEST(VirtualMachine, never_passes_the_deadline_and_keeps_the_order_of_asking) {
   });
   pc.ciclo().fra(1s, [&] { ordine += u'b'; });
   pc.esegui_per(1500ms);
-  EXPECT_EQ(ordine, QStringLiteral("abx"));
+  EXPECT_EQ(ordine, u"abx"_s);
   EXPECT_EQ(pc.orologio().monotono(), 1500ms);
   EXPECT_FALSE(pc.esegui_finche([&] { return ordine.contains(u'c'); }, 499ms));
   EXPECT_TRUE(pc.esegui_finche([&] { return ordine.contains(u'c'); }, 1ms));
@@ -48,7 +50,7 @@ TEST(VirtualTimer, fires_inside_a_wait_of_its_own_handler_and_may_be_destroyed_t
   PolledWait attesa(pc.orologio(), pc.ciclo());
   auto timer = pc.macchina().timer.crea_timer();
   int scatti = 0;
-  timer->Evento = [&, segno = QStringLiteral("alive until the handler returns")] {
+  timer->Evento = [&, segno = u"alive until the handler returns"_s] {
     if (++scatti == 1) attesa.attendi_oltre(4);
     if (scatti == 3) timer.reset();
     EXPECT_FALSE(segno.isEmpty());

@@ -8,9 +8,11 @@
 namespace lokera {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 using namespace std::chrono_literals;
 
-const QString indirizzo = QStringLiteral("127.0.0.2");
+const QString indirizzo = u"127.0.0.2"_s;
 const QByteArray comando = "0001B7A\r";
 const QByteArray risposta = "0001B00000000123472\r";
 

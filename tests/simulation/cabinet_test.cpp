@@ -8,6 +8,8 @@
 namespace lokera::simulazione {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 const QByteArray tessera = "TESSERA001";
 const QByteArray chiave = "CHIAVE0007";
 const QByteArray parametri_gestito = "0009501010000010A01010100000000000000";
@@ -37,7 +39,7 @@ class CabinetTest : public testing::Test {
   VirtualClock clock{momento(QDate(2026, 3, 1), QTime(8, 30))};  // a Sunday
   Registro registro;
   QByteArrayList righe;
-  Cabinet cabinet{{QStringLiteral("127.0.0.2"), "0000001234", {100, 200, 3}}, clock, registro};
+  Cabinet cabinet{{u"127.0.0.2"_s, "0000001234", {100, 200, 3}}, clock, registro};
 };
 
 TEST_F(CabinetTest, AnswersEveryCommandByteForByte) {

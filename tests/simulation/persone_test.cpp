@@ -8,6 +8,8 @@
 namespace lokera::simulazione {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 /// A cabinet with ten keys and three cards, one of them with every key, and the day of its people.
 struct Giornata {
   explicit Giornata(quint64 seme) {
@@ -32,7 +34,7 @@ struct Giornata {
   prova::FintaRete rete;
   Registro registro;
   QByteArrayList righe;
-  Cabinet cabinet{{QStringLiteral("127.0.0.2")}, macchina.orologio(), registro};
+  Cabinet cabinet{{u"127.0.0.2"_s}, macchina.orologio(), registro};
   CabinetServer server{cabinet, rete, macchina.orologio(), macchina.primo().timer};
   std::unique_ptr<Persone> persone;
 };

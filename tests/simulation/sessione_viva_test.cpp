@@ -9,6 +9,8 @@
 namespace lokera::simulazione {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 /// The words of the scripts: ">" what has to go out next, "<" an answer, "=" bytes as they are.
 const QByteArray frasi = R"(
     >shown 000900000000000011TESSERA001    >gone 000900000000000010TESSERA001
@@ -68,7 +70,7 @@ class SessioneVivaTest : public testing::Test {
   VirtualMachine macchina;
   Registro registro;
   QByteArrayList righe;
-  Cabinet cabinet{{QStringLiteral("127.0.0.2")}, macchina.orologio(), registro};
+  Cabinet cabinet{{u"127.0.0.2"_s}, macchina.orologio(), registro};
   SessioneViva viva{cabinet, macchina.orologio(), macchina.primo().timer};
   std::shared_ptr<prova::FintoCanale> canale;
 };

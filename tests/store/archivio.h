@@ -15,8 +15,8 @@ inline QString testo(const char* utf8) {
 class Archivio : public ::testing::Test {
  protected:
   Archivio() {
-    EXPECT_FALSE(crea_database(file()));
-    EXPECT_FALSE(apri_database(db, cartella.path()));
+    EXPECT_FALSE(crea_database(file()).fallito());
+    EXPECT_FALSE(apri_database(db, cartella.path()).fallito());
   }
   QString file() const { return cartella.filePath(nome_file_database()); }
   /// The message of a refusal; empty for none.

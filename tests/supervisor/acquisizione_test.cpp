@@ -5,6 +5,8 @@
 namespace lokera::prova {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 const QByteArray oper = "0000000001";
 const QByteArray key = "1000000001";
 
@@ -18,8 +20,7 @@ QByteArray record(const QByteArray& movimento, const QByteArray& data = "3011080
 class AcquisizioneTest : public ::testing::Test {
  protected:
   AcquisizioneTest()
-      : lokera(b.vm, QStringLiteral("127.0.0.2"), 10001,
-               [this](const QByteArray& f) { return risposta(f); }) {
+      : lokera(b.vm, u"127.0.0.2"_s, 10001, [this](const QByteArray& f) { return risposta(f); }) {
     b.lokera(1);
     b.tessera(QString::fromLatin1(oper));
     b.chiave(QString::fromLatin1(key), 1, 3);
@@ -34,11 +35,11 @@ class AcquisizioneTest : public ::testing::Test {
                             conteggio.value_or(QByteArray::number(store.size()).rightJustified(4, '0')))};
     if (codice == "00036" && !store.isEmpty()) {
       if (const auto evento = std::exchange(al_primo_record, {})) evento();
-      registrati_alla_lettura << b.conta(QStringLiteral("movimenti"));
+      registrati_alla_lettura << b.conta(u"movimenti"_s);
       return {store.first()};
     }
     if (codice == "00037") {
-      registrati_alla_conferma << b.conta(QStringLiteral("movimenti"));
+      registrati_alla_conferma << b.conta(u"movimenti"_s);
       if (perdi_conferme > 0 && perdi_conferme--) return {};
       store.removeFirst();
       return {componi_frame("0003700")};
@@ -73,15 +74,13 @@ TEST_F(AcquisizioneTest, PrelievoERestituzione) {
   EXPECT_EQ(inviati("00037"), 3);
   EXPECT_EQ(registrati_alla_conferma, (QList<qlonglong>{1, 2, 3}));  // each booked before it is acknowledged
   EXPECT_EQ(registrati_alla_lettura, (QList<qlonglong>{0, 1, 2}));   // and asked for only then
-  EXPECT_EQ(b.main().acquisizione.lblNumTrans.Caption(), QStringLiteral("3"));
-  EXPECT_EQ(b.main().lblLetturaTrans.Caption(), QStringLiteral("record read: 3"));
+  EXPECT_EQ(b.main().acquisizione.lblNumTrans.Caption(), u"3"_s);
+  EXPECT_EQ(b.main().lblLetturaTrans.Caption(), u"record read: 3"_s);
   EXPECT_EQ(b.main().acquisizione.lblUltimaTrans.Caption(),
-            QStringLiteral(
-                " OUT  30/11/08 10.15.00 - chiave: chiave 1000000001 lok. 1 - oper. operatore 0000000001"));
-  EXPECT_EQ(b.uno(QStringLiteral("select max(id) from movimenti")), 3);
-  EXPECT_EQ(b.uno(QStringLiteral("select operazione from movimenti where id = 2")).toString(),
-            QStringLiteral("R"));
-  EXPECT_EQ(b.uno(QStringLiteral("select uscita from tessere_chiavi")).toDateTime(),
+            u" OUT  30/11/08 10.15.00 - chiave: chiave 1000000001 lok. 1 - oper. operatore 0000000001"_s);
+  EXPECT_EQ(b.uno(u"select max(id) from movimenti"_s), 3);
+  EXPECT_EQ(b.uno(u"select operazione from movimenti where id = 2"_s).toString(), u"R"_s);
+  EXPECT_EQ(b.uno(u"select uscita from tessere_chiavi"_s).toDateTime(),
             momento(QDate(2008, 11, 30), QTime(10, 15)));
   EXPECT_EQ(b.main().tabellone.lampade_chiave(4).FillColor(), b.main().tabellone.keyU.FillColor());
   EXPECT_FALSE(b.main().acquisizione.shpTrans.Visible());
@@ -106,16 +105,14 @@ TEST_F(AcquisizioneTest, RecordStrani) {
       {"thirty characters", ("0003600" + oper + key + "\r\r\r\r").left(30), false, false, u""},
   };
   for (const Caso& c : casi) {
-    b.sql(QStringLiteral("delete from movimenti"));
+    b.sql(u"delete from movimenti"_s);
     store = {c.frame};
     lokera.ricevuti.clear();
     visita();
-    EXPECT_EQ(b.conta(QStringLiteral("movimenti")), c.preso ? 1 : 0) << c.nome;
+    EXPECT_EQ(b.conta(u"movimenti"_s), c.preso ? 1 : 0) << c.nome;
     EXPECT_EQ(inviati("00037"), c.preso ? 1 : 0) << c.nome;
-    EXPECT_EQ(b.conta(QStringLiteral("movimenti"), QStringLiteral("data is not null")), c.con_data ? 1 : 0)
-        << c.nome;
-    EXPECT_EQ(b.uno(QStringLiteral("select intestazione from movimenti")).toString(),
-              QString::fromUtf16(c.intestazione))
+    EXPECT_EQ(b.conta(u"movimenti"_s, u"data is not null"_s), c.con_data ? 1 : 0) << c.nome;
+    EXPECT_EQ(b.uno(u"select intestazione from movimenti"_s).toString(), QString::fromUtf16(c.intestazione))
         << c.nome;
   }
 }
@@ -124,10 +121,10 @@ TEST_F(AcquisizioneTest, UnaConfermaPersaRegistraDueVolte) {
   store = {record("00"), record("01", "301108091500")};
   perdi_conferme = 1;
   visita();
-  EXPECT_EQ(b.conta(QStringLiteral("movimenti")), 1);
+  EXPECT_EQ(b.conta(u"movimenti"_s), 1);
   EXPECT_EQ(store.size(), 2);
   visita();
-  EXPECT_EQ(b.conta(QStringLiteral("movimenti")), 3);
+  EXPECT_EQ(b.conta(u"movimenti"_s), 3);
   EXPECT_TRUE(store.isEmpty());
 }
 
@@ -135,38 +132,37 @@ TEST_F(AcquisizioneTest, ContiCheNonTornano) {
   store = {record("00")};
   conteggio = "0005";  // more than is stored: ends at its limit
   visita();
-  EXPECT_EQ(b.conta(QStringLiteral("movimenti")), 1);
+  EXPECT_EQ(b.conta(u"movimenti"_s), 1);
   EXPECT_TRUE(b.main().Enabled());
   store = {record("00", "301108120000")};
   for (const char* testo : {"0000", "00A1", "1", ""}) {
     conteggio = testo;
     visita();
-    EXPECT_EQ(b.conta(QStringLiteral("movimenti")), 1) << testo;
+    EXPECT_EQ(b.conta(u"movimenti"_s), 1) << testo;
   }
   EXPECT_FALSE(b.main().acquisizione.shpTrans.Visible());
 }
 
 TEST_F(AcquisizioneTest, CioCheNonSiRegistraNonSiConferma) {
   store = {record("00")};
-  b.sql(QStringLiteral(
-      "create trigger pieno before insert on movimenti begin select raise(abort, 'disco pieno'); end"));
+  b.sql(u"create trigger pieno before insert on movimenti begin select raise(abort, 'disco pieno'); end"_s);
   b.main().Form_Load();
   b.vm.esegui_per(20s);
   EXPECT_EQ(inviati("00037"), 0);
-  EXPECT_EQ(b.uno(QStringLiteral("select operatore from tessere_chiavi")).toString(), QStringLiteral(" "));
+  EXPECT_EQ(b.uno(u"select operatore from tessere_chiavi"_s).toString(), u" "_s);
   EXPECT_FALSE(b.main().lblErrore.Caption().isEmpty());
 }
 
 TEST_F(AcquisizioneTest, UnBloccoCheFinisceNonCostaLaVisita) {
   store = {record("00"), record("01", "301108091500")};
   Connection altra;
-  ASSERT_FALSE(altra.Open(b.file(), password_database()));
+  ASSERT_FALSE(altra.Open(b.file(), password_database()).fallito());
   al_primo_record = [&] {
-    EXPECT_FALSE(altra.BeginTrans());
+    EXPECT_FALSE(altra.BeginTrans().fallito());
     b.vm.ciclo().fra(2500ms, [&] { altra.RollbackTrans(); });
   };
   visita();
-  EXPECT_EQ(b.conta(QStringLiteral("movimenti")), 2);
+  EXPECT_EQ(b.conta(u"movimenti"_s), 2);
   EXPECT_EQ(inviati("00036"), 2);
   EXPECT_TRUE(store.isEmpty());
 }
@@ -181,15 +177,14 @@ TEST_F(AcquisizioneTest, UnaReplicaDoppiaNonSiRegistraDueVolte) {
   visita();
   EXPECT_EQ(inviati("00036"), 2);  // one read, also when its count comes twice
   // A record acknowledged twice would take the next one along, which nobody has read.
-  EXPECT_EQ(b.conta(QStringLiteral("movimenti"), QStringLiteral("operazione = 'R'")), 1);
-  EXPECT_EQ(b.conta(QStringLiteral("movimenti")), 2);
+  EXPECT_EQ(b.conta(u"movimenti"_s, u"operazione = 'R'"_s), 1);
+  EXPECT_EQ(b.conta(u"movimenti"_s), 2);
   EXPECT_TRUE(store.isEmpty());
 }
 
 TEST(DataTransazione, SoloQuestaForma) {
-  EXPECT_EQ(data_transazione(QStringLiteral("01/02/29 03.04.05")),
-            momento(QDate(2029, 2, 1), QTime(3, 4, 5)));
-  EXPECT_EQ(data_transazione(QStringLiteral("01/02/30 03.04.05")).date().year(), 1930);
+  EXPECT_EQ(data_transazione(u"01/02/29 03.04.05"_s), momento(QDate(2029, 2, 1), QTime(3, 4, 5)));
+  EXPECT_EQ(data_transazione(u"01/02/30 03.04.05"_s).date().year(), 1930);
   for (const char16_t* testo :
        {u"31/02/08 00.00.00", u"01/13/08 00.00.00", u"01/01/08 24.00.00", u"1/1/08 00.00.00", u""})
     EXPECT_FALSE(data_transazione(QString::fromUtf16(testo)).isValid());

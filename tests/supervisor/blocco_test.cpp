@@ -11,7 +11,7 @@ const QString errore_apertura = u"Errore in apertura database di sistema !"_s;
 /// Takes the lock of a file and gives it back after a while.
 class AltraConsole {
  public:
-  explicit AltraConsole(const QString& file) { EXPECT_FALSE(c_.Open(file, password_database())); }
+  explicit AltraConsole(const QString& file) { EXPECT_FALSE(c_.Open(file, password_database()).fallito()); }
   void blocca(VirtualMachine& vm, Monotonic durata, const QString& come = u"begin exclusive"_s) {
     esegui(c_, come);
     vm.ciclo().fra(durata, [this] { esegui(c_, u"rollback"_s); });

@@ -26,23 +26,23 @@ TEST(Ciclo, UnaVisitaNormaleSulFilo) {
   Banco b;
   b.lokera(1);
   b.lokera(2);
-  LokeraFinta prima(b.vm, QStringLiteral("127.0.0.2"), 10001, buona);
+  LokeraFinta prima(b.vm, u"127.0.0.2"_s, 10001, buona);
   b.main().Form_Load();
   b.vm.esegui_per(1s);
   frm_Main& m = b.main();
   EXPECT_EQ(m.ciclo.grdLokere.Row(), 0);  // the first visit goes to the first row
   EXPECT_EQ(codici(prima.ricevuti), (QList<QByteArray>{"00010", "00010", "0001B", "00039"}));
   EXPECT_EQ(prima.ricevuti.last(), QByteArray(frame_conta_transazioni));
-  EXPECT_EQ(m.ciclo.grdLokere.cella(0, u"seriale"), QStringLiteral("12345"));
-  EXPECT_EQ(m.lblStatusD.Caption(), QStringLiteral("ON line"));
-  EXPECT_EQ(m.lblLetturaTrans.Caption(), QStringLiteral("no data"));
-  EXPECT_EQ(m.lblNome.Caption(), QStringLiteral("lokera 1 (0)"));
+  EXPECT_EQ(m.ciclo.grdLokere.cella(0, u"seriale"), u"12345"_s);
+  EXPECT_EQ(m.lblStatusD.Caption(), u"ON line"_s);
+  EXPECT_EQ(m.lblLetturaTrans.Caption(), u"no data"_s);
+  EXPECT_EQ(m.lblNome.Caption(), u"lokera 1 (0)"_s);
   prima.ricevuti.clear();
   b.vm.esegui_per(30s);
-  EXPECT_EQ(m.lblID.Caption(), QStringLiteral("2"));
-  EXPECT_EQ(m.lblStatusD.Caption(), QStringLiteral("OFF line"));
+  EXPECT_EQ(m.lblID.Caption(), u"2"_s);
+  EXPECT_EQ(m.lblStatusD.Caption(), u"OFF line"_s);
   b.vm.esegui_per(30s);
-  EXPECT_EQ(m.lblID.Caption(), QStringLiteral("1"));
+  EXPECT_EQ(m.lblID.Caption(), u"1"_s);
   EXPECT_EQ(codici(prima.ricevuti), (QList<QByteArray>{"00010", "00010", "00039"}));
 }
 
@@ -50,7 +50,7 @@ TEST(Ciclo, OgniSecondoFallimentoUnReset) {
   Banco b;
   b.lokera(1);
   QList<QByteArray> datagrammi;
-  b.vm.rete().ascolta_udp(QStringLiteral("127.0.0.2"), 3040,
+  b.vm.rete().ascolta_udp(u"127.0.0.2"_s, 3040,
                           [&](QByteArrayView dati, const auto&) { datagrammi << dati.toByteArray(); });
   b.main().Form_Load();
   const int attesi[] = {0, 1, 1, 2, 2, 3};  // after each failed visit
@@ -58,7 +58,7 @@ TEST(Ciclo, OgniSecondoFallimentoUnReset) {
     b.vm.esegui_per(100ms);
     EXPECT_EQ(datagrammi.size(), resets);
     EXPECT_EQ(b.main().ciclo.grdLokere.cella(0, u"reset"), QString::number(resets));
-    EXPECT_EQ(b.main().lblLetturaTrans.Caption(), QStringLiteral("OFF line"));
+    EXPECT_EQ(b.main().lblLetturaTrans.Caption(), u"OFF line"_s);
     b.vm.esegui_per(29900ms);
   }
   EXPECT_EQ(datagrammi.first(), componi_frame("00073"));
@@ -68,25 +68,25 @@ TEST(Ciclo, UnaRiuscitaInMezzoAzzeraGliErrori) {
   Banco b;
   b.lokera(1);
   bool risponde = false;
-  LokeraFinta lokera(b.vm, QStringLiteral("127.0.0.2"), 10001,
+  LokeraFinta lokera(b.vm, u"127.0.0.2"_s, 10001,
                      [&](const QByteArray& f) { return risponde ? buona(f) : QList<QByteArray>{}; });
   b.main().Form_Load();
-  EXPECT_EQ(b.main().ciclo.grdLokere.cella(0, u"errori"), QStringLiteral("1"));
+  EXPECT_EQ(b.main().ciclo.grdLokere.cella(0, u"errori"), u"1"_s);
   risponde = true;
   b.vm.esegui_per(30s);
-  EXPECT_EQ(b.main().ciclo.grdLokere.cella(0, u"errori"), QStringLiteral("0"));
+  EXPECT_EQ(b.main().ciclo.grdLokere.cella(0, u"errori"), u"0"_s);
   risponde = false;
   b.vm.esegui_per(30s);
-  EXPECT_EQ(b.main().ciclo.grdLokere.cella(0, u"errori"), QStringLiteral("1"));
-  EXPECT_EQ(b.main().ciclo.grdLokere.cella(0, u"reset"), QStringLiteral("0"));
+  EXPECT_EQ(b.main().ciclo.grdLokere.cella(0, u"errori"), u"1"_s);
+  EXPECT_EQ(b.main().ciclo.grdLokere.cella(0, u"reset"), u"0"_s);
 }
 
 TEST(Ciclo, ConLaSessioneVivaUnaVisitaOgniDieciTick) {
   Banco b;
   b.lokera(1, 1);
-  LokeraFinta viva(b.vm, QStringLiteral("127.0.0.2"), 10002);
+  LokeraFinta viva(b.vm, u"127.0.0.2"_s, 10002);
   bool risponde = true;
-  LokeraFinta lokera(b.vm, QStringLiteral("127.0.0.2"), 10001,
+  LokeraFinta lokera(b.vm, u"127.0.0.2"_s, 10001,
                      [&](const QByteArray& f) { return risponde ? buona(f) : QList<QByteArray>{}; });
   b.main().Form_Load();
   EXPECT_EQ(lokera.connessioni, 0);  // one tick of ten
@@ -107,24 +107,24 @@ TEST(Ciclo, ChiScaricaDuranteUnaVisitaNonNeIniziaUnAltra) {
   Banco b;
   b.lokera(1);
   b.lokera(2);
-  LokeraFinta lokera(b.vm, QStringLiteral("127.0.0.2"), 10001, [&](const QByteArray& f) {
+  LokeraFinta lokera(b.vm, u"127.0.0.2"_s, 10001, [&](const QByteArray& f) {
     if (f.left(5) == "00010") b.main().mnuScarTrans_Click();
     return buona(f);
   });
   b.main().Form_Load();
-  EXPECT_EQ(b.main().lblID.Caption(), QStringLiteral("1"));
+  EXPECT_EQ(b.main().lblID.Caption(), u"1"_s);
 }
 
 TEST(Ciclo, ConUnAltraFinestraStaFermoMaLeFasceVanno) {
   Banco b;
   b.lokera(1);
-  LokeraFinta lokera(b.vm, QStringLiteral("127.0.0.2"), 10001, buona);
+  LokeraFinta lokera(b.vm, u"127.0.0.2"_s, 10001, buona);
   b.main().Form_Load();
   const int prima = lokera.connessioni;
   int corse = 0;
   b.main().ciclo.applica_fasce_orarie = [&] { ++corse; };
   {
-    Finestra altra(b.console->elenco(), QStringLiteral("frm_tessere"));
+    Finestra altra(b.console->elenco(), u"frm_tessere"_s);
     b.main().mnuScarTrans_Click();
     b.vm.esegui_per(300s);
     EXPECT_EQ(lokera.connessioni, prima);
@@ -138,13 +138,13 @@ TEST(Ciclo, UnaRigaDellaCodaCheFalliscaNonFermaLeAltre) {
   Banco b;
   b.lokera(1);
   for (const char16_t* t : {u"0000000001", u"0000000002", u"0000000003"}) b.tessera(QString::fromUtf16(t));
-  b.in_coda(QStringLiteral("0000000001"), 1);
-  b.in_coda(QStringLiteral("0000000002"), 1);
-  b.in_coda(QStringLiteral("0000000003"), 1, QStringLiteral("D"));
-  b.in_coda(QStringLiteral("0000000001"), 2);  // not this cabinet's
-  b.in_coda(QStringLiteral("0000000009"), 1);  // no such card: not even shown
+  b.in_coda(u"0000000001"_s, 1);
+  b.in_coda(u"0000000002"_s, 1);
+  b.in_coda(u"0000000003"_s, 1, u"D"_s);
+  b.in_coda(u"0000000001"_s, 2);  // not this cabinet's
+  b.in_coda(u"0000000009"_s, 1);  // no such card: not even shown
   QByteArray scritto;
-  LokeraFinta lokera(b.vm, QStringLiteral("127.0.0.2"), 10001, [&](const QByteArray& f) -> QList<QByteArray> {
+  LokeraFinta lokera(b.vm, u"127.0.0.2"_s, 10001, [&](const QByteArray& f) -> QList<QByteArray> {
     if (f.left(5) == "00031") scritto = f.mid(10, 60);
     if (f.left(5) == "00031" && f.mid(10, 10) == "0000000001") return {componi_frame("0003106")};
     if (f.left(5) == "00030") return {componi_frame("0003000" + scritto)};
@@ -155,19 +155,19 @@ TEST(Ciclo, UnaRigaDellaCodaCheFalliscaNonFermaLeAltre) {
   const SSOleDBGrid& coda = b.main().ciclo.grdAggOper;
   ASSERT_EQ(coda.Rows(), 3);
   EXPECT_EQ(coda.cella(0, u"esito"), QString());
-  EXPECT_EQ(coda.cella(1, u"esito"), QStringLiteral("OK"));
-  EXPECT_EQ(coda.cella(2, u"esito"), QStringLiteral("OK"));
-  EXPECT_EQ(coda.cella(1, u"descrizione"), QStringLiteral("operatore 0000000002"));
-  EXPECT_EQ(b.main().ciclo.grdLokere.cella(0, u"errori"), QStringLiteral("0"));
-  EXPECT_EQ(b.conta(QStringLiteral("aggiorn_tessere_oper")), 3);
+  EXPECT_EQ(coda.cella(1, u"esito"), u"OK"_s);
+  EXPECT_EQ(coda.cella(2, u"esito"), u"OK"_s);
+  EXPECT_EQ(coda.cella(1, u"descrizione"), u"operatore 0000000002"_s);
+  EXPECT_EQ(b.main().ciclo.grdLokere.cella(0, u"errori"), u"0"_s);
+  EXPECT_EQ(b.conta(u"aggiorn_tessere_oper"_s), 3);
 }
 
 TEST(Ciclo, PrimaDellaCodaLeCancellazioniNonConfermate) {
   Banco b;
   b.lokera(1);
-  b.sql(QStringLiteral("insert into cancellazioni_da_confermare (ID_lokera, posizione) values (1, 3)"));
+  b.sql(u"insert into cancellazioni_da_confermare (ID_lokera, posizione) values (1, 3)"_s);
   bool conferma = false;
-  LokeraFinta lokera(b.vm, QStringLiteral("127.0.0.2"), 10001, [&](const QByteArray& f) -> QList<QByteArray> {
+  LokeraFinta lokera(b.vm, u"127.0.0.2"_s, 10001, [&](const QByteArray& f) -> QList<QByteArray> {
     if (f.left(5) == "00032" && !conferma) return {componi_frame("0003206")};
     EXPECT_TRUE(f.left(5) != "00032" || !b.main().ciclo.TimerDownload->Enabled());
     return buona(f);
@@ -177,8 +177,8 @@ TEST(Ciclo, PrimaDellaCodaLeCancellazioniNonConfermate) {
   EXPECT_EQ(codici(lokera.ricevuti),
             (QList<QByteArray>{"00010", "00010", "0001B", "00032", "00032", "00039"}));
   conferma = true;
-  b.tessera(QStringLiteral("0000000001"));
-  b.in_coda(QStringLiteral("0000000001"), 1);
+  b.tessera(u"0000000001"_s);
+  b.in_coda(u"0000000001"_s, 1);
   lokera.ricevuti.clear();
   b.vm.esegui_per(35s);
   EXPECT_EQ(codici(lokera.ricevuti),
@@ -212,14 +212,13 @@ TEST(Ciclo, UnSerialeCheNonVieneNonFermaLaVisita) {
   for (const char* risposta : {"", "0001B0500000012345", "0001B00ABCDEFGHIJ"}) {
     Banco b;
     b.lokera(1);
-    LokeraFinta lokera(b.vm, QStringLiteral("127.0.0.2"), 10001,
-                       [&](const QByteArray& f) -> QList<QByteArray> {
-                         if (f.left(5) != "0001B") return buona(f);
-                         return *risposta ? QList<QByteArray>{componi_frame(risposta)} : QList<QByteArray>{};
-                       });
+    LokeraFinta lokera(b.vm, u"127.0.0.2"_s, 10001, [&](const QByteArray& f) -> QList<QByteArray> {
+      if (f.left(5) != "0001B") return buona(f);
+      return *risposta ? QList<QByteArray>{componi_frame(risposta)} : QList<QByteArray>{};
+    });
     b.main().Form_Load();
     EXPECT_EQ(b.main().ciclo.grdLokere.cella(0, u"seriale"), QString()) << risposta;
-    EXPECT_EQ(b.main().lblStatusD.Caption(), QStringLiteral("ON line")) << risposta;
+    EXPECT_EQ(b.main().lblStatusD.Caption(), u"ON line"_s) << risposta;
   }
 }
 

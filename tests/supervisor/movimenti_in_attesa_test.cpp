@@ -17,7 +17,7 @@ class MovimentiInAttesaTest : public ::testing::Test {
     b.abilita(u"0000000001"_s, 5);
     for (int i = 1; i <= 4; ++i) b.chiave(u"100000000%1"_s.arg(i), 1, i - 1, 5);
     b.main().Form_Load();
-    EXPECT_FALSE(altra.Open(b.file(), password_database()));
+    EXPECT_FALSE(altra.Open(b.file(), password_database()).fallito());
   }
 
   QByteArray chiedi(const QByteArray& testo) {

@@ -3,17 +3,19 @@
 namespace lokera::prova {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 class TabelloneTest : public ::testing::Test {
  protected:
   TabelloneTest() {
     for (int p = 0; p < Tabellone::pannelli; ++p) t.pnlK(p).Top = 100 * p;
     t.prepara();
-    b.main().lblID.Caption = QStringLiteral("1");
+    b.main().lblID.Caption = u"1"_s;
   }
   QString pannelli() {
     QString visti;
     for (int p = 0; p < Tabellone::pannelli; ++p) {
-      if (t.pnlK(p).Visible()) visti += QStringLiteral("%1:%2 ").arg(p).arg(t.pnlK(p).Top());
+      if (t.pnlK(p).Visible()) visti += u"%1:%2 "_s.arg(p).arg(t.pnlK(p).Top());
     }
     return visti;
   }
@@ -32,25 +34,25 @@ TEST_F(TabelloneTest, IPannelliSiChiudonoInFondo) {
       {40000, u""},
   };
   for (const auto& [posizione, attesi] : casi) {
-    b.sql(QStringLiteral("delete from tessere_chiavi"));
-    b.chiave(QStringLiteral("1000000001"), 1, posizione);
-    EXPECT_FALSE(t.situazione_chiavi());
+    b.sql(u"delete from tessere_chiavi"_s);
+    b.chiave(u"1000000001"_s, 1, posizione);
+    EXPECT_FALSE(t.situazione_chiavi().fallito());
     EXPECT_EQ(pannelli(), QString::fromUtf16(attesi)) << posizione;
   }
 }
 
 TEST_F(TabelloneTest, TreColori) {
-  b.chiave(QStringLiteral("1000000001"), 1, 0);
-  b.chiave(QStringLiteral("1000000002"), 1, 2);
-  b.chiave(QStringLiteral("1000000003"), 2, 1);
-  b.sql(QStringLiteral("update tessere_chiavi set operatore = '0000000001' where codice = '1000000002'"));
-  EXPECT_FALSE(t.situazione_chiavi());
+  b.chiave(u"1000000001"_s, 1, 0);
+  b.chiave(u"1000000002"_s, 1, 2);
+  b.chiave(u"1000000003"_s, 2, 1);
+  b.sql(u"update tessere_chiavi set operatore = '0000000001' where codice = '1000000002'"_s);
+  EXPECT_FALSE(t.situazione_chiavi().fallito());
   EXPECT_EQ(t.lampade_chiave(1).FillColor(), t.keyP.FillColor());
   EXPECT_EQ(t.lampade_chiave(2).FillColor(), t.keyN.FillColor());
   EXPECT_EQ(t.lampade_chiave(3).FillColor(), t.keyU.FillColor());
   EXPECT_EQ(t.Num(3).ForeColor(), bianco);
   b.main().lblID.Caption = QString();
-  EXPECT_FALSE(t.situazione_chiavi());
+  EXPECT_FALSE(t.situazione_chiavi().fallito());
   EXPECT_EQ(t.lampade_chiave(3).FillColor(), t.keyN.FillColor());
   EXPECT_EQ(pannelli(), QString());
 }

@@ -2,10 +2,12 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 // Widgets need the application before any of them.
 int main(int argc, char** argv) {
   testing::InitGoogleTest(&argc, argv);
-  QApplication::setStyle(QStringLiteral("Fusion"));
+  QApplication::setStyle(u"Fusion"_s);
   const QApplication applicazione(argc, argv);
   return RUN_ALL_TESTS();
 }

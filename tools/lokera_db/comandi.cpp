@@ -34,43 +34,43 @@ QByteArray cella(const Recordset& rs, int indice) {
 
 Errore leggi_righe(Connection& connessione, const QString& istruzione, QByteArray& uscita) {
   Recordset rs;
-  if (Errore e = rs.Open(istruzione, connessione)) return e;
+  if (Errore e = rs.Open(istruzione, connessione); e.fallito()) return e;
   while (!rs.eof()) {
     for (int i = 0; i < rs.conta_campi(); ++i) uscita += (i == 0 ? "" : "\t") + cella(rs, i);
     uscita += '\n';
-    if (Errore e = rs.MoveNext()) return e;
+    if (Errore e = rs.MoveNext(); e.fallito()) return e;
   }
   return {};
 }
 
 Errore esegui(Connection& connessione, const QString& istruzione, QByteArray& uscita) {
   qint64 righe = -1;
-  if (Errore e = connessione.Execute(istruzione, {}, &righe)) return e;
+  if (Errore e = connessione.Execute(istruzione, {}, &righe); e.fallito()) return e;
   if (righe >= 0) uscita = "righe: " + QByteArray::number(righe) + '\n';
   return {};
 }
 
 Errore interroga(const QString& file, const QString& istruzione, QByteArray& uscita) {
   Connection connessione;
-  if (Errore e = connessione.Open(file, password_database())) return e;
+  if (Errore e = connessione.Open(file, password_database()); e.fallito()) return e;
   bool righe = false;
-  if (Errore e = connessione.restituisce_righe(istruzione, righe)) return e;
+  if (Errore e = connessione.restituisce_righe(istruzione, righe); e.fallito()) return e;
   return righe ? leggi_righe(connessione, istruzione, uscita) : esegui(connessione, istruzione, uscita);
 }
 
 /// Printing may wait for whoever reads along; the file is closed by then, so that no console waits with it.
 Errore comando_sql(Contesto& c) {
   QByteArray uscita;
-  if (Errore e = interroga(c.argomenti[0], c.argomenti[1], uscita)) return e;
+  if (Errore e = interroga(c.argomenti[0], c.argomenti[1], uscita); e.fallito()) return e;
   c.uscita << QString::fromUtf8(uscita);
   return {};
 }
 
 Errore comando_controlla(Contesto& c) {
   Connection connessione;
-  if (Errore e = connessione.Open(c.argomenti[0], password_database())) return e;
-  if (Errore e = controlla_database(connessione)) return e;
-  if (Errore e = controlla_schema(connessione)) return e;
+  if (Errore e = connessione.Open(c.argomenti[0], password_database()); e.fallito()) return e;
+  if (Errore e = controlla_database(connessione); e.fallito()) return e;
+  if (Errore e = controlla_schema(connessione); e.fallito()) return e;
   c.uscita << "ok\n";
   return {};
 }
@@ -78,10 +78,10 @@ Errore comando_controlla(Contesto& c) {
 // A file of an earlier release is copied as it is, but nobody should take the copy for a complete file.
 Errore comando_copia(Contesto& c) {
   Connection connessione;
-  if (Errore e = connessione.Open(c.argomenti[0], password_database())) return e;
-  if (Errore e = copia_database(connessione, c.argomenti[0], c.argomenti[1])) return e;
+  if (Errore e = connessione.Open(c.argomenti[0], password_database()); e.fallito()) return e;
+  if (Errore e = copia_database(connessione, c.argomenti[0], c.argomenti[1]); e.fallito()) return e;
   Errore incompleto = controlla_schema(connessione);
-  if (incompleto) incompleto.descrizione.prepend(u"Il file è stato copiato, ma è incompleto. "_s);
+  if (incompleto.fallito()) incompleto.descrizione.prepend(u"Il file è stato copiato, ma è incompleto. "_s);
   return incompleto;
 }
 
@@ -125,29 +125,29 @@ const Comando* trova(const QString& nome) {
 
 }  // namespace
 
-Esito esegui_comando(const QStringList& argomenti, QTextStream& uscita, QTextStream& errori) {
+CodiceUscita esegui_comando(const QStringList& argomenti, QTextStream& uscita, QTextStream& errori) {
   const QString nome = argomenti.value(0);
   if (nome == "--help"_L1 || nome == "-h"_L1 || nome == "aiuto"_L1) {
     aiuto(uscita);
-    return Esito::riuscito;
+    return CodiceUscita::riuscito;
   }
   const Comando* comando = trova(nome);
   if (comando == nullptr) {
     errori << (nome.isEmpty() ? u"lokera_db: manca il comando\n"_s
                               : u"lokera_db: comando sconosciuto: "_s + nome + u'\n');
     aiuto(errori);
-    return Esito::uso_errato;
+    return CodiceUscita::uso_errato;
   }
   Contesto contesto{argomenti.sliced(1), uscita};
   if (contesto.argomenti.size() != comando->argomenti.count(u' ') + 1) {
     errori << u"Uso: lokera_db "_s << comando->nome << ' ' << comando->argomenti << '\n';
-    return Esito::uso_errato;
+    return CodiceUscita::uso_errato;
   }
   const Errore errore = comando->esegui(contesto);
-  if (!errore) return Esito::riuscito;
+  if (!errore.fallito()) return CodiceUscita::riuscito;
   uscita.flush();
   errori << u"lokera_db: "_s << errore.descrizione << '\n';
-  return Esito::fallito;
+  return CodiceUscita::fallito;
 }
 
 }  // namespace lokera

@@ -7,9 +7,9 @@
 namespace lokera {
 
 /// Exit states of the program.
-enum class Esito { riuscito = 0, fallito = 1, uso_errato = 2 };
+enum class CodiceUscita { riuscito = 0, fallito = 1, uso_errato = 2 };
 
 /// Runs the command named first among the arguments (without the program's name).
-Esito esegui_comando(const QStringList& argomenti, QTextStream& uscita, QTextStream& errori);
+CodiceUscita esegui_comando(const QStringList& argomenti, QTextStream& uscita, QTextStream& errori);
 
 }  // namespace lokera

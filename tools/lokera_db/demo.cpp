@@ -57,13 +57,13 @@ class Riempitore {
   explicit Riempitore(Connection& c) : connessione_(c) {}
 
   void riga(const QString& tabella, const QVariantList& valori) {
-    if (errore_) return;
+    if (errore_.fallito()) return;
     QString segni = u"?"_s;
     for (qsizetype i = 1; i < valori.size(); ++i) segni += u", ?"_s;
     errore_ = connessione_.Execute(u"insert into %1 values (%2)"_s.arg(tabella, segni), valori);
   }
   void esegui(const QString& sql, const QVariantList& valori) {
-    if (!errore_) errore_ = connessione_.Execute(sql, valori);
+    if (!errore_.fallito()) errore_ = connessione_.Execute(sql, valori);
   }
   const Errore& errore() const { return errore_; }
 
@@ -78,10 +78,10 @@ QString voce(const std::array<const char16_t*, n>& elenco, int i) {
 }
 
 QString codice_chiave(int i) {
-  return QString::number(100001 + i).rightJustified(10, u'0');
+  return QString::number(100001 + i).rightJustified(10, '0'_L1);
 }
 QString codice_tessera(int i) {
-  return QString::number(1001 + i).rightJustified(10, u'0');
+  return QString::number(1001 + i).rightJustified(10, '0'_L1);
 }
 
 int gruppo_chiave(int i) {

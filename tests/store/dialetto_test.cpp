@@ -1,7 +1,8 @@
+#include "store/dialetto.h"
+
 #include "store/archivio.h"
 #include "store/confronto.h"
 #include "store/date_jet.h"
-#include "store/dialetto.h"
 
 using namespace lokera;
 using prova::testo;
@@ -20,7 +21,7 @@ TEST(Dialetto, AbbassaLeFormeDelleIstruzioni) {
               {"select 'top 1 --[x] #01/02/2008#' from t", "select 'top 1 --[x] #01/02/2008#' from t"},
               {"-- l'ultimo\nselect /* #x# */ top 1 a from t -- fine", "select a from t limit 1"}};
   for (const auto& c : casi) EXPECT_EQ(abbassa(testo(c.prima)).sql.simplified(), testo(c.dopo)) << c.prima;
-  EXPECT_TRUE(abbassa(u"select #13/40/2008#").errore);
+  EXPECT_TRUE(abbassa(u"select #13/40/2008#").errore.fallito());
 }
 
 TEST(Date, LeggeCioCheSiScrive) {

@@ -3,6 +3,8 @@
 
 namespace lokera {
 
+using namespace Qt::StringLiterals;
+
 using prova::testo;
 using Limiti = prova::Archivio;
 
@@ -19,27 +21,27 @@ TEST_F(Limiti, TipiEMisureTengono) {
   } casi[] = {{"i", 32767, nullptr},
               {"i", 40000, "i: serve un numero intero"},
               {"i", 1.5, "i: serve"},
-              {"i", QStringLiteral("abc"), "i: serve"},
+              {"i", u"abc"_s, "i: serve"},
               {"l", 2147483648LL, "l: serve"},
               {"v", 2, "v: serve vero"},
-              {"d", QStringLiteral("x"), "d: serve un numero"},
-              {"n", QStringLiteral("x"), "n: serve un numero"},
+              {"d", u"x"_s, "d: serve un numero"},
+              {"n", u"x"_s, "n: serve un numero"},
               {"q", momento(QDate(2008, 2, 29), QTime(23, 59, 59)), nullptr},
-              {"q", QStringLiteral("domani"), "q: serve una data"},
-              {"q", QStringLiteral("2008-02-30 00:00:00"), "q: serve una data"},
+              {"q", u"domani"_s, "q: serve una data"},
+              {"q", u"2008-02-30 00:00:00"_s, "q: serve una data"},
               {"q", 12, "q: serve una data"},
               {"t", testo("àèìòùàèìòù"), nullptr},
               {"t", emoji, nullptr},
-              {"t", QStringLiteral("12345678901"), "t: al massimo 10 caratteri"},
+              {"t", u"12345678901"_s, "t: al massimo 10 caratteri"},
               {"m", QString(10000, u'x'), nullptr},
               {"q", QVariant(), nullptr}};
   for (const auto& c : casi) {
-    const Errore e = this->c().Execute(
-        QStringLiteral("insert into prova (%1) values (?)").arg(testo(c.colonna)), {c.valore});
-    const bool come = c.rifiuto ? e.descrizione.contains(testo(c.rifiuto)) : !e;
+    const Errore e =
+        this->c().Execute(u"insert into prova (%1) values (?)"_s.arg(testo(c.colonna)), {c.valore});
+    const bool come = c.rifiuto ? e.descrizione.contains(testo(c.rifiuto)) : !e.fallito();
     EXPECT_TRUE(come) << c.colonna << ": " << e.descrizione.toStdString();
   }
-  aggiungi_campo(db, QStringLiteral("gruppi"), QStringLiteral("sigla"), QStringLiteral("text(3)"));
+  aggiungi_campo(db, u"gruppi"_s, u"sigla"_s, u"text(3)"_s);
   EXPECT_TRUE(
       esegui("insert into gruppi (codice, sigla) values (1, 'abcd')").contains(testo("SIGLA: al massimo 3")));
   EXPECT_EQ(esegui("insert into gruppi (codice, SIGLA) values (1, 'abc')"), QString());
@@ -47,8 +49,8 @@ TEST_F(Limiti, TipiEMisureTengono) {
 }
 
 TEST_F(Limiti, NullVuotoEBlancoSonoTre) {
-  for (const QVariant& v : {QVariant(), QVariant(QString()), QVariant(QStringLiteral(" "))}) {
-    ASSERT_FALSE(c().Execute(QStringLiteral("insert into securety_locks (tabella) values (?)"), {v}));
+  for (const QVariant& v : {QVariant(), QVariant(QString()), QVariant(u" "_s)}) {
+    ASSERT_FALSE(c().Execute(u"insert into securety_locks (tabella) values (?)"_s, {v}).fallito());
   }
   EXPECT_EQ(leggi("select tabella from securety_locks"), (QStringList{"-", "", " "}));
   EXPECT_EQ(leggi("select count(*) from securety_locks where tabella = ' '"), QStringList{"1"});

@@ -46,17 +46,17 @@ TEST_F(Apertura, FileSbagliati) {
 
 TEST_F(Apertura, UnAltraConsoleTieneIlFile) {
   Connection altra;
-  ASSERT_FALSE(altra.Open(file(), password_database()));
-  ASSERT_FALSE(altra.BeginTrans());
-  ASSERT_FALSE(altra.Execute(u"insert into gruppi values (1, 'a')"_s));
+  ASSERT_FALSE(altra.Open(file(), password_database()).fallito());
+  ASSERT_FALSE(altra.BeginTrans().fallito());
+  ASSERT_FALSE(altra.Execute(u"insert into gruppi values (1, 'a')"_s).fallito());
   EXPECT_TRUE(esegui("insert into gruppi values (2, 'b')").contains(testo("occupato")));
   for (const auto transazione : {in_transazione, tutto_o_niente}) {
     EXPECT_TRUE(transazione(c(), [] {
-      ADD_FAILURE() << "a work without its transaction";
-      return Errore{};
-    }));
+                  ADD_FAILURE() << "a work without its transaction";
+                  return Errore{};
+                }).fallito());
   }
-  ASSERT_FALSE(altra.CommitTrans());
+  ASSERT_FALSE(altra.CommitTrans().fallito());
   EXPECT_EQ(leggi("select codice from gruppi"), QStringList{"1"});
 }
 
@@ -65,7 +65,7 @@ TEST_F(Apertura, DiscoPienoAnnullaLaTransazione) {
   ASSERT_FALSE(prova::righe(c(), u"pragma max_page_count = 1"_s).isEmpty());  // never below the present size
   const Errore rifiuto = in_transazione(c(), [&] {
     Errore e = c().Execute(u"update gruppi set descrizione = 'dopo'"_s);
-    for (int i = 0; i < 5000 && !e; ++i) {
+    for (int i = 0; i < 5000 && !e.fallito(); ++i) {
       e = c().Execute(u"insert into movimenti (id, intestazione) values (?, ?)"_s, {i, QString(100, u'x')});
     }
     return e;
@@ -78,11 +78,11 @@ TEST_F(Apertura, DiscoPienoAnnullaLaTransazione) {
 
 TEST_F(Apertura, DopoUnAnnullamentoNienteSiScriveDaSolo) {
   EXPECT_TRUE(in_transazione(c(), [&] {
-    EXPECT_EQ(esegui("rollback"), QString());  // as the engine does after some failures
-    EXPECT_TRUE(esegui("insert into gruppi values (1, 'a')").contains(testo("annullata")));
-    EXPECT_TRUE(tutto_o_niente(c(), [] { return Errore{}; }));
-    return Errore{};
-  }));
+                EXPECT_EQ(esegui("rollback"), QString());  // as the engine does after some failures
+                EXPECT_TRUE(esegui("insert into gruppi values (1, 'a')").contains(testo("annullata")));
+                EXPECT_TRUE(tutto_o_niente(c(), [] { return Errore{}; }).fallito());
+                return Errore{};
+              }).fallito());
   EXPECT_EQ(esegui("insert into gruppi values (1, 'a')"), QString());
 }
 
@@ -92,20 +92,22 @@ TEST_F(Apertura, UnaParteFallitaNonLasciaNullaNellaTransazione) {
   };
   const auto parte = [&](int codice, bool riesce) {
     return tutto_o_niente(c(), [&, riesce]() -> Errore {
-      EXPECT_FALSE(metti(codice));
+      EXPECT_FALSE(metti(codice).fallito());
       return riesce ? Errore{} : Errore{1, u"no"_s};
     });
   };
   EXPECT_FALSE(in_transazione(c(), [&] {
-    EXPECT_FALSE(parte(1, true));
-    const quint64 prima = c().versione_tabella(u"gruppi"_s);
-    EXPECT_TRUE(parte(2, false));
-    EXPECT_NE(c().versione_tabella(u"gruppi"_s), prima) << "who read in between has to read again";
-    EXPECT_TRUE(in_transazione(c(), [&] { return metti(3); })) << "its commit would not be one";
-    return metti(4);
-  }));
-  EXPECT_TRUE(parte(5, false));
-  EXPECT_FALSE(parte(6, true));
+                 EXPECT_FALSE(parte(1, true).fallito());
+                 const quint64 prima = c().versione_tabella(u"gruppi"_s);
+                 EXPECT_TRUE(parte(2, false).fallito());
+                 EXPECT_NE(c().versione_tabella(u"gruppi"_s), prima)
+                     << "who read in between has to read again";
+                 EXPECT_TRUE(in_transazione(c(), [&] { return metti(3); }).fallito())
+                     << "its commit would not be one";
+                 return metti(4);
+               }).fallito());
+  EXPECT_TRUE(parte(5, false).fallito());
+  EXPECT_FALSE(parte(6, true).fallito());
   EXPECT_EQ(leggi("select codice from gruppi order by codice"), (QStringList{"1", "4", "6"}));
 }
 

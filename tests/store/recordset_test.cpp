@@ -18,11 +18,13 @@ class Righe : public prova::Archivio {
 
 TEST_F(Righe, NomiTipiEMisureDeiCampi) {
   Recordset rs;
-  ASSERT_FALSE(rs.Open(
-      u"select aggiorn_tessere_oper.*, tessere_operatori.intestazione, valido_dal, count(*) as quante "
-      "from (aggiorn_tessere_oper inner join tessere_operatori on aggiorn_tessere_oper.id_tessera = "
-      "tessere_operatori.codice) where aggiorn_tessere_oper.ID_lokera = ?"_s,
-      c(), {1}));
+  ASSERT_FALSE(
+      rs.Open(
+            u"select aggiorn_tessere_oper.*, tessere_operatori.intestazione, valido_dal, count(*) as quante "
+            "from (aggiorn_tessere_oper inner join tessere_operatori on aggiorn_tessere_oper.id_tessera = "
+            "tessere_operatori.codice) where aggiorn_tessere_oper.ID_lokera = ?"_s,
+            c(), {1})
+          .fallito());
   QStringList letti;
   for (int i = 0; i < rs.conta_campi(); ++i) {
     letti += u"%1 %2 %3"_s.arg(rs.campo(i).nome)
@@ -36,7 +38,7 @@ TEST_F(Righe, NomiTipiEMisureDeiCampi) {
   EXPECT_EQ(rs.valore(u"VALIDO_DAL").toDateTime().date(), QDate(2008, 2, 1));
   EXPECT_EQ(rs.numero(u"quante"), 1);
   EXPECT_FALSE(rs.valore(u"altro").isValid());
-  ASSERT_FALSE(rs.Open(u"SELECT MAX(id) AS ultimo FROM movimenti"_s, c()));
+  ASSERT_FALSE(rs.Open(u"SELECT MAX(id) AS ultimo FROM movimenti"_s, c()).fallito());
   EXPECT_FALSE(rs.eof());
   EXPECT_TRUE(rs.nullo(0));
 }
@@ -44,75 +46,81 @@ TEST_F(Righe, NomiTipiEMisureDeiCampi) {
 TEST_F(Righe, AggiungeModificaCancella) {
   Recordset rs;
   ASSERT_FALSE(rs.Open(u"select * from tessere_operatori where codice = ?"_s, c(), {u"0000000003"_s},
-                       Cursore::aggiornabile));
+                       Cursore::aggiornabile)
+                   .fallito());
   EXPECT_TRUE(rs.eof());
-  EXPECT_TRUE(rs.imposta(u"codice", u"x"_s));
-  ASSERT_FALSE(rs.AddNew());
-  ASSERT_FALSE(rs.imposta(u"CODICE", u"0000000003"_s));
-  ASSERT_FALSE(rs.imposta(u"valido_dal", u"1/2/2008 10.20.30"_s));
-  ASSERT_FALSE(rs.imposta(u"gruppo", u" 7 "_s));
-  ASSERT_FALSE(rs.imposta(u"NrMaxPrelievi", true));
+  EXPECT_TRUE(rs.imposta(u"codice", u"x"_s).fallito());
+  ASSERT_FALSE(rs.AddNew().fallito());
+  ASSERT_FALSE(rs.imposta(u"CODICE", u"0000000003"_s).fallito());
+  ASSERT_FALSE(rs.imposta(u"valido_dal", u"1/2/2008 10.20.30"_s).fallito());
+  ASSERT_FALSE(rs.imposta(u"gruppo", u" 7 "_s).fallito());
+  ASSERT_FALSE(rs.imposta(u"NrMaxPrelievi", true).fallito());
   EXPECT_EQ(rs.testo(u"codice"), u"0000000003"_s);
-  ASSERT_FALSE(rs.Update());
-  ASSERT_FALSE(rs.imposta(u"intestazione", u"l'altro"_s));
-  ASSERT_FALSE(rs.Update());
+  ASSERT_FALSE(rs.Update().fallito());
+  ASSERT_FALSE(rs.imposta(u"intestazione", u"l'altro"_s).fallito());
+  ASSERT_FALSE(rs.Update().fallito());
   EXPECT_EQ(leggi("select * from tessere_operatori where codice = '0000000003'"),
             QStringList{"0000000003|l'altro|2008-02-01 10:20:30|-|-|7|1"});
-  ASSERT_FALSE(rs.Delete());
+  ASSERT_FALSE(rs.Delete().fallito());
   EXPECT_FALSE(rs.valore(u"codice").isValid());
   EXPECT_EQ(leggi("select count(*) from tessere_operatori"), QStringList{"2"});
-  ASSERT_FALSE(rs.MoveNext());
+  ASSERT_FALSE(rs.MoveNext().fallito());
   EXPECT_TRUE(rs.eof());
 }
 
 TEST_F(Righe, UnaModificaRifiutataRestaInSospeso) {
   Recordset rs;
   ASSERT_FALSE(rs.Open(u"select codice, gruppo, valido_al from tessere_operatori order by codice"_s, c(), {},
-                       Cursore::aggiornabile));
+                       Cursore::aggiornabile)
+                   .fallito());
   EXPECT_EQ(rs.imposta(u"gruppo", u"tre"_s).descrizione, u"gruppo: \"tre\" non è un numero"_s);
-  EXPECT_TRUE(rs.imposta(u"valido_al", u"31/02/2008"_s));
+  EXPECT_TRUE(rs.imposta(u"valido_al", u"31/02/2008"_s).fallito());
   EXPECT_EQ(rs.imposta(u"colore", 1).descrizione, u"Colonna sconosciuta: colore"_s);
-  ASSERT_FALSE(rs.imposta(u"gruppo", 40000));
-  EXPECT_TRUE(rs.Update());
-  EXPECT_TRUE(rs.MoveNext());  // it would have to be stored first
+  ASSERT_FALSE(rs.imposta(u"gruppo", 40000).fallito());
+  EXPECT_TRUE(rs.Update().fallito());
+  EXPECT_TRUE(rs.MoveNext().fallito());  // it would have to be stored first
   EXPECT_EQ(rs.numero(u"gruppo"), 40000);
   rs.CancelUpdate();
   EXPECT_EQ(rs.numero(u"gruppo"), 1);
-  ASSERT_FALSE(rs.imposta(u"gruppo", 2.0));
-  ASSERT_FALSE(rs.MoveNext());
+  ASSERT_FALSE(rs.imposta(u"gruppo", 2.0).fallito());
+  ASSERT_FALSE(rs.MoveNext().fallito());
   EXPECT_EQ(rs.testo(u"codice"), u"0000000002"_s);
   EXPECT_EQ(leggi("select gruppo from tessere_operatori order by codice"), (QStringList{"2", "1"}));
   ASSERT_EQ(esegui("update tessere_operatori set valido_al = #2/1/2008#"), QString());
-  ASSERT_FALSE(rs.imposta(u"gruppo", 3));
-  ASSERT_FALSE(rs.Update());  // writes what was set here, and leaves another console's columns alone
+  ASSERT_FALSE(rs.imposta(u"gruppo", 3).fallito());
+  ASSERT_FALSE(
+      rs.Update().fallito());  // writes what was set here, and leaves another console's columns alone
   EXPECT_EQ(leggi("select count(valido_al) from tessere_operatori"), QStringList{"2"});
   ASSERT_EQ(esegui("delete from tessere_operatori"), QString());
-  ASSERT_FALSE(rs.imposta(u"gruppo", 3));
+  ASSERT_FALSE(rs.imposta(u"gruppo", 3).fallito());
   EXPECT_TRUE(rs.Update().descrizione.contains(u"cancellato"_s));
 }
 
 TEST_F(Righe, SoloUnaTabellaSiAggiorna) {
   Recordset rs;
-  EXPECT_TRUE(rs.Open(u"select distinct gruppo from tessere_operatori"_s, c(), {}, Cursore::aggiornabile));
+  EXPECT_TRUE(
+      rs.Open(u"select distinct gruppo from tessere_operatori"_s, c(), {}, Cursore::aggiornabile).fallito());
   EXPECT_FALSE(rs.aperto());
   ASSERT_FALSE(rs.Open(u"select top 1 codice from tessere_operatori order by codice desc"_s, c(), {},
-                       Cursore::aggiornabile));
+                       Cursore::aggiornabile)
+                   .fallito());
   EXPECT_EQ(rs.testo(u"codice"), u"0000000002"_s);
-  ASSERT_FALSE(rs.Open(u"select * from tessere_operatori"_s, c()));
-  EXPECT_TRUE(rs.AddNew());
+  ASSERT_FALSE(rs.Open(u"select * from tessere_operatori"_s, c()).fallito());
+  EXPECT_TRUE(rs.AddNew().fallito());
 }
 
 TEST_F(Righe, UnRecordsetApertoSopravviveAUnaConferma) {
   const QString sql = u"select codice from tessere_operatori order by codice"_s;
   Recordset fuori;
-  ASSERT_FALSE(fuori.Open(sql, c()));
+  ASSERT_FALSE(fuori.Open(sql, c()).fallito());
   {
     Recordset dentro;  // the same text while it is in use
-    ASSERT_FALSE(dentro.Open(sql, c()));
+    ASSERT_FALSE(dentro.Open(sql, c()).fallito());
     EXPECT_EQ(dentro.testo(u"codice"), u"0000000001"_s);
-    ASSERT_FALSE(in_transazione(c(), [&] { return c().Execute(u"insert into gruppi values (1, 'a')"_s); }));
+    ASSERT_FALSE(
+        in_transazione(c(), [&] { return c().Execute(u"insert into gruppi values (1, 'a')"_s); }).fallito());
   }
-  ASSERT_FALSE(fuori.MoveNext());
+  ASSERT_FALSE(fuori.MoveNext().fallito());
   EXPECT_EQ(fuori.testo(u"codice"), u"0000000002"_s);
 }
 
@@ -128,15 +136,15 @@ TEST_F(Righe, VersioneDellaTabella) {
   ASSERT_EQ(esegui("update tessere_operatori set gruppo = 5"), QString());
   EXPECT_FALSE(cambiata());
   EXPECT_TRUE(in_transazione(c(), [&]() -> Errore {
-    EXPECT_EQ(esegui("insert into gruppi values (2, 'b')"), QString());
-    EXPECT_TRUE(cambiata());
-    return {1, u"no"_s};
-  }));
+                EXPECT_EQ(esegui("insert into gruppi values (2, 'b')"), QString());
+                EXPECT_TRUE(cambiata());
+                return {1, u"no"_s};
+              }).fallito());
   EXPECT_TRUE(cambiata()) << "rolled back";
   Connection altra;
-  ASSERT_FALSE(altra.Open(file(), password_database()));
+  ASSERT_FALSE(altra.Open(file(), password_database()).fallito());
   EXPECT_FALSE(cambiata());
-  ASSERT_FALSE(altra.Execute(u"insert into gruppi values (3, 'c')"_s));
+  ASSERT_FALSE(altra.Execute(u"insert into gruppi values (3, 'c')"_s).fallito());
   EXPECT_TRUE(cambiata());
   EXPECT_FALSE(cambiata());
 }

@@ -67,8 +67,8 @@ TEST_F(LokeraDb, DemoECopiaDiUnFileInUso) {
   const QString f = file(u"lokera.mdb"_s);
   ASSERT_EQ(esegui({u"demo"_s, f}).errori, QString());
   Database console;
-  ASSERT_FALSE(apri_database(console, cartella.path()));
-  ASSERT_FALSE(console.connessione_db.Execute(u"insert into gruppi values (99, 'visto')"_s));
+  ASSERT_FALSE(apri_database(console, cartella.path()).fallito());
+  ASSERT_FALSE(console.connessione_db.Execute(u"insert into gruppi values (99, 'visto')"_s).fallito());
   const QString copia = file(u"copia.mdb"_s);
   ASSERT_EQ(esegui({u"copia"_s, f, copia}).errori, QString());
   EXPECT_EQ(esegui({u"copia"_s, f, copia}).stato, 1);
@@ -98,7 +98,7 @@ TEST_F(LokeraDb, SqlDiceDalleColonneERigheToccate) {
 TEST_F(LokeraDb, ChiLeggePianoLUscitaNonFermaLaConsole) {
   const QString f = creato();
   Connection c;
-  ASSERT_FALSE(c.Open(f, password_database()));
+  ASSERT_FALSE(c.Open(f, password_database()).fallito());
   QProcess lento;  // nobody reads on, and the pipe is full long before the rows end
   lento.start(u"sh"_s,
               {u"-c"_s,
@@ -106,7 +106,7 @@ TEST_F(LokeraDb, ChiLeggePianoLUscitaNonFermaLaConsole) {
                u"| { head -c 1; echo; read x <&3; }"_s,
                QStringLiteral(LOKERA_DB), f});
   ASSERT_TRUE(lento.waitForReadyRead(60'000));
-  EXPECT_FALSE(c.Execute(u"insert into gruppi values (1, 'a')"_s));
+  EXPECT_FALSE(c.Execute(u"insert into gruppi values (1, 'a')"_s).fallito());
   lento.write("\n");
   EXPECT_TRUE(lento.waitForFinished(60'000));
 }
@@ -115,7 +115,7 @@ TEST_F(LokeraDb, ControllaVedeIndiciEColonne) {
   const QString f = creato();
   const auto con = [&](std::initializer_list<const char*> istruzioni) {
     Connection c;
-    ASSERT_FALSE(c.Open(f, password_database()));
+    ASSERT_FALSE(c.Open(f, password_database()).fallito());
     for (const char* i : istruzioni) ASSERT_EQ(c.Execute(testo(i)).descrizione, QString()) << i;
   };
   con({"drop table tabelle_Ditta", "create table tabelle_Ditta ([Nome] text(100), [Cap] text(10))",

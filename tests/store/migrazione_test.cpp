@@ -28,7 +28,7 @@ TEST(Ddl, Converte) {
 class FileVecchio : public ::testing::Test {
  protected:
   FileVecchio() {
-    EXPECT_FALSE(c().crea(cartella.filePath(nome_file_database()), password_database()));
+    EXPECT_FALSE(c().crea(cartella.filePath(nome_file_database()), password_database()).fallito());
     esegui(
         "create table parametri ([ID] integer, [descrizione] text(20), CONSTRAINT agendaKEY PRIMARY KEY "
         "([ID]))");
@@ -44,13 +44,13 @@ class FileVecchio : public ::testing::Test {
 };
 
 TEST_F(FileVecchio, RiceveCioCheMancaETieneIlResto) {
-  EXPECT_FALSE(aggiorna_database(db));
+  EXPECT_FALSE(aggiorna_database(db).fallito());
   EXPECT_EQ(
       leggi("select descrizione, IP_lokera, funzionamento, slot, computer_ctrl, orario_aggiornamento_tessere "
             "from parametri"),
       QStringList{"Portineria| |0|0| |-"});
   Recordset rs;
-  ASSERT_FALSE(rs.Open(u"select * from parametri"_s, c()));
+  ASSERT_FALSE(rs.Open(u"select * from parametri"_s, c()).fallito());
   EXPECT_EQ(rs.campo(rs.indice(u"descrizione")).dimensione, 20);
   EXPECT_EQ(rs.campo(rs.indice(u"ip_lokera")).nome, u"IP_LOKERA"_s);
   EXPECT_EQ(rs.conta_campi(), 17);
@@ -63,13 +63,13 @@ TEST_F(FileVecchio, RiceveCioCheMancaETieneIlResto) {
 }
 
 TEST_F(FileVecchio, UnaSecondaVoltaNonScriveNulla) {
-  EXPECT_FALSE(aggiorna_database(db));
+  EXPECT_FALSE(aggiorna_database(db).fallito());
   esegui("update parametri set slot = 1, IP_lokera = Null");
   const QStringList schema = leggi("select sql from sqlite_master");
   Connection altra;
-  ASSERT_FALSE(altra.Open(cartella.filePath(nome_file_database()), password_database()));
+  ASSERT_FALSE(altra.Open(cartella.filePath(nome_file_database()), password_database()).fallito());
   const quint64 prima = altra.versione_tabella(u"parametri"_s);
-  EXPECT_FALSE(aggiorna_database(db));
+  EXPECT_FALSE(aggiorna_database(db).fallito());
   EXPECT_EQ(altra.versione_tabella(u"parametri"_s), prima);
   EXPECT_EQ(leggi("select sql from sqlite_master"), schema);
   EXPECT_EQ(leggi("select slot, IP_lokera from parametri"), QStringList{"1|-"});
@@ -78,19 +78,19 @@ TEST_F(FileVecchio, UnaSecondaVoltaNonScriveNulla) {
 TEST_F(FileVecchio, SottoUnBloccoNonCambiaNulla) {
   const QStringList schema = leggi("select sql from sqlite_master");
   Connection altra;
-  ASSERT_FALSE(altra.Open(cartella.filePath(nome_file_database()), password_database()));
+  ASSERT_FALSE(altra.Open(cartella.filePath(nome_file_database()), password_database()).fallito());
   for (const char* blocco : {"begin immediate", "begin exclusive"}) {
-    ASSERT_FALSE(altra.Execute(testo(blocco)));
+    ASSERT_FALSE(altra.Execute(testo(blocco)).fallito());
     EXPECT_EQ(aggiorna_database(db).classe, ClasseErrore::bloccato) << blocco;
-    ASSERT_FALSE(altra.Execute(u"rollback"_s));
+    ASSERT_FALSE(altra.Execute(u"rollback"_s).fallito());
     EXPECT_EQ(leggi("select sql from sqlite_master"), schema);
   }
   Recordset legge;  // somebody reads: only the commit is refused
-  ASSERT_FALSE(legge.Open(u"select * from parametri"_s, altra));
+  ASSERT_FALSE(legge.Open(u"select * from parametri"_s, altra).fallito());
   EXPECT_EQ(aggiorna_database(db).classe, ClasseErrore::bloccato);
   EXPECT_EQ(leggi("select sql from sqlite_master"), schema);
   legge.Close();
-  EXPECT_FALSE(aggiorna_database(db));
+  EXPECT_FALSE(aggiorna_database(db).fallito());
   EXPECT_EQ(leggi("select slot, computer_ctrl from parametri"), QStringList{"0| "});
 }
 
@@ -101,7 +101,7 @@ TEST_F(Piani, GliIndiciDoppiDiUnFileVecchioVannoVia) {
       "select count(*) from sqlite_master where name in ('movimenti_id', 'gruppi_tessera_tessera')";
   ASSERT_EQ(esegui("create index movimenti_id on movimenti (id)"), QString());
   ASSERT_EQ(esegui("create index gruppi_tessera_tessera on gruppi_tessera (tessera, codice)"), QString());
-  EXPECT_FALSE(aggiorna_database(db));
+  EXPECT_FALSE(aggiorna_database(db).fallito());
   EXPECT_EQ(leggi(doppi), QStringList{"0"});
 }
 

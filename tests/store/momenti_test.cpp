@@ -21,12 +21,12 @@ TEST_F(Momenti, NessunaZonaLiTocca) {
     ASSERT_EQ(esegui("delete from securety_locks"), QString());
     ASSERT_EQ(esegui("insert into securety_locks (tabella, data) values ('a', ?)", {k.momento}), QString());
     Recordset rs;
-    ASSERT_FALSE(rs.Open(u"select * from securety_locks"_s, c(), {}, Cursore::aggiornabile));
+    ASSERT_FALSE(rs.Open(u"select * from securety_locks"_s, c(), {}, Cursore::aggiornabile).fallito());
     EXPECT_EQ(rs.valore(u"data").toDateTime(), k.momento) << k.memorizzato;
     for (const QVariant& scritto : {QVariant(QString::fromLatin1(k.digitato)), QVariant(k.momento)}) {
-      ASSERT_FALSE(rs.imposta(u"data", QVariant()));
-      ASSERT_FALSE(rs.imposta(u"data", scritto)) << k.digitato;
-      ASSERT_FALSE(rs.Update());
+      ASSERT_FALSE(rs.imposta(u"data", QVariant()).fallito());
+      ASSERT_FALSE(rs.imposta(u"data", scritto).fallito()) << k.digitato;
+      ASSERT_FALSE(rs.Update().fallito());
       EXPECT_EQ(leggi("select data from securety_locks"), QStringList{QString::fromLatin1(k.memorizzato)});
     }
     const QDateTime letto = da_data_memorizzata(k.memorizzato);
@@ -41,9 +41,9 @@ TEST_F(Momenti, UnGiornoSoloEUnNumeroDiGiorni) {
       QString());
   EXPECT_EQ(leggi("select valido_al from tessere_operatori"), QStringList{"2008-10-19 00:00:00"});
   Recordset rs;
-  ASSERT_FALSE(rs.Open(u"select * from tessere_operatori"_s, c(), {}, Cursore::aggiornabile));
-  ASSERT_FALSE(rs.imposta(u"valido_al", 39740.25));
-  ASSERT_FALSE(rs.Update());
+  ASSERT_FALSE(rs.Open(u"select * from tessere_operatori"_s, c(), {}, Cursore::aggiornabile).fallito());
+  ASSERT_FALSE(rs.imposta(u"valido_al", 39740.25).fallito());
+  ASSERT_FALSE(rs.Update().fallito());
   EXPECT_EQ(leggi("select valido_al from tessere_operatori"), QStringList{"2008-10-19 06:00:00"});
 }
 

@@ -1,5 +1,6 @@
-#include "store/archivio.h"
 #include "store/converti_sql.h"
+
+#include "store/archivio.h"
 
 namespace lokera {
 
@@ -51,8 +52,8 @@ class Apostrofi : public prova::Archivio, public ::testing::WithParamInterface<c
 TEST_P(Apostrofi, AndataERitorno) {
   const QString nome = testo(GetParam());
   const auto converti = [&](const char* sql) { return converti_sql(testo(sql).replace(u"@"_s, nome)); };
-  ASSERT_FALSE(
-      c().Execute(u"insert into tessere_operatori (codice, intestazione) values ('1', ?)"_s, {nome}));
+  ASSERT_FALSE(c().Execute(u"insert into tessere_operatori (codice, intestazione) values ('1', ?)"_s, {nome})
+                   .fallito());
   for (const char* sql :
        {"select codice from tessere_operatori where intestazione = '@'",
         "select codice from tessere_operatori where intestazione like '%@%' and codice = '1'",
