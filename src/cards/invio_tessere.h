@@ -53,8 +53,8 @@ class InvioTessere {
   bool interrotta(const Conversazione& c) const { return sessione_.numero_connessione() != c.numero; }
   bool fallito(const Errore& errore) const;
 
-  Errore permessa(const Conversazione& c, const QString& codice, OperazioneCoda operazione, bool& permessa);
-  Errore record_di(const QString& codice, QByteArray& record);
+  Esito<bool> permessa(const Conversazione& c, const QString& codice, OperazioneCoda operazione);
+  Esito<QByteArray> record_di(const QString& codice);
   bool scrivi_e_verifica(const Conversazione& c, QByteArrayView testa, const QByteArray& record);
   Errore scritta(const Conversazione& c, const QString& codice, qint32 posizione, const QByteArray& record);
   bool ripeti_cancellazione(const Conversazione& c, qint32 posizione, bool& muta);

@@ -155,10 +155,9 @@ void CicloDownload::prossima_lokera(Visita& visita) {
 
 void CicloDownload::riempi_coda() {
   grdAggOper.RemoveAll();
-  std::vector<RigaCoda> righe;
-  const Errore errore = CodaTessere(db_.connessione_db).per_lokera(e_.lblID.Caption().toLongLong(), righe);
-  if (errore.fallito() && segnala) segnala(errore);
-  for (const RigaCoda& r : righe)
+  const auto righe = CodaTessere(db_.connessione_db).per_lokera(e_.lblID.Caption().toLongLong());
+  if (righe.fallito() && segnala) segnala(righe.errore());
+  for (const RigaCoda& r : *righe)
     aggiungi(grdAggOper, {{u"codice", r.tessera}, {u"descrizione", r.intestazione}, {u"oper", r.operazione}});
   grdAggOper.Row(0);
 }

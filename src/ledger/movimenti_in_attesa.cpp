@@ -1,4 +1,4 @@
-#include "supervisor/movimenti_in_attesa.h"
+#include "ledger/movimenti_in_attesa.h"
 
 #include <algorithm>
 
@@ -11,8 +11,8 @@ constexpr int altre_prove_ms = 1000;
 
 }  // namespace
 
-MovimentiInAttesa::MovimentiInAttesa(Database& db, TimerFactory& timer)
-    : registro_(db), timer_(timer.crea_timer()) {
+MovimentiInAttesa::MovimentiInAttesa(Connection& connessione, TimerFactory& timer)
+    : registro_(connessione), timer_(timer.crea_timer()) {
   timer_->Evento = [this] {
     timer_->Interval(altre_prove_ms);
     (void)riprova();
@@ -27,12 +27,12 @@ Errore MovimentiInAttesa::registra(const Movimento& movimento) {
 Errore MovimentiInAttesa::riprova() {
   Errore errore;
   while (!attese_.empty()) {
-    ChiaveRegistrata chiave;
-    errore = registro_.registra(attese_.front(), chiave);
+    const auto chiave = registro_.registra(attese_.front());
+    errore = chiave.errore();
     if (errore.fallito()) break;
     const Movimento fatto = attese_.front();
     attese_.pop_front();
-    if (registrato) registrato(fatto, chiave);
+    if (registrato) registrato(fatto, *chiave);
   }
   avvia_timer();
   if (stato) stato(errore, attese_.empty() ? QDateTime() : attese_.front().data);
@@ -53,7 +53,7 @@ qlonglong MovimentiInAttesa::chiavi_uscite(const QString& tessera) const {
   };
   qlonglong uscite = 0;
   for (auto m = attese_.begin(); m != attese_.end(); ++m) {
-    const bool sua = m->operazione == 'P' && uguali(m->operatore, tessera);
+    const bool sua = m->operazione == tipo_prelievo && uguali(m->operatore, tessera);
     const auto dopo = [&](const Movimento& altro) { return uguali(altro.chiave, m->chiave); };
     if (sua && std::none_of(std::next(m), attese_.end(), dopo)) ++uscite;
   }

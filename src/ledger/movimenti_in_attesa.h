@@ -4,8 +4,8 @@
 #include <functional>
 #include <memory>
 
+#include "ledger/registro.h"
 #include "platform/timer.h"
-#include "supervisor/registro.h"
 
 namespace lokera {
 
@@ -14,7 +14,7 @@ namespace lokera {
 /// after it wait behind it. Kept in memory: the end of the program loses what waits.
 class MovimentiInAttesa {
  public:
-  MovimentiInAttesa(Database& db, TimerFactory& timer);
+  MovimentiInAttesa(Connection& connessione, TimerFactory& timer);
 
   /// Books what waits, in order, and then this. A failure says that this one waits now.
   Errore registra(const Movimento& movimento);
