@@ -27,10 +27,11 @@ function(lokera_setup target)
   lokera_precompilate(${target} ${ARGN} core)
 endfunction()
 
-# lokera_library(NAME LINKS a b ... [PCH p]): one floor of the house, all .cpp files of the current folder.
+# lokera_library(NAME LINKS a b ... [PCH p]): one floor of the house, all .cpp files of the current folder but main.cpp.
 function(lokera_library name)
   cmake_parse_arguments(ARG "" "PCH" "LINKS" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS *.cpp *.h *.ui *.qrc)
+  list(FILTER sources EXCLUDE REGEX "/main\\.cpp$")
   if(NOT sources MATCHES "\\.cpp")
     add_library(lokera_${name} INTERFACE)
     target_link_libraries(lokera_${name} INTERFACE ${ARG_LINKS})
