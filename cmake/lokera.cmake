@@ -20,9 +20,24 @@ if(LOKERA_SANITIZE)
   target_link_options(lokera_options INTERFACE -fsanitize=address,undefined)
 endif()
 
-# lokera_setup(TARGET [PCH]): the flags, and the precompiled headers of core unless others are named.
+# lokera_radice(VAR): an include root from which only the current folder is reached, as "floor/file.h" or
+# "simulation/room/file.h". A target hands it on to who links it, so that a forgotten link fails to compile.
+function(lokera_radice var)
+  file(RELATIVE_PATH nome ${CMAKE_SOURCE_DIR} ${CMAKE_CURRENT_SOURCE_DIR})
+  string(REGEX REPLACE "^src/" "" nome ${nome})
+  string(REPLACE "/" "." cartella ${nome})
+  set(radice ${CMAKE_BINARY_DIR}/include/${cartella})
+  cmake_path(GET nome PARENT_PATH sopra)
+  file(MAKE_DIRECTORY ${radice}/${sopra})
+  file(CREATE_LINK ${CMAKE_CURRENT_SOURCE_DIR} ${radice}/${nome} SYMBOLIC)
+  set(${var} ${radice} PARENT_SCOPE)
+endfunction()
+
+# lokera_setup(TARGET [PCH]): the flags, the current folder's headers, and the precompiled headers of core unless others
+# are named.
 function(lokera_setup target)
-  target_include_directories(${target} PRIVATE ${CMAKE_SOURCE_DIR}/src ${CMAKE_SOURCE_DIR})
+  lokera_radice(radice)
+  target_include_directories(${target} PUBLIC ${radice})
   target_link_libraries(${target} PRIVATE lokera_options)
   lokera_precompilate(${target} ${ARGN} core)
 endfunction()
@@ -33,7 +48,9 @@ function(lokera_library name)
   file(GLOB sources CONFIGURE_DEPENDS *.cpp *.h *.ui *.qrc)
   list(FILTER sources EXCLUDE REGEX "/main\\.cpp$")
   if(NOT sources MATCHES "\\.cpp")
+    lokera_radice(radice)
     add_library(lokera_${name} INTERFACE)
+    target_include_directories(lokera_${name} INTERFACE ${radice})
     target_link_libraries(lokera_${name} INTERFACE ${ARG_LINKS})
     return()
   endif()
