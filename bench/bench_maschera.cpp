@@ -1,7 +1,7 @@
 // The mask of a card with 200 keys in 10 groups with bands, beside its bare statements and the plain method.
-#include "bench/maschera_semplice.h"
 #include "bench/misura.h"
 #include "bench/nudo.h"
+#include "bench/semplice/maschera_semplice.h"
 #include "bench/sito_misure.h"
 #include "cards/maschera.h"
 #include "store/database.h"

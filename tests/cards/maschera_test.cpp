@@ -1,7 +1,7 @@
 #include "cards/maschera.h"
 
 #include "aiuti/banco.h"
-#include "bench/maschera_semplice.h"
+#include "bench/semplice/maschera_semplice.h"
 
 namespace lokera::prova {
 namespace {
