@@ -35,7 +35,7 @@ QString data_ora_record(QByteArrayView frame) {
 }  // namespace
 
 Acquisizione::Acquisizione(Finestra& finestra, Database& db, TimerFactory& timer, SessioneDownload& sessione,
-                           PannelloLive& pannello, Tabellone& tabellone, const Label& lblID,
+                           PannelloLive& pannello, Tabellone& tabellone, const LokeraCorrente& corrente,
                            Label& lblLetturaTrans)
     : lblNumTrans(finestra, u"lblNumTrans"_s),
       lblUltimaTrans(finestra, u"lblUltimaTrans"_s),
@@ -47,7 +47,7 @@ Acquisizione::Acquisizione(Finestra& finestra, Database& db, TimerFactory& timer
       sessione_(sessione),
       pannello_(pannello),
       tabellone_(tabellone),
-      lblID_(lblID),
+      corrente_(corrente),
       lblLetturaTrans_(lblLetturaTrans) {
   shpTrans.Visible = false;
   in_attesa.registrato = [this](const Movimento& m, const ChiaveRegistrata& c) { mostra_lampada(m, c); };
@@ -130,7 +130,7 @@ QString Acquisizione::intestazione_tessera(const QString& codice, Errore& errore
 void Acquisizione::mostra_ultima(const Movimento& m, const QString& data_ora, const QString& descrizione) {
   const QString verso = m.operazione == 'P' ? u" OUT "_s : u" IN "_s;
   lblUltimaTrans.Caption = verso + u' ' + data_ora + u" - chiave: "_s + descrizione + u" lok. "_s +
-                           lblID_.Caption() + u" - oper. "_s + m.intestazione;
+                           corrente_.lblID.Caption() + u" - oper. "_s + m.intestazione;
   lblNumTrans.Caption = QString::number(lblNumTrans.Caption().toLongLong() + 1);
 }
 
@@ -147,7 +147,7 @@ Errore Acquisizione::registra_movimento(char tipo) {
 
 // The board shows one cabinet, and by now perhaps another than that of the key.
 void Acquisizione::mostra_lampada(const Movimento& movimento, const ChiaveRegistrata& chiave) {
-  if (chiave.lokera != lblID_.Caption().toLongLong()) return;
+  if (chiave.lokera != corrente_.id()) return;
   if (movimento.operazione == 'P')
     tabellone_.chiave_uscita(chiave.posizione);
   else

@@ -3,7 +3,6 @@
 #include <functional>
 
 #include "access/pannello_live.h"
-#include "forms/controlli.h"
 #include "link/sessione_download.h"
 #include "store/database.h"
 #include "supervisor/movimenti_in_attesa.h"
@@ -17,7 +16,8 @@ namespace lokera {
 class Acquisizione {
  public:
   Acquisizione(Finestra& finestra, Database& db, TimerFactory& timer, SessioneDownload& sessione,
-               PannelloLive& pannello, Tabellone& tabellone, const Label& lblID, Label& lblLetturaTrans);
+               PannelloLive& pannello, Tabellone& tabellone, const LokeraCorrente& corrente,
+               Label& lblLetturaTrans);
 
   /// Reads that many stored records, each booked and acknowledged before the next is asked for. Runs the
   /// loop; input to the window is off meanwhile. Ends at the first record that isn't confirmed in time, and
@@ -51,7 +51,7 @@ class Acquisizione {
   SessioneDownload& sessione_;
   PannelloLive& pannello_;
   Tabellone& tabellone_;
-  const Label& lblID_;
+  const LokeraCorrente& corrente_;
   Label& lblLetturaTrans_;
   int lettura_di_ = -1;       ///< the conversation whose records are being read
   QByteArray da_registrare_;  ///< a record that could not be booked for the moment
