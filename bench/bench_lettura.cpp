@@ -63,8 +63,7 @@ class Pavimento {
 };
 
 void collega(frm_Main& main) {
-  main.lblID.Caption = u"1"_s;
-  main.lblIndirizzoIP.Caption = SitoMisure::indirizzo(1);
+  main.corrente.porta_a(u"1"_s, u"lokera 1"_s, SitoMisure::indirizzo(1));
   main.download.connessione_socket_download();
   if (!main.download.connessa()) rinuncia("lokera");
 }

@@ -23,7 +23,7 @@ const char* parola(const Shape& lampada) {
 
 Cronaca::Cronaca(frm_Main& m, VistaFinestra& vista, FILE* uscita)
     : m_(m), vista_(vista), uscita_(uscita, QIODevice::WriteOnly) {
-  tipi_ = {{&m.lblID, "visita"},
+  tipi_ = {{&m.corrente.lblID, "visita"},
            {&m.lblStatusD, "socket"},
            {&m.lblStatus, "socket_slave"},
            {&m.lblLetturaTrans, "lettura"},

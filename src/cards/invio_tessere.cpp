@@ -24,11 +24,12 @@ QByteArray frame_cancella(qint16 tipo, qint32 posizione) {
 
 }  // namespace
 
-InvioTessere::InvioTessere(Database& db, SessioneDownload& sessione, const Giorno& giorno, const Label& lblID)
+InvioTessere::InvioTessere(Database& db, SessioneDownload& sessione, const Giorno& giorno,
+                           const LokeraCorrente& corrente)
     : db_(db),
       sessione_(sessione),
       giorno_(giorno),
-      lblID_(lblID),
+      corrente_(corrente),
       coda_(db.connessione_db),
       posizioni_(db.connessione_db) {}
 

@@ -4,7 +4,6 @@
 
 #include "access/giorno.h"
 #include "cards/posizioni_tessere.h"
-#include "forms/controlli.h"
 #include "ledger/coda_tessere.h"
 #include "link/sessione_download.h"
 #include "store/database.h"
@@ -14,14 +13,15 @@ namespace lokera {
 /// What a record of a cabinet's archive belongs to.
 enum TipoRecord : qint16 { record_operatore = 0, record_chiave = 1 };
 
-/// Writes card records to the connected cabinet, the one whose number stands in `lblID` when an operation
+/// Writes card records to the connected cabinet, the current one when an operation
 /// begins, and deletes them. Every operation runs the event loop while it waits for the cabinet; the caller
 /// sees to it that nothing else uses `wskDownload` meanwhile. When somebody connects anew all the same, the
 /// operation fails, sends nothing more and leaves the queue alone. The day type is that of the last
 /// `Giorno::tipo_giorno`.
 class InvioTessere {
  public:
-  InvioTessere(Database& db, SessioneDownload& sessione, const Giorno& giorno, const Label& lblID);
+  InvioTessere(Database& db, SessioneDownload& sessione, const Giorno& giorno,
+               const LokeraCorrente& corrente);
 
   /// 0 the record was written and verified, 1 it was not. For an operator card `posizione` comes back as the
   /// allocated position, which is stored before the cabinet is reached; for a key it says where it goes. On
@@ -47,9 +47,7 @@ class InvioTessere {
     int numero;
   };
 
-  Conversazione conversazione() const {
-    return {lblID_.Caption().toLongLong(), sessione_.numero_connessione()};
-  }
+  Conversazione conversazione() const { return {corrente_.id(), sessione_.numero_connessione()}; }
   bool interrotta(const Conversazione& c) const { return sessione_.numero_connessione() != c.numero; }
   bool fallito(const Errore& errore) const;
 
@@ -62,7 +60,7 @@ class InvioTessere {
   Database& db_;
   SessioneDownload& sessione_;
   const Giorno& giorno_;
-  const Label& lblID_;
+  const LokeraCorrente& corrente_;
   CodaTessere coda_;
   PosizioniTessere posizioni_;
 };

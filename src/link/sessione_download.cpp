@@ -18,11 +18,11 @@ constexpr qsizetype minimo_collegamento = 11;
 }  // namespace
 
 SessioneDownload::SessioneDownload(WinsockFactory& fabbrica, PolledWait& attesa, Scambio& scambio,
-                                   const Label& lblIndirizzoIP, Label& lblLetturaTrans)
+                                   const LokeraCorrente& corrente, Label& lblLetturaTrans)
     : wskDownload(fabbrica.crea_winsock()),
       attesa_(attesa),
       scambio_(scambio),
-      lblIndirizzoIP_(lblIndirizzoIP),
+      corrente_(corrente),
       lblLetturaTrans_(lblLetturaTrans) {
   wskDownload->DataArrival = [this](qsizetype n) { wskDownload_DataArrival(n); };
 }
@@ -44,7 +44,7 @@ int SessioneDownload::connessione_socket_download() {
   chiudi_e_attendi();
   if (!in_corso(conversazione)) return conversazione;
   lettura_ = Lettura::mai;
-  const QString indirizzo = normalizza_ip(lblIndirizzoIP_.Caption);
+  const QString indirizzo = corrente_.indirizzo();
   wskDownload->Protocol(Protocol::tcp);
   wskDownload->RemoteHost(indirizzo);
   wskDownload->RemotePort(porta_transazioni);

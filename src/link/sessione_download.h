@@ -3,15 +3,15 @@
 #include <functional>
 #include <memory>
 
-#include "forms/controlli.h"
+#include "link/lokera_corrente.h"
 #include "link/scambio.h"
 #include "platform/polled_wait.h"
 #include "platform/winsock.h"
 
 namespace lokera {
 
-/// The session for commands and stored transactions, cabinet port 10001. It dials the cabinet that
-/// `lblIndirizzoIP` names, and tells its progress in `lblLetturaTrans`.
+/// The session for commands and stored transactions, cabinet port 10001. It dials the current
+/// cabinet, and tells its progress in `lblLetturaTrans`.
 ///
 /// Who talks on it has a conversation, known by its number. It ends when somebody else connects, closes,
 /// takes the session or begins an exchange inside a wait of it; from then on its waits end without an answer,
@@ -19,7 +19,7 @@ namespace lokera {
 class SessioneDownload {
  public:
   SessioneDownload(WinsockFactory& fabbrica, PolledWait& attesa, Scambio& scambio,
-                   const Label& lblIndirizzoIP, Label& lblLetturaTrans);
+                   const LokeraCorrente& corrente, Label& lblLetturaTrans);
 
   /// The number of the conversation that is under way.
   int numero_connessione() const { return numero_connessione_; }
@@ -84,7 +84,7 @@ class SessioneDownload {
 
   PolledWait& attesa_;
   Scambio& scambio_;
-  const Label& lblIndirizzoIP_;
+  const LokeraCorrente& corrente_;
   Label& lblLetturaTrans_;
   int numero_connessione_ = 0;
   Lettura lettura_ = Lettura::mai;

@@ -11,19 +11,18 @@ constexpr quint16 porta_slave = 10002;
 }
 
 SessioneSlave::SessioneSlave(WinsockFactory& fabbrica, PolledWait& attesa, Scambio& scambio,
-                             const Label& lblID, const Label& lblIndirizzoIP, Label& lblStatus)
+                             const LokeraCorrente& corrente, Label& lblStatus)
     : wsk(fabbrica.crea_winsock()),
       attesa_(attesa),
       scambio_(scambio),
-      lblID_(lblID),
-      lblIndirizzoIP_(lblIndirizzoIP),
+      corrente_(corrente),
       lblStatus_(lblStatus) {
   wsk->DataArrival = [this](qsizetype n) { wsk_DataArrival(n); };
 }
 
 void SessioneSlave::connessione_socket() {
-  const QString indirizzo = normalizza_ip(lblIndirizzoIP_.Caption);
-  const qlonglong numero = lblID_.Caption().toLongLong();
+  const QString indirizzo = corrente_.indirizzo();
+  const qlonglong numero = corrente_.id();
   wsk->Close();
   wsk->Protocol(Protocol::tcp);
   wsk->RemoteHost(indirizzo);
@@ -35,7 +34,7 @@ void SessioneSlave::connessione_socket() {
 }
 
 qlonglong SessioneSlave::lokera() const {
-  return lokera_.value_or(lblID_.Caption().toLongLong());
+  return lokera_.value_or(corrente_.id());
 }
 
 void SessioneSlave::wsk_DataArrival(qsizetype /*bytesTotal*/) {

@@ -4,7 +4,7 @@
 #include <memory>
 #include <optional>
 
-#include "forms/controlli.h"
+#include "link/lokera_corrente.h"
 #include "link/scambio.h"
 #include "platform/polled_wait.h"
 #include "platform/winsock.h"
@@ -15,8 +15,8 @@ namespace lokera {
 /// started again; `lblStatus` keeps what the connection gave.
 class SessioneSlave {
  public:
-  SessioneSlave(WinsockFactory& fabbrica, PolledWait& attesa, Scambio& scambio, const Label& lblID,
-                const Label& lblIndirizzoIP, Label& lblStatus);
+  SessioneSlave(WinsockFactory& fabbrica, PolledWait& attesa, Scambio& scambio,
+                const LokeraCorrente& corrente, Label& lblStatus);
 
   /// Returns when connected or given up after more than five seconds; the result stands in `lblStatus`.
   void connessione_socket();
@@ -24,7 +24,7 @@ class SessioneSlave {
   /// Fetches what came into `buffer_ricezione` and hands it to `richiesta`.
   void wsk_DataArrival(qsizetype bytesTotal);
 
-  /// The cabinet at the other end, the `ID` of its row, wherever the cycle has gone since; that of `lblID`
+  /// The cabinet at the other end, the `ID` of its row, wherever the cycle has gone since; the current one
   /// before the first connection, 0 for none.
   qlonglong lokera() const;
 
@@ -35,8 +35,7 @@ class SessioneSlave {
  private:
   PolledWait& attesa_;
   Scambio& scambio_;
-  const Label& lblID_;
-  const Label& lblIndirizzoIP_;
+  const LokeraCorrente& corrente_;
   Label& lblStatus_;
   std::optional<qlonglong> lokera_;
 };

@@ -28,7 +28,7 @@ QString data_ora_record(QByteArrayView frame) {
 }  // namespace
 
 Acquisizione::Acquisizione(Finestra& finestra, Connection& connessione, SessioneDownload& sessione,
-                           Tabellone& tabellone, const Label& lblID, Label& lblLetturaTrans)
+                           Tabellone& tabellone, const LokeraCorrente& corrente, Label& lblLetturaTrans)
     : lblNumTrans(finestra, u"lblNumTrans"_s),
       lblUltimaTrans(finestra, u"lblUltimaTrans"_s),
       shpTrans(finestra, u"shpTrans"_s),
@@ -36,7 +36,7 @@ Acquisizione::Acquisizione(Finestra& finestra, Connection& connessione, Sessione
       registro_(connessione),
       sessione_(sessione),
       tabellone_(tabellone),
-      lblID_(lblID),
+      corrente_(corrente),
       lblLetturaTrans_(lblLetturaTrans) {
   shpTrans.Visible = false;
   sessione_.leggi_transazioni = [this](qint16 n) { leggi_transazioni(n); };
@@ -108,7 +108,7 @@ Esito<ChiaveRegistrata> Acquisizione::registra(Movimento& movimento) {
 void Acquisizione::mostra_ultima(const Movimento& m, const QString& data_ora, const QString& descrizione) {
   const QString verso = m.operazione == tipo_prelievo ? u" OUT "_s : u" IN "_s;
   lblUltimaTrans.Caption = verso + u' ' + data_ora + u" - chiave: "_s + descrizione + u" lok. "_s +
-                           lblID_.Caption() + u" - oper. "_s + m.intestazione;
+                           corrente_.lblID.Caption() + u" - oper. "_s + m.intestazione;
   lblNumTrans.Caption = QString::number(lblNumTrans.Caption().toLongLong() + 1);
 }
 

@@ -2,7 +2,6 @@
 
 #include <functional>
 
-#include "forms/controlli.h"
 #include "ledger/registro.h"
 #include "link/sessione_download.h"
 #include "supervisor/tabellone.h"
@@ -13,7 +12,7 @@ namespace lokera {
 class Acquisizione {
  public:
   Acquisizione(Finestra& finestra, Connection& connessione, SessioneDownload& sessione, Tabellone& tabellone,
-               const Label& lblID, Label& lblLetturaTrans);
+               const LokeraCorrente& corrente, Label& lblLetturaTrans);
 
   /// Reads that many stored records, each booked and acknowledged before the next is asked for. Runs the
   /// loop; input to the window is off meanwhile. Ends at the first record that isn't confirmed in time, and
@@ -40,7 +39,7 @@ class Acquisizione {
   Registro registro_;
   SessioneDownload& sessione_;
   Tabellone& tabellone_;
-  const Label& lblID_;
+  const LokeraCorrente& corrente_;
   Label& lblLetturaTrans_;
   int lettura_di_ = -1;       ///< the conversation whose records are being read
   QByteArray da_registrare_;  ///< a record that could not be booked for the moment

@@ -49,7 +49,7 @@ void aggiungi(SSOleDBGrid& grd, std::initializer_list<CellaNuova> celle) {
 CicloDownload::CicloDownload(Finestra& finestra, const ElencoFinestre& finestre, Database& db,
                              TimerFactory& timer, WinsockFactory& socket, SessioneDownload& sessione,
                              Giorno& giorno, InvioTessere& invio, Tabellone& tabellone,
-                             EtichetteCiclo etichette)
+                             LokeraCorrente& corrente, EtichetteCiclo etichette)
     : grdLokere(finestra, u"grdLokere"_s),
       grdAggOper(finestra, u"grdAggOper"_s),
       TimerDownload(timer.crea_timer()),
@@ -60,6 +60,7 @@ CicloDownload::CicloDownload(Finestra& finestra, const ElencoFinestre& finestre,
       giorno_(giorno),
       invio_(invio),
       tabellone_(tabellone),
+      corrente_(corrente),
       e_(etichette) {
   grdLokere.Caption = u"Lokere"_s;
   grdAggOper.Caption = u"aggiornamento differito operatori"_s;
@@ -147,15 +148,14 @@ void CicloDownload::prossima_lokera(Visita& visita) {
   grdLokere.Row(grdLokere.Row() >= ultima ? 0 : grdLokere.Row() + 1);
   visita.id = grdLokere.cella(grdLokere.Row(), u"id");
   visita.indirizzo = cella(visita, u"indirizzoIP");
-  e_.lblID.Caption = visita.id;
-  e_.lblNome.Caption = u"%1 (%2)"_s.arg(cella(visita, u"descrizione"), cella(visita, u"reset"));
-  e_.lblIndirizzoIP.Caption = visita.indirizzo;
+  const QString nome = u"%1 (%2)"_s.arg(cella(visita, u"descrizione"), cella(visita, u"reset"));
+  corrente_.porta_a(visita.id, nome, visita.indirizzo);
   e_.lblStatusD.Caption = u"OFF line"_s;
 }
 
 void CicloDownload::riempi_coda() {
   grdAggOper.RemoveAll();
-  const auto righe = CodaTessere(db_.connessione_db).per_lokera(e_.lblID.Caption().toLongLong());
+  const auto righe = CodaTessere(db_.connessione_db).per_lokera(corrente_.id());
   if (righe.fallito() && segnala) segnala(righe.errore());
   for (const RigaCoda& r : *righe)
     aggiungi(grdAggOper, {{u"codice", r.tessera}, {u"descrizione", r.intestazione}, {u"oper", r.operazione}});

@@ -14,9 +14,6 @@ namespace lokera {
 
 /// Labels of the main window that the cycle reads and writes.
 struct EtichetteCiclo {
-  Label& lblID;
-  Label& lblNome;
-  Label& lblIndirizzoIP;
   const Label& lblStatus;
   Label& lblStatusD;
   Label& lblLetturaTrans;
@@ -29,7 +26,7 @@ class CicloDownload {
  public:
   CicloDownload(Finestra& finestra, const ElencoFinestre& finestre, Database& db, TimerFactory& timer,
                 WinsockFactory& socket, SessioneDownload& sessione, Giorno& giorno, InvioTessere& invio,
-                Tabellone& tabellone, EtichetteCiclo etichette);
+                Tabellone& tabellone, LokeraCorrente& corrente, EtichetteCiclo etichette);
 
   /// One tick. A tick that falls inside a visit only counts.
   void TimerDownload_Timer();
@@ -85,6 +82,7 @@ class CicloDownload {
   Giorno& giorno_;
   InvioTessere& invio_;
   Tabellone& tabellone_;
+  LokeraCorrente& corrente_;
   EtichetteCiclo e_;
   bool visita_in_corso_ = false;
   bool sospeso_ = false;

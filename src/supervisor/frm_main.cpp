@@ -28,9 +28,7 @@ frm_Main::frm_Main(const AmbientePrincipale& a)
     : Finestra(a.finestre, u"frm_Main"_s),
       a_(a),
       attesa_(a.griglie.attesa),
-      lblID(*this, u"lblID"_s),
-      lblNome(*this, u"lblNome"_s),
-      lblIndirizzoIP(*this, u"lblIndirizzoIP"_s, u"192.168.15.200"_s),
+      corrente(*this),
       lblModalità(*this, u"lblModalità"_s, u"autonomo - STAND-ALONE"_s),
       lblStatus(*this, u"lblStatus"_s, u"OFF Line"_s),
       lblStatusD(*this, u"lblStatusD"_s, u"OFF Line"_s),
@@ -63,16 +61,16 @@ frm_Main::frm_Main(const AmbientePrincipale& a)
       lblTitEsitoSX(*this, u"lblTitEsitoSX"_s, u"esito"_s),
       lblTitEsitoDX(*this, u"lblTitEsitoDX"_s, u"esito"_s),
       lblTitAccesso(*this, u"lblTitAccesso"_s, u"Accesso"_s),
-      slave(a.macchina.socket, attesa_, scambio_, lblID, lblIndirizzoIP, lblStatus),
-      download(a.macchina.socket, attesa_, scambio_, lblIndirizzoIP, lblLetturaTrans),
+      slave(a.macchina.socket, attesa_, scambio_, corrente, lblStatus),
+      download(a.macchina.socket, attesa_, scambio_, corrente, lblLetturaTrans),
       giorno(a.db, a.macchina.orologio, a.traduttore),
       pannello(*this, a.macchina.timer, a.traduttore),
       in_attesa(a.db.connessione_db, a.macchina.timer),
-      tabellone(*this, a.db, lblID),
-      invio(a.db, download, giorno, lblID),
+      tabellone(*this, a.db, corrente),
+      invio(a.db, download, giorno, corrente),
       ciclo(*this, a.finestre, a.db, a.macchina.timer, a.macchina.socket, download, giorno, invio, tabellone,
-            {lblID, lblNome, lblIndirizzoIP, lblStatus, lblStatusD, lblLetturaTrans}),
-      acquisizione(*this, a.db.connessione_db, download, tabellone, lblID, lblLetturaTrans),
+            corrente, {lblStatus, lblStatusD, lblLetturaTrans}),
+      acquisizione(*this, a.db.connessione_db, download, tabellone, corrente, lblLetturaTrans),
       decisioni(a.db, a.macchina.orologio, giorno, pannello, in_attesa, slave),
       fasce(a.db, attesa_, giorno),
       accesso(*this, a.db, a.macchina.orologio, a.traduttore, a.macchina.messaggi, *slave.wsk),
@@ -194,8 +192,8 @@ Errore frm_Main::leggi_lokere() {
 
 void frm_Main::imposta_prima_lokera(const Recordset& rs) {
   cabinet_controllate = true;
-  lblID.Caption = rs.testo(u"id");
-  lblNome.Caption = rs.testo(u"descrizione");
+  corrente.lblID.Caption = rs.testo(u"id");
+  corrente.lblNome.Caption = rs.testo(u"descrizione");
   pannello.modo_slave = rs.numero(u"slot") == 1;
   const int attesa_inizio_ms = static_cast<int>(rs.numero(u"tempo_attesa_inizio") * 100);
   pannello.TimerSX->Interval(attesa_inizio_ms);
@@ -206,7 +204,8 @@ void frm_Main::imposta_prima_lokera(const Recordset& rs) {
     a_.traduttore.traduci_form(*this);
     tradotta_ = true;
   }
-  lblIndirizzoIP.Caption = rs.testo(u"ip_lokera");
+  // Behind the translation, which an address is no word for.
+  corrente.lblIndirizzoIP.Caption = rs.testo(u"ip_lokera");
   const QDateTime aggiornamento = rs.valore(u"orario_aggiornamento_tessere").toDateTime();
   lblOrarioAgg.Caption = aggiornamento.isValid() ? aggiornamento.toString(u"HH:mm"_s) : QString();
   gestito_ = rs.numero(u"funzionamento") == 1;

@@ -62,8 +62,7 @@ class frm_Main : public Finestra {
   Scambio scambio_;
 
  public:
-  // The current cabinet, for the whole program.
-  Label lblID, lblNome, lblIndirizzoIP;
+  LokeraCorrente corrente;
   Label lblModalità;
   Label lblStatus, lblStatusD, lblPorta, lblPortaD, lblSocket, lblSocketD;
   Label lblLetturaTrans, lblOrarioAgg, lblOrario;

@@ -21,7 +21,7 @@ void crea(std::vector<std::unique_ptr<T>>& controlli, Finestra& f, const QString
 
 }  // namespace
 
-Tabellone::Tabellone(Finestra& f, Database& db, const Label& lblID)
+Tabellone::Tabellone(Finestra& f, Database& db, const LokeraCorrente& corrente)
     : keyN(f, u"keyN"_s),
       keyP(f, u"keyP"_s),
       keyU(f, u"keyU"_s),
@@ -29,7 +29,7 @@ Tabellone::Tabellone(Finestra& f, Database& db, const Label& lblID)
       lblKeyP(f, u"lblKeyP"_s, u"chiave all'interno della lokera"_s),
       lblKeyU(f, u"lblKeyU"_s, u"chiave uscita"_s),
       db_(db),
-      lblID_(lblID) {
+      corrente_(corrente) {
   keyN.FillColor = colore_non_gestita;
   keyP.FillColor = colore_presente;
   keyU.FillColor = colore_uscita;
@@ -56,7 +56,7 @@ void Tabellone::mostra(qlonglong posizione, const Shape& legenda, Colore numero)
 }
 
 void Tabellone::mostra_movimento(const Movimento& movimento, const ChiaveRegistrata& chiave) {
-  if (chiave.lokera != lblID_.Caption().toLongLong()) return;
+  if (chiave.lokera != corrente_.id()) return;
   if (movimento.operazione == tipo_prelievo)
     chiave_uscita(chiave.posizione);
   else
@@ -65,11 +65,11 @@ void Tabellone::mostra_movimento(const Movimento& movimento, const ChiaveRegistr
 
 Errore Tabellone::situazione_chiavi() {
   spegni();
-  if (lblID_.Caption().isEmpty()) return {};
+  if (corrente_.nessuna()) return {};
   qlonglong ultima = 0;
   Recordset rs;
   Errore errore = rs.Open(u"select * from tessere_chiavi where lokera = ? order by posizione"_s,
-                          db_.connessione_db, {lblID_.Caption().toLongLong()});
+                          db_.connessione_db, {corrente_.id()});
   while (!errore.fallito() && !rs.eof()) {
     const QVariant posto = rs.valore(u"posizione");
     const qlonglong posizione = posto.isValid() ? posto.toLongLong() : -1;

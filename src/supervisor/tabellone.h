@@ -4,8 +4,8 @@
 #include <memory>
 #include <vector>
 
-#include "forms/controlli.h"
 #include "ledger/movimento.h"
+#include "link/lokera_corrente.h"
 #include "store/database.h"
 
 namespace lokera {
@@ -22,7 +22,7 @@ class NumeroPosizione : public Controllo {
 /// positions count from 1; `posizione` of a key counts from 0.
 class Tabellone {
  public:
-  Tabellone(Finestra& finestra, Database& db, const Label& lblID);
+  Tabellone(Finestra& finestra, Database& db, const LokeraCorrente& corrente);
 
   static constexpr int posizioni = 144;
   static constexpr int pannelli = 8;
@@ -31,10 +31,10 @@ class Tabellone {
   /// Numbers the positions and remembers where the panels stand.
   void prepara();
 
-  /// Draws the cabinet of `lblID`. A failed query leaves the board without keys, and is returned.
+  /// Draws the current cabinet. A failed query leaves the board without keys, and is returned.
   Errore situazione_chiavi();
 
-  /// The lamp of a key that has moved; one of another cabinet than that of `lblID`, or of a position that has
+  /// The lamp of a key that has moved; one of another cabinet than the current one, or of a position that has
   /// no lamp, is ignored.
   void mostra_movimento(const Movimento& movimento, const ChiaveRegistrata& chiave);
 
@@ -56,7 +56,7 @@ class Tabellone {
   void mostra_pannelli(qlonglong ultima);
 
   Database& db_;
-  const Label& lblID_;
+  const LokeraCorrente& corrente_;
   std::vector<std::unique_ptr<SSPanel>> pannelli_;
   std::vector<std::unique_ptr<NumeroPosizione>> numeri_;
   std::vector<std::unique_ptr<Shape>> lampade_;

@@ -148,7 +148,7 @@ TEST_F(DecisioniTest, DecideLaLokeraCollegataNonQuellaDelCiclo) {
   b.chiave(u"1000000004"_s, 2, 1, 5);
   Tabellone& t = b.main().tabellone;
   for (const QString& del_ciclo : {u"2"_s, u"1"_s}) {
-    b.main().lblID.Caption = del_ciclo;
+    b.main().corrente.lblID.Caption = del_ciclo;
     EXPECT_FALSE(b.main().tabellone.situazione_chiavi().fallito());
     tessera("0000000001");
     EXPECT_EQ(chiave("1000000003"), "00091000");

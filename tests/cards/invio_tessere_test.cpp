@@ -17,8 +17,7 @@ class InvioTest : public ::testing::Test {
   InvioTest() : lokera(b.vm, u"127.0.0.2"_s, 10001, [this](const QByteArray& f) { return risposta(f); }) {
     b.tessera(t1);
     b.tessera(t2);
-    b.main().lblID.Caption = u"1"_s;
-    b.main().lblIndirizzoIP.Caption = u"127.000.000.002"_s;
+    b.main().corrente.porta_a(u"1"_s, u"lokera 1"_s, u"127.000.000.002"_s);
     b.main().download.connessione_socket_download();
     EXPECT_TRUE(b.main().download.connessa());
   }
@@ -144,7 +143,7 @@ TEST_F(InvioTest, LaTesseraLasciaIlRegistroConLUltimaLokera) {
   EXPECT_EQ(cancella(t1), 0);
   EXPECT_EQ(lokera.ricevuti, QList<QByteArray>{componi_frame("0003200000")});
   EXPECT_EQ(b.conta(u"tessere_operatori"_s), 2);  // another cabinet still has it pending
-  b.main().lblID.Caption = u"2"_s;
+  b.main().corrente.lblID.Caption = u"2"_s;
   EXPECT_EQ(cancella(t1), 0);  // never was there: no frame, and the last cabinet is served
   EXPECT_EQ(lokera.ricevuti.size(), 1);
   EXPECT_EQ(b.conta(u"tessere_operatori"_s), 1);
@@ -277,8 +276,8 @@ TEST_F(InvioTest, UnaFinestraCheCambiaLokeraNonSpostaLOperazione) {
     const bool scrive = QByteArray(momento_del_cambio) != "00032";
     b.sql(u"delete from aggiorn_tessere_oper"_s);
     for (const int id : {1, 2}) b.in_coda(t1, id, scrive ? u"I"_s : u"D"_s);
-    b.main().lblID.Caption = u"1"_s;
-    durante(momento_del_cambio, [&] { b.main().lblID.Caption = u"2"_s; });
+    b.main().corrente.lblID.Caption = u"1"_s;
+    durante(momento_del_cambio, [&] { b.main().corrente.lblID.Caption = u"2"_s; });
     EXPECT_EQ(scrive ? invia(t1) : cancella(t1), 0);
     EXPECT_EQ(coda(), QStringList{u"0000000001|2|"_s + QLatin1Char(scrive ? 'I' : 'D')})
         << momento_del_cambio;

@@ -17,7 +17,7 @@ using namespace std::chrono_literals;
 class SessioneTest : public ::testing::Test {
  protected:
   SessioneTest() {
-    lblIndirizzoIP.Caption = u"127.000.000.002"_s;
+    corrente.lblIndirizzoIP.Caption = u"127.000.000.002"_s;
     vm.rete().ascolta_tcp(u"127.0.0.2"_s, 10001, [this](std::shared_ptr<Canale> c) {
       canale = std::move(c);
       canale->Arrivo = [this](QByteArrayView dati) {
@@ -40,12 +40,12 @@ class SessioneTest : public ::testing::Test {
   VirtualMachine vm;
   ElencoFinestre elenco;
   Finestra finestra{elenco, u"prova"_s};
-  Label lblIndirizzoIP{finestra, u"lblIndirizzoIP"_s};
+  LokeraCorrente corrente{finestra};
   Label lblLetturaTrans{finestra, u"lblLetturaTrans"_s};
   PolledWait attesa{vm.orologio(), vm.ciclo()};
   Scambio scambio;
   Machine macchina = vm.macchina();
-  SessioneDownload sessione{macchina.socket, attesa, scambio, lblIndirizzoIP, lblLetturaTrans};
+  SessioneDownload sessione{macchina.socket, attesa, scambio, corrente, lblLetturaTrans};
   std::shared_ptr<Canale> canale;
   QList<QByteArray> ricevuti;
   QList<QByteArray> risposte;

@@ -17,9 +17,9 @@ TEST(Avvio, LaPrimaRigaDecideETutteSonoInElenco) {
   frm_Main& m = b.main();
   EXPECT_TRUE(m.cabinet_controllate);
   EXPECT_FALSE(m.modo_slave());
-  EXPECT_EQ(m.lblID.Caption(), u"1"_s);
-  EXPECT_EQ(m.lblNome.Caption(), u"lokera 1"_s);
-  EXPECT_EQ(m.lblIndirizzoIP.Caption(), u"127.000.000.002"_s);
+  EXPECT_EQ(m.corrente.lblID.Caption(), u"1"_s);
+  EXPECT_EQ(m.corrente.lblNome.Caption(), u"lokera 1"_s);
+  EXPECT_EQ(m.corrente.lblIndirizzoIP.Caption(), u"127.000.000.002"_s);
   EXPECT_EQ(m.lblModalità.Caption(), u"autonomo - STAND-ALONE"_s);
   EXPECT_EQ(m.lblOrarioAgg.Caption(), u"06:30"_s);
   EXPECT_EQ(m.pannello.TimerSX->Interval(), 1700);

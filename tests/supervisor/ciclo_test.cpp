@@ -36,13 +36,13 @@ TEST(Ciclo, UnaVisitaNormaleSulFilo) {
   EXPECT_EQ(m.ciclo.grdLokere.cella(0, u"seriale"), u"12345"_s);
   EXPECT_EQ(m.lblStatusD.Caption(), u"ON line"_s);
   EXPECT_EQ(m.lblLetturaTrans.Caption(), u"no data"_s);
-  EXPECT_EQ(m.lblNome.Caption(), u"lokera 1 (0)"_s);
+  EXPECT_EQ(m.corrente.lblNome.Caption(), u"lokera 1 (0)"_s);
   prima.ricevuti.clear();
   b.vm.esegui_per(30s);
-  EXPECT_EQ(m.lblID.Caption(), u"2"_s);
+  EXPECT_EQ(m.corrente.lblID.Caption(), u"2"_s);
   EXPECT_EQ(m.lblStatusD.Caption(), u"OFF line"_s);
   b.vm.esegui_per(30s);
-  EXPECT_EQ(m.lblID.Caption(), u"1"_s);
+  EXPECT_EQ(m.corrente.lblID.Caption(), u"1"_s);
   EXPECT_EQ(codici(prima.ricevuti), (QList<QByteArray>{"00010", "00010", "00039"}));
 }
 
@@ -112,7 +112,7 @@ TEST(Ciclo, ChiScaricaDuranteUnaVisitaNonNeIniziaUnAltra) {
     return buona(f);
   });
   b.main().Form_Load();
-  EXPECT_EQ(b.main().lblID.Caption(), u"1"_s);
+  EXPECT_EQ(b.main().corrente.lblID.Caption(), u"1"_s);
 }
 
 TEST(Ciclo, ConUnAltraFinestraStaFermoMaLeFasceVanno) {
@@ -245,8 +245,7 @@ TEST(Ciclo, UnaFinestraPrendeLaSessioneDiUnaVisita) {
     const auto apri = [&] {
       finestra = std::make_unique<Finestra>(b.console->elenco(), u"frm_tessere"_s);
       if (caso.spegne) m.ciclo.sospendi();
-      m.lblID.Caption = u"9"_s;
-      m.lblIndirizzoIP.Caption = u"127.000.000.009"_s;
+      m.corrente.porta_a(u"9"_s, u"lokera 9"_s, u"127.000.000.009"_s);
       conversazione = m.download.connessione_socket_download();
       EXPECT_EQ(m.download.scambia(componi_frame("000350"), 5, 4), 1);
     };
@@ -264,7 +263,7 @@ TEST(Ciclo, UnaFinestraPrendeLaSessioneDiUnaVisita) {
     EXPECT_TRUE(m.download.connessa());
     EXPECT_EQ(codici(altra.ricevuti), QList<QByteArray>{"00035"}) << "nothing of the visit's";
     EXPECT_EQ(m.ciclo.grdLokere.cella(0, u"errori"), u"0"_s);
-    EXPECT_EQ(m.lblID.Caption(), u"9"_s);
+    EXPECT_EQ(m.corrente.lblID.Caption(), u"9"_s);
     EXPECT_EQ(m.ciclo.TimerDownload->Enabled(), !caso.spegne);
     EXPECT_TRUE(m.Enabled());
     EXPECT_FALSE(m.acquisizione.shpTrans.Visible());

@@ -34,14 +34,14 @@ TEST(Finestre, TheCycleStaysWithItsCabinetWhileOneIsOpen) {
   b.lokera(2);
   b.main().Form_Load();
   b.main().menu.mnuGru.Click();
-  const QString prima = b.main().lblID.Caption();
+  const QString prima = b.main().corrente.lblID.Caption();
   b.vm.esegui_per(5min);
-  EXPECT_EQ(b.main().lblID.Caption(), prima);
+  EXPECT_EQ(b.main().corrente.lblID.Caption(), prima);
   b.console->elenco().trova(u"frm_gruppi")->chiudi();
   QStringList visitate;
   for (int i = 0; i < 10; ++i) {
     b.vm.esegui_per(30s);
-    visitate += b.main().lblID.Caption();
+    visitate += b.main().corrente.lblID.Caption();
   }
   EXPECT_TRUE(visitate.contains(u"1"_s) && visitate.contains(u"2"_s));
 }

@@ -10,7 +10,7 @@ class TabelloneTest : public ::testing::Test {
   TabelloneTest() {
     for (int p = 0; p < Tabellone::pannelli; ++p) t.pnlK(p).Top = 100 * p;
     t.prepara();
-    b.main().lblID.Caption = u"1"_s;
+    b.main().corrente.lblID.Caption = u"1"_s;
   }
   QString pannelli() {
     QString visti;
@@ -51,7 +51,7 @@ TEST_F(TabelloneTest, TreColori) {
   EXPECT_EQ(t.lampade_chiave(2).FillColor(), t.keyN.FillColor());
   EXPECT_EQ(t.lampade_chiave(3).FillColor(), t.keyU.FillColor());
   EXPECT_EQ(t.Num(3).ForeColor(), bianco);
-  b.main().lblID.Caption = QString();
+  b.main().corrente.lblID.Caption = QString();
   EXPECT_FALSE(t.situazione_chiavi().fallito());
   EXPECT_EQ(t.lampade_chiave(3).FillColor(), t.keyN.FillColor());
   EXPECT_EQ(pannelli(), QString());

@@ -86,7 +86,7 @@ void TutteLeFinestre::riempi() {
 void TutteLeFinestre::scrivi_a_lungo() {
   b.main().accesso.mnuAbile_Click();
   b.main().lblOrario.Caption = u"Wednesday   30/11/2008  08:00"_s;
-  b.main().lblNome.Caption = u"Portineria centrale (0)"_s;
+  b.main().corrente.lblNome.Caption = u"Portineria centrale (0)"_s;
   PannelloLive& p = b.main().pannello;
   for (Label* codice : {&p.lblP, &p.lblSX, &p.lblDX}) codice->Caption = u"0000100002"_s;
   b.main().acquisizione.lblUltimaTrans.Caption =
