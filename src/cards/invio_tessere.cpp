@@ -24,9 +24,10 @@ QByteArray frame_cancella(qint16 tipo, qint32 posizione) {
 
 }  // namespace
 
-InvioTessere::InvioTessere(Database& db, SessioneDownload& sessione, const Giorno& giorno,
-                           const LokeraCorrente& corrente)
+InvioTessere::InvioTessere(Database& db, const Clock& orologio, SessioneDownload& sessione,
+                           const Giorno& giorno, const LokeraCorrente& corrente)
     : db_(db),
+      orologio_(orologio),
       sessione_(sessione),
       giorno_(giorno),
       corrente_(corrente),
@@ -39,7 +40,7 @@ bool InvioTessere::fallito(const Errore& errore) const {
 }
 
 // The queue may have turned over since the caller read it: what it says now counts.
-Errore InvioTessere::permessa(const Conversazione& c, const QString& codice, OperazioneCoda operazione,
+Errore InvioTessere::permessa(const Inizio& c, const QString& codice, OperazioneCoda operazione,
                               bool& permessa) {
   std::optional<OperazioneCoda> attesa;
   Errore e = coda_.in_attesa(codice, c.lokera, attesa);
@@ -48,7 +49,7 @@ Errore InvioTessere::permessa(const Conversazione& c, const QString& codice, Ope
 }
 
 qint16 InvioTessere::invia_record_operatore(const QString& codice, qint32& posizione, qint16 tipo) {
-  const Conversazione c = conversazione();
+  const Inizio c = inizio();
   QByteArray record = codice.toLatin1();
   if (tipo == record_operatore) {
     bool da_scrivere = false;
@@ -64,24 +65,23 @@ qint16 InvioTessere::invia_record_operatore(const QString& codice, qint32& posiz
 
 Errore InvioTessere::record_di(const QString& codice, QByteArray& record) {
   Maschera maschera;
-  const QTime adesso = sessione_.attesa().orologio().adesso().time();
+  const QTime adesso = orologio_.adesso().time();
   Errore e = calcola_maschera(db_.connessione_db, codice, giorno_.giorno_corrente(), adesso, maschera);
   if (!e.fallito()) record = codice.toLatin1() + maschera_esadecimale(maschera);
   return e;
 }
 
-bool InvioTessere::scrivi_e_verifica(const Conversazione& c, QByteArrayView testa, const QByteArray& record) {
+bool InvioTessere::scrivi_e_verifica(const Inizio& c, QByteArrayView testa, const QByteArray& record) {
   const QByteArray scrittura = componi_frame("00031" + testa.toByteArray() + record);
-  const qint16 stato = sessione_.scambia_due_volte(scrittura, attesa_scrittura_s);
-  if (interrotta(c) || stato == 0 || stato == 2) return false;
+  if (!accettata(sessione_.scambia_due_volte(scrittura, attesa_scrittura_s)) || interrotta(c)) return false;
   const QByteArray rilettura = componi_frame("00030" + testa.toByteArray());
-  if (sessione_.scambia(rilettura, attesa_rilettura_s, record.size()) != 1 || interrotta(c)) return false;
-  return sessione_.scambio().risposta_dati.startsWith(record);
+  const Esito<QByteArray> risposta = sessione_.scambia(rilettura, attesa_rilettura_s, record.size());
+  return accettata(risposta) && !interrotta(c) && campo_frame(*risposta, 8, record.size()) == record;
 }
 
 // The record lies there for certain now, over whatever was there before. If the card's groups or bands have
 // changed while the cabinet was answering, the queue keeps the card for the next visit.
-Errore InvioTessere::scritta(const Conversazione& c, const QString& codice, qint32 posizione,
+Errore InvioTessere::scritta(const Inizio& c, const QString& codice, qint32 posizione,
                              const QByteArray& record) {
   QByteArray adesso;
   if (Errore e = record_di(codice, adesso); e.fallito()) return e;
@@ -92,14 +92,14 @@ Errore InvioTessere::scritta(const Conversazione& c, const QString& codice, qint
 }
 
 qint16 InvioTessere::cancella_operatore_lokera(const QString& codice, qint32& posizione, qint16 tipo) {
-  const Conversazione c = conversazione();
+  const Inizio c = inizio();
   bool da_cancellare = false;
   if (fallito(permessa(c, codice, OperazioneCoda::cancellazione, da_cancellare)) || !da_cancellare) return 1;
   bool trovata = false;
   if (fallito(posizioni_.libera(codice, c.lokera, posizione, trovata))) return 1;
   if (trovata) {
-    const qint16 stato = sessione_.scambia_due_volte(frame_cancella(tipo, posizione), attesa_scrittura_s);
-    if (interrotta(c) || stato != 1) return 1;
+    const QByteArray frame = frame_cancella(tipo, posizione);
+    if (!accettata(sessione_.scambia_due_volte(frame, attesa_scrittura_s)) || interrotta(c)) return 1;
   }
   const Errore errore = in_transazione(db_.connessione_db, [&] {
     Errore e = trovata ? posizioni_.confermata(c.lokera, posizione) : Errore{};
@@ -109,7 +109,7 @@ qint16 InvioTessere::cancella_operatore_lokera(const QString& codice, qint32& po
 }
 
 qint16 InvioTessere::ripeti_cancellazioni() {
-  const Conversazione c = conversazione();
+  const Inizio c = inizio();
   QList<qint32> posizioni;
   if (fallito(posizioni_.da_confermare(c.lokera, posizioni))) return 1;
   bool tutte = true;
@@ -121,15 +121,13 @@ qint16 InvioTessere::ripeti_cancellazioni() {
   return tutte ? 0 : 1;
 }
 
-bool InvioTessere::ripeti_cancellazione(const Conversazione& c, qint32 posizione, bool& muta) {
+bool InvioTessere::ripeti_cancellazione(const Inizio& c, qint32 posizione, bool& muta) {
   const QByteArray frame = frame_cancella(record_operatore, posizione);
-  const qint16 stato = sessione_.scambia_due_volte(frame, attesa_scrittura_s);
-  muta = stato == 0;
-  if (interrotta(c)) return false;
-  const QByteArray& risposta = sessione_.scambio().buffer_download;
-  const bool assente =
-      stato == 2 && codice_comando(risposta) == "00032" && campo_frame(risposta, 6, 2) == record_assente;
-  if (stato != 1 && !assente) return false;
+  const Esito<QByteArray> risposta = sessione_.scambia_due_volte(frame, attesa_scrittura_s);
+  muta = risposta.fallito();
+  if (muta || interrotta(c)) return false;
+  const bool assente = campo_frame(*risposta, 6, 2) == record_assente;
+  if (!accettata(risposta) && !assente) return false;
   return !fallito(posizioni_.confermata(c.lokera, posizione));
 }
 

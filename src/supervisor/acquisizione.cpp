@@ -134,14 +134,14 @@ void Acquisizione::mostra_ultima(const Movimento& m, const QString& data_ora, co
   lblNumTrans.Caption = QString::number(lblNumTrans.Caption().toLongLong() + 1);
 }
 
-Errore Acquisizione::registra_movimento(char tipo) {
+Errore Acquisizione::registra_movimento(char tipo, const QDateTime& adesso) {
   const bool prelievo = tipo == 'P';
   Movimento movimento;
   movimento.operatore = pannello_.lblP.Caption().left(10);
   movimento.intestazione = pannello_.lblIntestazione.Caption;
   movimento.chiave = (prelievo ? pannello_.lblSX : pannello_.lblDX).Caption().left(10);
   movimento.operazione = tipo;
-  movimento.data = sessione_.attesa().orologio().adesso();
+  movimento.data = adesso;
   return in_attesa.registra(movimento);
 }
 

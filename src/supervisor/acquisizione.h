@@ -28,8 +28,9 @@ class Acquisizione {
   /// Books the record of the frame and acknowledges it after the commit.
   void acquisisci_transazione(const QByteArray& frame);
 
-  /// Books the live movement that the panel shows. A failure says that it waits in `in_attesa`.
-  Errore registra_movimento(char tipo);
+  /// Books the live movement that the panel shows, of this moment. A failure says that it waits in
+  /// `in_attesa`.
+  Errore registra_movimento(char tipo, const QDateTime& adesso);
 
   Label lblNumTrans, lblUltimaTrans;
   Shape shpTrans;

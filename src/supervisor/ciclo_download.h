@@ -25,7 +25,7 @@ struct EtichetteCiclo {
 class CicloDownload {
  public:
   CicloDownload(Finestra& finestra, const ElencoFinestre& finestre, Database& db, TimerFactory& timer,
-                WinsockFactory& socket, SessioneDownload& sessione, Giorno& giorno, InvioTessere& invio,
+                Conversazione& wsk_udp, SessioneDownload& sessione, Giorno& giorno, InvioTessere& invio,
                 Tabellone& tabellone, LokeraCorrente& corrente, EtichetteCiclo etichette);
 
   /// One tick. A tick that falls inside a visit only counts.
@@ -48,7 +48,6 @@ class CicloDownload {
   SSOleDBGrid grdLokere;   ///< the cabinets of this computer; its current row is the current cabinet
   SSOleDBGrid grdAggOper;  ///< operator changes queued for the current cabinet
   std::unique_ptr<Timer> TimerDownload;
-  std::unique_ptr<Winsock> wsk_udp;
 
   static constexpr qint16 tick_tra_visite = 10;
   qint16 conta_tick = 0;    ///< ticks since the last successful visit
@@ -78,6 +77,7 @@ class CicloDownload {
 
   const ElencoFinestre& finestre_;
   Database& db_;
+  Conversazione& wsk_udp_;
   SessioneDownload& sessione_;
   Giorno& giorno_;
   InvioTessere& invio_;

@@ -63,16 +63,17 @@ frm_Main::frm_Main(const AmbientePrincipale& a)
       lblTitAccesso(*this, u"lblTitAccesso"_s, u"Accesso"_s),
       slave(a.macchina.socket, attesa_, scambio_, corrente, lblStatus),
       download(a.macchina.socket, attesa_, scambio_, corrente, lblLetturaTrans),
+      wsk_udp(a.macchina.socket, attesa_),
       giorno(a.db, a.macchina.orologio, a.traduttore),
       pannello(*this, a.macchina.timer, a.traduttore),
       tabellone(*this, a.db, corrente),
-      invio(a.db, download, giorno, corrente),
-      ciclo(*this, a.finestre, a.db, a.macchina.timer, a.macchina.socket, download, giorno, invio, tabellone,
-            corrente, {lblStatus, lblStatusD, lblLetturaTrans}),
+      invio(a.db, a.macchina.orologio, download, giorno, corrente),
+      ciclo(*this, a.finestre, a.db, a.macchina.timer, wsk_udp, download, giorno, invio, tabellone, corrente,
+            {lblStatus, lblStatusD, lblLetturaTrans}),
       acquisizione(*this, a.db, a.macchina.timer, download, pannello, tabellone, corrente, lblLetturaTrans),
       decisioni(a.db, a.macchina.orologio, giorno, pannello, slave),
       fasce(a.db, attesa_, giorno),
-      accesso(*this, a.db, a.macchina.orologio, a.traduttore, a.macchina.messaggi, *slave.wsk),
+      accesso(*this, a.db, a.macchina.orologio, a.traduttore, a.macchina.messaggi, slave),
       menu(*this, a.db, a.finestre, a.traduttore, a.macchina.messaggi, a.macchina.desktop,
            a.macchina.programma),
       griglia_lokere(ciclo.grdLokere, a.griglie),
@@ -86,8 +87,10 @@ frm_Main::frm_Main(const AmbientePrincipale& a)
 void frm_Main::collega_parti() {
   const auto segnala_errore = [this](const Errore& e) { segnala(e); };
   acquisizione.segnala = decisioni.segnala = ciclo.segnala = fasce.segnala = invio.segnala = segnala_errore;
-  slave.richiesta = [this](QByteArray& buffer) { decisioni.smista(buffer); };
-  decisioni.registra_movimento = [this](char tipo) { return acquisizione.registra_movimento(tipo); };
+  slave.richiesta = [this](QByteArray& frame) { decisioni.smista(frame); };
+  decisioni.registra_movimento = [this](char tipo) {
+    return acquisizione.registra_movimento(tipo, a_.macchina.orologio.adesso());
+  };
   decisioni.chiavi_non_registrate = [this](const QString& tessera) {
     return acquisizione.in_attesa.chiavi_uscite(tessera);
   };

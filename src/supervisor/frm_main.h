@@ -75,6 +75,7 @@ class frm_Main : public Finestra {
 
   SessioneSlave slave;
   SessioneDownload download;
+  Conversazione wsk_udp;
   Giorno giorno;
   PannelloLive pannello;
   Tabellone tabellone;
@@ -102,7 +103,7 @@ class frm_Main : public Finestra {
   Errore elenca_lokere(Recordset& rs);
   Errore registra_release();
   Errore registra_computer();
-  QString nome_computer() const { return slave.wsk->LocalHostName(); }
+  QString nome_computer() const { return slave.nome_computer(); }
   QString movimenti_in_attesa_, ultimo_errore_;  ///< the two halves of `lblErrore`
   bool gestito_ = false;                         ///< the first cabinet asks this console for its decisions
   bool tradotta_ = false;  ///< once: a second time would take the translations for Italian

@@ -264,7 +264,7 @@ TEST_F(DecisioniTest, UnFrammentoNonApreNulla) {
 
 TEST_F(DecisioniTest, UnaRichiestaDentroUnAttesaHaRispostaSubito) {
   bool risposto = false;
-  b.main().download.attesa().attendi(20, [&] {
+  b.console->griglie().attesa.attendi(20, [&] {
     if (lokera.ricevuti.isEmpty() && !risposto) {
       lokera.invia(componi_frame("00090..012345678910000000001"));
       risposto = true;

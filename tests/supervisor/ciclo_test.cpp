@@ -247,7 +247,7 @@ TEST(Ciclo, UnaFinestraPrendeLaSessioneDiUnaVisita) {
       if (caso.spegne) m.ciclo.sospendi();
       m.corrente.porta_a(u"9"_s, u"lokera 9"_s, u"127.000.000.009"_s);
       conversazione = m.download.connessione_socket_download();
-      EXPECT_EQ(m.download.scambia(componi_frame("000350"), 5, 4), 1);
+      EXPECT_TRUE(accettata(m.download.scambia(componi_frame("000350"), 5, 4)));
     };
     LokeraFinta lokera(b.vm, u"127.0.0.2"_s, 10001, [&](const QByteArray& f) -> QList<QByteArray> {
       if (!finestra && f.left(5) == caso.durante) {
