@@ -103,6 +103,13 @@ void SessioneDownload::conferma_transazione() {
   wskDownload_.invia(frame_conferma_transazione);
 }
 
+void SessioneDownload::trattieni(int quante, bool tick) {
+  const bool prima = tick_fermi();
+  tenute_ += quante;
+  if (tick) tick_fermi_ += quante;
+  if (tick_fermi() != prima && tick_cambiati) tick_cambiati();
+}
+
 void SessioneDownload::wskDownload_DataArrival(const QByteArray& frame, bool suo) {
   if (suo) scambio_.buffer_download = frame;
   if (!prima_decisione(frame, suo) && suo) seconda_decisione(frame);
@@ -129,13 +136,13 @@ bool SessioneDownload::prima_decisione(const QByteArray& frame, bool suo) {
 bool SessioneDownload::conta_accettata(const QByteArray& frame) const {
   const QByteArrayView numero = campo_frame(frame, 8, 4);
   return risposta_buona(frame) && frame_intero(frame) && frame.size() >= 12 && solo_cifre(numero) &&
-         !wskDownload_.in_attesa();
+         !tenuta() && !wskDownload_.in_attesa();
 }
 
 // One acknowledgement for one request: of two replies to one, or of one that nobody asked for, the second
 // would be acknowledged too, and the cabinet would drop the record behind it unread.
 bool SessioneDownload::record_atteso(const QByteArray& frame) {
-  if (frame.size() <= 30 || !frame_intero(frame)) return false;
+  if (tenuta() || frame.size() <= 30 || !frame_intero(frame)) return false;
   if (lettura_ == Lettura::mai) return true;
   if (lettura_ != Lettura::chiesta) return false;
   lettura_ = Lettura::presa;

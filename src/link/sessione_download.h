@@ -54,6 +54,13 @@ class SessioneDownload {
   /// Acknowledges the record that was taken in, so that the cabinet drops it.
   void conferma_transazione();
 
+  /// Whether a window has the session (`SessioneTenuta`): nobody visits, no stored record is taken in.
+  bool tenuta() const { return tenute_ > 0; }
+  /// Whether a window that has it stops the ticks too.
+  bool tick_fermi() const { return tick_fermi_ > 0; }
+  /// The first of them stops the ticks, or the last no longer does. Must not run the loop.
+  std::function<void()> tick_cambiati;
+
   /// Forgets what the live session brought last.
   void svuota_ricezione() { scambio_.buffer_ricezione.clear(); }
 
@@ -63,6 +70,9 @@ class SessioneDownload {
   std::function<void(const QByteArray& frame)> acquisisci_transazione;
 
  private:
+  friend class SessioneTenuta;
+  void trattieni(int quante, bool tick);
+
   /// How far the reading of a record has come on this connection.
   enum class Lettura { mai, chiesta, presa, confermata };
 
@@ -77,6 +87,8 @@ class SessioneDownload {
   const LokeraCorrente& corrente_;
   Label& lblLetturaTrans_;
   Lettura lettura_ = Lettura::mai;
+  int tenute_ = 0;
+  int tick_fermi_ = 0;  ///< of them, those that stop the ticks
 };
 
 /// Whether the reply came and has the code "00".

@@ -68,6 +68,7 @@ CicloDownload::CicloDownload(Finestra& finestra, const ElencoFinestre& finestre,
   completa(grdAggOper, colonne_coda, true);
   TimerDownload->Interval(intervallo_ms);
   TimerDownload->Evento = [this] { TimerDownload_Timer(); };
+  sessione_.tick_cambiati = [this] { accendi(); };
 }
 
 void CicloDownload::completa_colonne() {
@@ -84,14 +85,8 @@ void CicloDownload::aggiungi_lokera(const QString& id, const QString& descrizion
                        {u"indirizzoIP", indirizzoIP}});
 }
 
-void CicloDownload::sospendi() {
-  sospeso_ = true;
-  TimerDownload->Enabled(false);
-}
-
-void CicloDownload::riprendi() {
-  sospeso_ = false;
-  TimerDownload->Enabled(true);
+void CicloDownload::accendi() {
+  TimerDownload->Enabled(!sessione_.tick_fermi());
 }
 
 void CicloDownload::TimerDownload_Timer() {
@@ -101,7 +96,8 @@ void CicloDownload::TimerDownload_Timer() {
     conta_tick = tick_tra_visite;
   else if (conta_tick < tick_tra_visite)
     ++conta_tick;
-  if (visita_in_corso_ || finestre_.conta() > 1 || conta_tick < tick_tra_visite) return;
+  if (visita_in_corso_ || sessione_.tenuta() || finestre_.conta() > 1) return;
+  if (conta_tick < tick_tra_visite) return;
   visita_in_corso_ = true;
   visita();
   visita_in_corso_ = false;
@@ -140,7 +136,7 @@ void CicloDownload::servi(const Visita& visita) {
     conta_tick = 0;
     sessione_.chiedi_conta();
   }
-  TimerDownload->Enabled(!sospeso_);
+  accendi();
 }
 
 void CicloDownload::prossima_lokera(Visita& visita) {

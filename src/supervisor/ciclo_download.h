@@ -31,10 +31,8 @@ class CicloDownload {
   /// One tick. A tick that falls inside a visit only counts.
   void TimerDownload_Timer();
 
-  /// A window has switched the timer off, and on again: a visit that is under way leaves it as the window
-  /// wants.
-  void sospendi();
-  void riprendi();
+  /// The timer runs from now on, unless a window that has the session stops it (`Fermi::tick`).
+  void accendi();
 
   /// The columns that the cycle keeps its state in, added to those that the layout shows.
   void completa_colonne();
@@ -85,7 +83,6 @@ class CicloDownload {
   LokeraCorrente& corrente_;
   EtichetteCiclo e_;
   bool visita_in_corso_ = false;
-  bool sospeso_ = false;
 };
 
 }  // namespace lokera

@@ -130,7 +130,7 @@ void frm_Main::Form_Load() {
   if (cabinet_controllate && gestito_) slave.connessione_socket();
   ciclo.conta_fascie = CicloDownload::tick_tra_visite - 1;
   ciclo.grdLokere.Row(ciclo.grdLokere.Rows() - 1);
-  ciclo.TimerDownload->Enabled(true);
+  ciclo.accendi();
   ciclo.TimerDownload_Timer();
   // With a live session the first visit, which draws the board, is minutes away.
   if (const Errore errore = tabellone.situazione_chiavi(); errore.fallito()) segnala(errore);

@@ -1,5 +1,6 @@
 #include "aiuti/banco.h"
 #include "link/protocollo.h"
+#include "link/sessione_tenuta.h"
 
 namespace lokera::prova {
 
@@ -240,13 +241,13 @@ TEST(Ciclo, UnaFinestraPrendeLaSessioneDiUnaVisita) {
     b.in_coda(u"0000000001"_s, 1);
     frm_Main& m = b.main();
     std::unique_ptr<Finestra> finestra;
-    int conversazione = 0;
+    std::optional<SessioneTenuta> tenuta;
     LokeraFinta altra(b.vm, u"127.0.0.9"_s, 10001, buona);
     const auto apri = [&] {
       finestra = std::make_unique<Finestra>(b.console->elenco(), u"frm_tessere"_s);
-      if (caso.spegne) m.ciclo.sospendi();
+      tenuta.emplace(m.download, caso.spegne ? Fermi::tick : Fermi::visite);
       m.corrente.porta_a(u"9"_s, u"lokera 9"_s, u"127.000.000.009"_s);
-      conversazione = m.download.connessione_socket_download();
+      tenuta->connetti();
       EXPECT_TRUE(accettata(m.download.scambia(componi_frame("000350"), 5, 4)));
     };
     LokeraFinta lokera(b.vm, u"127.0.0.2"_s, 10001, [&](const QByteArray& f) -> QList<QByteArray> {
@@ -259,7 +260,7 @@ TEST(Ciclo, UnaFinestraPrendeLaSessioneDiUnaVisita) {
     });
     m.Form_Load();
     b.vm.esegui_per(20s);
-    EXPECT_TRUE(m.download.in_corso(conversazione));
+    EXPECT_TRUE(tenuta->mia());
     EXPECT_TRUE(m.download.connessa());
     EXPECT_EQ(codici(altra.ricevuti), QList<QByteArray>{"00035"}) << "nothing of the visit's";
     EXPECT_EQ(m.ciclo.grdLokere.cella(0, u"errori"), u"0"_s);
@@ -268,8 +269,8 @@ TEST(Ciclo, UnaFinestraPrendeLaSessioneDiUnaVisita) {
     EXPECT_TRUE(m.Enabled());
     EXPECT_FALSE(m.acquisizione.shpTrans.Visible());
     const int connessioni = lokera.connessioni;
+    tenuta.reset();
     finestra.reset();
-    m.ciclo.riprendi();
     b.vm.esegui_per(90s);
     EXPECT_EQ(b.conta(u"aggiorn_tessere_oper"_s), 1) << "this cabinet never reads a card back";
     EXPECT_GT(lokera.connessioni, connessioni) << "the next tick visits as ever";
