@@ -89,20 +89,21 @@ class LatoConsole {
     });
     nudo_.connectToHost(normalizza_ip(SitoMisure::indirizzo(1)), porta_nuda);
     main().corrente.porta_a(u"1"_s, u"lokera 1"_s, SitoMisure::indirizzo(1));
-    main().slave.connessione_socket();
+    parti().slave.connessione_socket();
     nudo_.setSocketOption(QAbstractSocket::LowDelayOption, 1);
   }
   /// Reads the whole store of the second cabinet. The labels name the first one all the while, so that its
   /// requests are decided as ever.
   void leggi_altra_lokera() {
     main().corrente.lblIndirizzoIP.Caption = SitoMisure::indirizzo(2);
-    main().download.connessione_socket_download();
-    if (!main().download.connessa()) rinuncia("seconda lokera");
-    main().acquisizione.leggi_transazioni(9999);
+    parti().download.connessione_socket_download();
+    if (!parti().download.connessa()) rinuncia("seconda lokera");
+    parti().acquisizione.leggi_transazioni(9999);
   }
 
  private:
   frm_Main& main() { return console_.principale(); }
+  Supervisore& parti() { return console_.parti(); }
 
   SeiQuery query_;
   QTcpSocket nudo_;

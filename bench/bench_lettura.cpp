@@ -62,10 +62,10 @@ class Pavimento {
   int id_ = movimenti + 1;
 };
 
-void collega(frm_Main& main) {
-  main.corrente.porta_a(u"1"_s, u"lokera 1"_s, SitoMisure::indirizzo(1));
-  main.download.connessione_socket_download();
-  if (!main.download.connessa()) rinuncia("lokera");
+void collega(Supervisore& parti) {
+  parti.principale.corrente.porta_a(u"1"_s, u"lokera 1"_s, SitoMisure::indirizzo(1));
+  parti.download.connessione_socket_download();
+  if (!parti.download.connessa()) rinuncia("lokera");
 }
 
 }  // namespace
@@ -78,19 +78,19 @@ int main(int argc, char** argv) {
   RealMachine computer;
   Console console(computer.macchina());
   if (!console.apri(sito.cartella())) return 1;
-  frm_Main& main = console.principale();
-  collega(main);
+  Supervisore& parti = console.parti();
+  collega(parti);
   Pavimento pavimento(copia, SitoMisure::indirizzo(1));
   Campioni viaggi;
   const Confronto c = a_turno(
-      giri, [&] { main.acquisizione.leggi_transazioni(per_giro); },
+      giri, [&] { parti.acquisizione.leggi_transazioni(per_giro); },
       [&] {
         for (int i = 0; i < per_giro; ++i) pavimento.commit();
         viaggi.aggiungi(cronometra([&] {
           for (int i = 0; i < 2 * per_giro; ++i) pavimento.giro();
         }));
       });
-  if (main.acquisizione.lblNumTrans.Caption().toInt() != (giri + 1) * per_giro) rinuncia("record persi");
+  if (parti.acquisizione.lblNumTrans.Caption().toInt() != (giri + 1) * per_giro) rinuncia("record persi");
   stampa_valore("  of the floor: two bare round trips", viaggi.mediana() / per_giro, 0);
   stampa_rapporto("a stored record read, booked, acknowledged / durable commit + two round trips",
                   c.nostro.mediana() / per_giro, c.pavimento.mediana() / per_giro, 1.3);

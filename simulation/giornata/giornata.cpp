@@ -181,7 +181,7 @@ void Giornata::visitata(const QString& indirizzo) {
   Riscontro r;
   for (int id = 1; const SitoGiornata::Posto& p : sito_.posti()) {
     if (p.cabinet->nome() == indirizzo)
-      riscontra_fasce(seconda_, *p.cabinet, id, console_->principale().giorno.giorno_corrente(),
+      riscontra_fasce(seconda_, *p.cabinet, id, console_->parti().giorno.giorno_corrente(),
                       vm_.orologio().adesso().time(), minuti_di_ritardo, r);
     ++id;
   }
@@ -194,16 +194,16 @@ void Giornata::riscontra() {
   riscontra_chiavi(seconda_, r);
   riscontra_coda(seconda_, r);
   riscontra_registro(seconda_, vicende_->vive(), vicende_->eliminate(), r);
-  frm_Main& main = console_->principale();
-  (void)main.giorno.tipo_giorno();
-  riscontra_tessere(seconda_, sito_, main.giorno.giorno_corrente(), vm_.orologio().adesso().time(), r);
+  Supervisore& parti = console_->parti();
+  (void)parti.giorno.tipo_giorno();
+  riscontra_tessere(seconda_, sito_, parti.giorno.giorno_corrente(), vm_.orologio().adesso().time(), r);
   if (ciclo_.oltre() > 0) r.differenze << u"%1 waits went on past their limit"_s.arg(ciclo_.oltre());
   if (ciclo_.massima() > attesa_massima) r.differenze << u"a wait has a limit beyond all"_s;
   if (ciclo_.profonda() > annidate_al_massimo)
     r.differenze << u"%1 waits stood in one another"_s.arg(ciclo_.profonda());
   if (vm_.ciclo().inondato()) r.differenze << u"time stood still"_s;
-  if (!main.lblErrore.Caption().isEmpty())
-    r.differenze << u"shown at the desk: "_s + main.lblErrore.Caption();
+  if (!parti.principale.lblErrore.Caption().isEmpty())
+    r.differenze << u"shown at the desk: "_s + parti.principale.lblErrore.Caption();
   for (const QString& testo : vm_.messaggi().testi()) r.differenze << u"message: "_s + testo;
   if (vm_.programma().finito) r.differenze << u"the program ended"_s;
   esito_.differenze = osservatore_->differenze() + r.differenze;

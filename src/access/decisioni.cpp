@@ -26,12 +26,12 @@ Decisioni::Decisioni(Database& db, const Clock& orologio, Giorno& giorno, Pannel
       in_attesa_(in_attesa),
       sessione_(sessione) {}
 
-void Decisioni::smista(QByteArray& buffer) {
-  if (buffer.size() < 16 || !buffer.endsWith('\r')) return;
-  const QByteArray codice = codice_comando(buffer).toByteArray();
-  if (codice == "00090" && stato_operazione == ' ') richiesta_operatore(buffer);
-  if (codice == "00091" && stato_operazione == ' ') richiesta_chiave(buffer);
-  if (codice == "00092") esito_operazione(buffer);
+void Decisioni::smista(QByteArray& frame) {
+  if (frame.size() < 16 || !frame_intero(frame)) return;
+  const QByteArray codice = codice_comando(frame).toByteArray();
+  if (codice == "00090" && stato_operazione == ' ') richiesta_operatore(frame);
+  if (codice == "00091" && stato_operazione == ' ') richiesta_chiave(frame);
+  if (codice == "00092") esito_operazione(frame);
 }
 
 void Decisioni::richiesta_operatore(QByteArray& testo) {
@@ -177,10 +177,10 @@ bool Decisioni::esiste(const QString& sql, const QVariantList& valori) {
   return apri(rs, sql, valori) && !rs.eof();
 }
 
-void Decisioni::rispondi(QByteArray& buffer, QByteArrayView risposta) {
+void Decisioni::rispondi(QByteArray& testo, QByteArrayView risposta) {
   const QByteArray frame = componi_frame(risposta);
-  buffer.clear();
-  sessione_.wsk->SendData(frame);
+  testo.clear();
+  sessione_.rispondi(frame);
 }
 
 }  // namespace lokera

@@ -19,9 +19,9 @@ class Decisioni {
   Decisioni(Database& db, const Clock& orologio, Giorno& giorno, PannelloLive& pannello,
             MovimentiInAttesa& in_attesa, SessioneSlave& sessione);
 
-  /// Looks at what came and calls one of the three handlers, or leaves it in the buffer; so it does with a
-  /// fragment, which has no carriage return at its end.
-  void smista(QByteArray& buffer_ricezione);
+  /// Looks at the frame that came and calls one of the three handlers, each of which empties it, or leaves it
+  /// as it is; so it does with a fragment, which has no carriage return at its end.
+  void smista(QByteArray& frame);
 
   void richiesta_operatore(QByteArray& testo);  ///< "00090", operator card at the reader
   void richiesta_chiave(QByteArray& testo);     ///< "00091", key movement wanted
@@ -48,7 +48,7 @@ class Decisioni {
   bool esiste(const QString& sql, const QVariantList& valori);
   bool apri(Recordset& rs, const QString& sql, const QVariantList& valori);
   void esito_lato(PannelloLive::Lato lato, bool prelievo, const QByteArray& codice, QByteArray& risposta);
-  void rispondi(QByteArray& buffer, QByteArrayView risposta);
+  void rispondi(QByteArray& testo, QByteArrayView risposta);
 
   Database& db_;
   const Clock& orologio_;

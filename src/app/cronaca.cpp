@@ -21,15 +21,16 @@ const char* parola(const Shape& lampada) {
 
 }  // namespace
 
-Cronaca::Cronaca(frm_Main& m, VistaFinestra& vista, FILE* uscita)
-    : m_(m), vista_(vista), uscita_(uscita, QIODevice::WriteOnly) {
+Cronaca::Cronaca(Supervisore& parti, VistaFinestra& vista, FILE* uscita)
+    : parti_(parti), vista_(vista), uscita_(uscita, QIODevice::WriteOnly) {
+  frm_Main& m = parti.principale;
   tipi_ = {{&m.corrente.lblID, "visita"},
            {&m.lblStatusD, "socket"},
            {&m.lblStatus, "socket_slave"},
            {&m.lblLetturaTrans, "lettura"},
-           {&m.acquisizione.lblUltimaTrans, "movimento"},
+           {&parti.acquisizione.lblUltimaTrans, "movimento"},
            {&m.lblErrore, "errore"}};
-  const PannelloLive& p = m.pannello;
+  const PannelloLive& p = parti.pannello;
   for (const Controllo* c : std::initializer_list<const Controllo*>{
            &p.ShapeP, &p.ShapeSX, &p.ShapeDX, &p.lblIntestazione, &p.lblP, &p.lblSX, &p.lblDX,
            &p.lampade_esito_5, &p.lampade_esito_6, &p.lampade_esito_7, &p.lampade_esito_8})
@@ -40,7 +41,7 @@ Cronaca::Cronaca(frm_Main& m, VistaFinestra& vista, FILE* uscita)
 }
 
 Cronaca::~Cronaca() {
-  if (viva_) m_.vista(&vista_);
+  if (viva_) parti_.principale.vista(&vista_);
 }
 
 void Cronaca::distrutta(Finestra& finestra) {
@@ -65,7 +66,7 @@ void Cronaca::scrivi(const char* tipo, const QString& testo) {
 }
 
 QString Cronaca::stato_pannello() const {
-  const PannelloLive& p = m_.pannello;
+  const PannelloLive& p = parti_.pannello;
   return u"operatore=%1 [%2] %3 | prelievo=%4 [%5] esito=%6,%7 | riconsegna=%8 [%9] "_s
              .arg(QLatin1StringView(parola(p.ShapeP)), p.lblP.Caption, p.lblIntestazione.Caption)
              .arg(QLatin1StringView(parola(p.ShapeSX)), p.lblSX.Caption)

@@ -7,7 +7,7 @@
 #include <QTimer>
 
 #include "forms/finestra.h"
-#include "supervisor/frm_main.h"
+#include "supervisor/supervisore.h"
 
 namespace lokera {
 
@@ -16,7 +16,7 @@ namespace lokera {
 /// errore.
 class Cronaca : public QObject, public VistaFinestra {
  public:
-  Cronaca(frm_Main& principale, VistaFinestra& vista, FILE* uscita);
+  Cronaca(Supervisore& parti, VistaFinestra& vista, FILE* uscita);
   ~Cronaca() override;
   Q_DISABLE_COPY_MOVE(Cronaca)
 
@@ -33,7 +33,7 @@ class Cronaca : public QObject, public VistaFinestra {
   QString stato_pannello() const;
   void annota_pannello();
 
-  frm_Main& m_;
+  Supervisore& parti_;
   VistaFinestra& vista_;
   bool viva_ = true;
   QTextStream uscita_;

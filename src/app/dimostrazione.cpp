@@ -75,11 +75,11 @@ class Schermate {
 };
 
 /// Neither a visit nor the read of its records is under way.
-bool tutto_letto(const lokera::frm_Main& m) {
-  const QString lettura = m.lblLetturaTrans.Caption;
+bool tutto_letto(const lokera::Supervisore& parti) {
+  const QString lettura = parti.principale.lblLetturaTrans.Caption;
   const bool finita =
       lettura == u"no data"_s || lettura == u"OFF line"_s || lettura.startsWith(u"record read"_s);
-  return finita && !m.acquisizione.shpTrans.Visible;
+  return finita && !parti.acquisizione.shpTrans.Visible;
 }
 
 /// The colours of the panel's lamps, which its pictures are told apart by.
@@ -100,12 +100,13 @@ int main(int argc, char** argv) {
   lokera::Avvio avvio(opzioni.cartella, opzioni.schermo);
   if (!avvio.apri()) return 1;
 
-  lokera::frm_Main& principale = avvio.console().principale();
+  lokera::Supervisore& parti = avvio.console().parti();
+  lokera::frm_Main& principale = parti.principale;
   Schermate schermate(*avvio.schermo().forma(principale), opzioni.schermate);
-  lokera::Cronaca cronaca(principale, *avvio.schermo().collegamento(principale), stdout);
+  lokera::Cronaca cronaca(parti, *avvio.schermo().collegamento(principale), stdout);
   QSet<QList<lokera::Colore>> visti;
   cronaca.Pannello = [&](const QString&) {
-    const QList<lokera::Colore> ora = colori(principale.pannello);
+    const QList<lokera::Colore> ora = colori(parti.pannello);
     if (visti.contains(ora)) return;
     visti.insert(ora);
     schermate.scatta(u"pannello"_s);
@@ -114,11 +115,11 @@ int main(int argc, char** argv) {
   intervallo.callOnTimeout([&schermate] { schermate.scatta(u"principale"_s); });
   intervallo.start(opzioni.ogni * 1000);
   QTimer scarica;
-  scarica.callOnTimeout([&principale] { principale.mnuScarTrans_Click(); });
+  scarica.callOnTimeout([&parti] { parti.ciclo.mnuScarTrans_Click(); });
   if (opzioni.scarica > 0) scarica.start(opzioni.scarica * 1000);
   QTimer seguito;
-  seguito.callOnTimeout([&principale] {
-    if (tutto_letto(principale)) principale.mnuScarTrans_Click();
+  seguito.callOnTimeout([&parti] {
+    if (tutto_letto(parti)) parti.ciclo.mnuScarTrans_Click();
   });
   if (opzioni.di_seguito) seguito.start(20);
   QTimer::singleShot(opzioni.secondi * 1000, [&] {

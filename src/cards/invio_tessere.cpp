@@ -24,9 +24,10 @@ QByteArray frame_cancella(qint16 tipo, qint32 posizione) {
 
 }  // namespace
 
-InvioTessere::InvioTessere(Database& db, SessioneDownload& sessione, const Giorno& giorno,
-                           const LokeraCorrente& corrente)
+InvioTessere::InvioTessere(Database& db, const Clock& orologio, SessioneDownload& sessione,
+                           const Giorno& giorno, const LokeraCorrente& corrente)
     : db_(db),
+      orologio_(orologio),
       sessione_(sessione),
       giorno_(giorno),
       corrente_(corrente),
@@ -39,14 +40,14 @@ bool InvioTessere::fallito(const Errore& errore) const {
 }
 
 // The queue may have turned over since the caller read it: what it says now counts.
-Esito<bool> InvioTessere::permessa(const Conversazione& c, const QString& codice, OperazioneCoda operazione) {
+Esito<bool> InvioTessere::permessa(const Inizio& c, const QString& codice, OperazioneCoda operazione) {
   const auto attesa = coda_.in_attesa(codice, c.lokera);
   if (attesa.fallito()) return attesa.errore();
   return attesa->value_or(operazione) == operazione;
 }
 
 qint16 InvioTessere::invia_record_operatore(const QString& codice, qint32& posizione, qint16 tipo) {
-  const Conversazione c = conversazione();
+  const Inizio c = inizio();
   QByteArray record = codice.toLatin1();
   if (tipo == record_operatore) {
     const auto da_scrivere = permessa(c, codice, OperazioneCoda::scrittura);
@@ -65,24 +66,23 @@ qint16 InvioTessere::invia_record_operatore(const QString& codice, qint32& posiz
 }
 
 Esito<QByteArray> InvioTessere::record_di(const QString& codice) {
-  const QTime adesso = sessione_.attesa().orologio().adesso().time();
+  const QTime adesso = orologio_.adesso().time();
   const auto maschera = calcola_maschera(db_.connessione_db, codice, giorno_.giorno_corrente(), adesso);
   if (maschera.fallito()) return maschera.errore();
   return codice.toLatin1() + maschera_esadecimale(*maschera);
 }
 
-bool InvioTessere::scrivi_e_verifica(const Conversazione& c, QByteArrayView testa, const QByteArray& record) {
+bool InvioTessere::scrivi_e_verifica(const Inizio& c, QByteArrayView testa, const QByteArray& record) {
   const QByteArray scrittura = componi_frame("00031" + testa.toByteArray() + record);
-  const qint16 stato = sessione_.scambia_due_volte(scrittura, attesa_scrittura_s);
-  if (interrotta(c) || stato == 0 || stato == 2) return false;
+  if (!accettata(sessione_.scambia_due_volte(scrittura, attesa_scrittura_s)) || interrotta(c)) return false;
   const QByteArray rilettura = componi_frame("00030" + testa.toByteArray());
-  if (sessione_.scambia(rilettura, attesa_rilettura_s, record.size()) != 1 || interrotta(c)) return false;
-  return sessione_.scambio().risposta_dati.startsWith(record);
+  const Esito<QByteArray> risposta = sessione_.scambia(rilettura, attesa_rilettura_s, record.size());
+  return accettata(risposta) && !interrotta(c) && campo_frame(*risposta, 8, record.size()) == record;
 }
 
 // The record lies there for certain now, over whatever was there before. If the card's groups or bands have
 // changed while the cabinet was answering, the queue keeps the card for the next visit.
-Errore InvioTessere::scritta(const Conversazione& c, const QString& codice, qint32 posizione,
+Errore InvioTessere::scritta(const Inizio& c, const QString& codice, qint32 posizione,
                              const QByteArray& record) {
   const auto adesso = record_di(codice);
   if (adesso.fallito()) return adesso.errore();
@@ -93,7 +93,7 @@ Errore InvioTessere::scritta(const Conversazione& c, const QString& codice, qint
 }
 
 qint16 InvioTessere::cancella_operatore_lokera(const QString& codice, qint32& posizione, qint16 tipo) {
-  const Conversazione c = conversazione();
+  const Inizio c = inizio();
   const auto da_cancellare = permessa(c, codice, OperazioneCoda::cancellazione);
   if (fallito(da_cancellare.errore()) || !*da_cancellare) return 1;
   const auto liberata = posizioni_.libera(codice, c.lokera);
@@ -101,8 +101,8 @@ qint16 InvioTessere::cancella_operatore_lokera(const QString& codice, qint32& po
   const bool trovata = liberata->has_value();
   if (trovata) {
     posizione = **liberata;
-    const qint16 stato = sessione_.scambia_due_volte(frame_cancella(tipo, posizione), attesa_scrittura_s);
-    if (interrotta(c) || stato != 1) return 1;
+    const QByteArray frame = frame_cancella(tipo, posizione);
+    if (!accettata(sessione_.scambia_due_volte(frame, attesa_scrittura_s)) || interrotta(c)) return 1;
   }
   const Errore errore = in_transazione(db_.connessione_db, [&] {
     Errore e = trovata ? posizioni_.confermata(c.lokera, posizione) : Errore{};
@@ -112,7 +112,7 @@ qint16 InvioTessere::cancella_operatore_lokera(const QString& codice, qint32& po
 }
 
 qint16 InvioTessere::ripeti_cancellazioni() {
-  const Conversazione c = conversazione();
+  const Inizio c = inizio();
   const auto posizioni = posizioni_.da_confermare(c.lokera);
   if (fallito(posizioni.errore())) return 1;
   bool tutte = true;
@@ -124,15 +124,13 @@ qint16 InvioTessere::ripeti_cancellazioni() {
   return tutte ? 0 : 1;
 }
 
-bool InvioTessere::ripeti_cancellazione(const Conversazione& c, qint32 posizione, bool& muta) {
+bool InvioTessere::ripeti_cancellazione(const Inizio& c, qint32 posizione, bool& muta) {
   const QByteArray frame = frame_cancella(record_operatore, posizione);
-  const qint16 stato = sessione_.scambia_due_volte(frame, attesa_scrittura_s);
-  muta = stato == 0;
-  if (interrotta(c)) return false;
-  const QByteArray& risposta = sessione_.scambio().buffer_download;
-  const bool assente =
-      stato == 2 && codice_comando(risposta) == "00032" && campo_frame(risposta, 6, 2) == record_assente;
-  if (stato != 1 && !assente) return false;
+  const Esito<QByteArray> risposta = sessione_.scambia_due_volte(frame, attesa_scrittura_s);
+  muta = risposta.fallito();
+  if (muta || interrotta(c)) return false;
+  const bool assente = campo_frame(*risposta, 6, 2) == record_assente;
+  if (!accettata(risposta) && !assente) return false;
   return !fallito(posizioni_.confermata(c.lokera, posizione));
 }
 

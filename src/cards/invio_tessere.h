@@ -13,14 +13,13 @@ namespace lokera {
 /// What a record of a cabinet's archive belongs to.
 enum TipoRecord : qint16 { record_operatore = 0, record_chiave = 1 };
 
-/// Writes card records to the connected cabinet, the current one when an operation
-/// begins, and deletes them. Every operation runs the event loop while it waits for the cabinet; the caller
-/// sees to it that nothing else uses `wskDownload` meanwhile. When somebody connects anew all the same, the
-/// operation fails, sends nothing more and leaves the queue alone. The day type is that of the last
-/// `Giorno::tipo_giorno`.
+/// Writes card records to the connected cabinet, the current one when an operation begins, and deletes them.
+/// Every operation runs the event loop while it waits for the cabinet; the caller sees to it that nothing
+/// else uses the session meanwhile. When somebody connects anew all the same, the operation fails, sends
+/// nothing more and leaves the queue alone. The day type is that of the last `Giorno::tipo_giorno`.
 class InvioTessere {
  public:
-  InvioTessere(Database& db, SessioneDownload& sessione, const Giorno& giorno,
+  InvioTessere(Database& db, const Clock& orologio, SessioneDownload& sessione, const Giorno& giorno,
                const LokeraCorrente& corrente);
 
   /// 0 the record was written and verified, 1 it was not. For an operator card `posizione` comes back as the
@@ -41,23 +40,24 @@ class InvioTessere {
   std::function<void(const Errore&)> segnala;
 
  private:
-  /// The cabinet and the connection that an operation began with.
-  struct Conversazione {
+  /// The cabinet and the conversation that an operation began with.
+  struct Inizio {
     qlonglong lokera;
-    int numero;
+    int conversazione;
   };
 
-  Conversazione conversazione() const { return {corrente_.id(), sessione_.numero_connessione()}; }
-  bool interrotta(const Conversazione& c) const { return sessione_.numero_connessione() != c.numero; }
+  Inizio inizio() const { return {corrente_.id(), sessione_.numero_connessione()}; }
+  bool interrotta(const Inizio& c) const { return !sessione_.in_corso(c.conversazione); }
   bool fallito(const Errore& errore) const;
 
-  Esito<bool> permessa(const Conversazione& c, const QString& codice, OperazioneCoda operazione);
+  Esito<bool> permessa(const Inizio& c, const QString& codice, OperazioneCoda operazione);
   Esito<QByteArray> record_di(const QString& codice);
-  bool scrivi_e_verifica(const Conversazione& c, QByteArrayView testa, const QByteArray& record);
-  Errore scritta(const Conversazione& c, const QString& codice, qint32 posizione, const QByteArray& record);
-  bool ripeti_cancellazione(const Conversazione& c, qint32 posizione, bool& muta);
+  bool scrivi_e_verifica(const Inizio& c, QByteArrayView testa, const QByteArray& record);
+  Errore scritta(const Inizio& c, const QString& codice, qint32 posizione, const QByteArray& record);
+  bool ripeti_cancellazione(const Inizio& c, qint32 posizione, bool& muta);
 
   Database& db_;
+  const Clock& orologio_;
   SessioneDownload& sessione_;
   const Giorno& giorno_;
   const LokeraCorrente& corrente_;

@@ -66,9 +66,9 @@ bool fascia_in_vigore(QTime dalle, QTime alle, QTime adesso) {
   return minuti_tra(dalle, adesso) > -5 && minuti_tra(adesso, alle) >= 0;
 }
 
-Esito<std::vector<ChiaveAppesa>> chiavi_di_tessera(Connection& connessione, const QString& codice, int da,
-                                                   int a) {
-  std::vector<ChiaveAppesa> chiavi;
+Esito<std::vector<ChiaveInPosizione>> chiavi_di_tessera(Connection& connessione, const QString& codice,
+                                                        int da, int a) {
+  std::vector<ChiaveInPosizione> chiavi;
   Recordset rs;
   Errore e = rs.Open(
       u"SELECT tessere_chiavi.posizione, tessere_chiavi.gruppo FROM (gruppi_tessera INNER JOIN"
@@ -92,7 +92,7 @@ Esito<Maschera> calcola_maschera(Connection& connessione, const QString& codice,
   const auto chiavi = chiavi_di_tessera(connessione, codice, 0, posizioni_maschera - 1);
   if (chiavi.fallito()) return chiavi.errore();
   Maschera maschera;
-  for (const ChiaveAppesa& chiave : *chiavi)
+  for (const ChiaveInPosizione& chiave : *chiavi)
     if (fasce->value(chiave.gruppo, true)) maschera.set(static_cast<size_t>(chiave.posizione));
   return maschera;
 }

@@ -27,13 +27,13 @@ QByteArray maschera_esadecimale(const Maschera& maschera);
 bool fascia_in_vigore(QTime dalle, QTime alle, QTime adesso);
 
 /// A key that hangs at a position, counted from 0.
-struct ChiaveAppesa {
+struct ChiaveInPosizione {
   qlonglong posizione, gruppo;
 };
 
 /// The keys of the card's groups, of every cabinet, at the positions `da` to `a`, whatever the hour.
-Esito<std::vector<ChiaveAppesa>> chiavi_di_tessera(Connection& connessione, const QString& codice, int da,
-                                                   int a);
+Esito<std::vector<ChiaveInPosizione>> chiavi_di_tessera(Connection& connessione, const QString& codice,
+                                                        int da, int a);
 
 /// The key positions that the card may open now: the keys of its groups, less those whose bands of the day
 /// `giorno` are all closed.

@@ -1,5 +1,6 @@
 #include "link/sessione_download.h"
 
+#include "link/porte.h"
 #include "link/protocollo.h"
 
 namespace lokera {
@@ -8,33 +9,27 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr quint16 porta_transazioni = 10001;
-
-// How long a reply must be for its reader: code, reply code, and what is looked at behind them.
-constexpr qsizetype testa_risposta = 7;
+// How long a reply must be for its reader, that was cut off.
 constexpr qsizetype cifre_seriale = 10;
 constexpr qsizetype minimo_collegamento = 11;
 
+QByteArrayView seriale(QByteArrayView frame) {
+  return campo_frame(frame, 8, cifre_seriale);
+}
+
 }  // namespace
+
+bool accettata(const Esito<QByteArray>& risposta) {
+  return !risposta.fallito() && risposta_buona(*risposta);
+}
 
 SessioneDownload::SessioneDownload(WinsockFactory& fabbrica, PolledWait& attesa, Scambio& scambio,
                                    const LokeraCorrente& corrente, Label& lblLetturaTrans)
-    : wskDownload(fabbrica.crea_winsock()),
-      attesa_(attesa),
+    : wskDownload_(fabbrica, attesa),
       scambio_(scambio),
       corrente_(corrente),
       lblLetturaTrans_(lblLetturaTrans) {
-  wskDownload->DataArrival = [this](qsizetype n) { wskDownload_DataArrival(n); };
-}
-
-void SessioneDownload::chiudi() {
-  prendi();
-  wskDownload->Close();
-}
-
-void SessioneDownload::chiudi_e_attendi() {
-  wskDownload->Close();
-  attesa_.attendi(3, [this] { return wskDownload->State() == socket_chiuso; });
+  wskDownload_.arrivato = [this](const QByteArray& f, bool suo) { wskDownload_DataArrival(f, suo); };
 }
 
 int SessioneDownload::connessione_socket_download() {
@@ -44,96 +39,80 @@ int SessioneDownload::connessione_socket_download() {
   chiudi_e_attendi();
   if (!in_corso(conversazione)) return conversazione;
   lettura_ = Lettura::mai;
-  const QString indirizzo = corrente_.indirizzo();
-  wskDownload->Protocol(Protocol::tcp);
-  wskDownload->RemoteHost(indirizzo);
-  wskDownload->RemotePort(porta_transazioni);
-  wskDownload->Connect(indirizzo, porta_transazioni);
-  attesa_.attendi_oltre(0);
+  wskDownload_.chiama(corrente_.indirizzo(), porta_transazioni);
+  pausa(0);
   return conversazione;
 }
 
 qint16 SessioneDownload::verifica_collegamento() {
-  const int conversazione = numero_connessione_;
+  const int conversazione = numero_connessione();
   scambio_.risposta_collegamento.clear();
-  const QByteArray frame = componi_frame("00010");
-  const auto risposto = [this] { return !scambio_.risposta_collegamento.isEmpty(); };
+  const auto risposto = [this](const auto&...) { return !scambio_.risposta_collegamento.isEmpty(); };
+  const Atteso risposta{"00010", minimo_collegamento, risposto};
   bool esito = false;
   for (int tentativi = 0; tentativi < 2 && in_corso(conversazione); ++tentativi) {
-    scambio_.buffer_ricezione.clear();
-    esito = chiedi(frame, 2, minimo_collegamento, risposto);
+    svuota_ricezione();
+    wskDownload_.invia(componi_frame("00010"));
+    esito = risposto() || !wskDownload_.attendi(risposta, 2).fallito();
   }
   return esito ? 0 : 1;
 }
 
-QByteArray SessioneDownload::leggi_seriale() {
+Esito<QByteArray> SessioneDownload::leggi_seriale() {
   scambio_.buffer_download.clear();
-  const auto seriale = [this] { return campo_frame(scambio_.buffer_download, 8, cifre_seriale); };
-  const auto dieci_cifre = [&] { return seriale().size() == cifre_seriale && solo_cifre(seriale()); };
-  const bool letto = chiedi(componi_frame("0001B"), 1, testa_risposta + cifre_seriale, dieci_cifre);
-  return letto && risposta_buona(scambio_.buffer_download) ? seriale().toByteArray() : QByteArray();
+  const auto dieci_cifre = [](const QByteArray& frame) {
+    return seriale(frame).size() == cifre_seriale && solo_cifre(seriale(frame));
+  };
+  const Esito<QByteArray> risposta =
+      wskDownload_.chiedi(componi_frame("0001B"), 1, testa_risposta + cifre_seriale, dieci_cifre);
+  if (risposta.fallito()) return risposta.errore();
+  if (!risposta_buona(*risposta))
+    return Errore{risposta_negativa, messaggio_risposta(campo_frame(*risposta, 6, 2))};
+  return seriale(*risposta).toByteArray();
 }
 
-qint16 SessioneDownload::scambia(QByteArrayView frame, int secondi, qsizetype dati) {
+Esito<QByteArray> SessioneDownload::scambia(QByteArrayView frame, int secondi, qsizetype dati) {
   scambio_.stato_risposta = 0;
-  const auto risposto = [this] { return scambio_.stato_risposta != 0; };
-  return chiedi(frame, secondi, testa_risposta + dati, risposto) ? scambio_.stato_risposta : qint16(0);
+  return wskDownload_.chiedi(frame, secondi, testa_risposta + dati);
 }
 
-qint16 SessioneDownload::scambia_due_volte(QByteArrayView frame, int secondi) {
-  const int conversazione = numero_connessione_;
-  const qint16 primo = scambia(frame, secondi);
-  if (!in_corso(conversazione)) return 0;
-  return primo == 0 || primo == 2 ? scambia(frame, secondi) : primo;
+Esito<QByteArray> SessioneDownload::scambia_due_volte(QByteArrayView frame, int secondi) {
+  const int conversazione = numero_connessione();
+  Esito<QByteArray> primo = scambia(frame, secondi);
+  if (!in_corso(conversazione)) return errore_conversazione_finita();
+  return accettata(primo) ? primo : scambia(frame, secondi);
 }
 
-// Sends and waits until `pronta` holds; false also when the conversation ended meanwhile.
-bool SessioneDownload::chiedi(QByteArrayView frame, int secondi, qsizetype minimo,
-                              const std::function<bool()>& pronta) {
-  wskDownload->SendData(frame);
-  return attendi(secondi, codice_comando(frame), minimo, pronta);
-}
-
-bool SessioneDownload::attendi(int secondi, QByteArrayView comando, qsizetype minimo,
-                               const std::function<bool()>& pronta) {
-  // An exchange that begins inside another's wait takes the session from it.
-  if (!scambio_.attesa.comando.isEmpty() && in_corso(scambio_.attesa.conversazione)) prendi();
-  const int conversazione = numero_connessione_;
-  const InAttesa attesa(scambio_, {comando.toByteArray(), minimo, conversazione});
-  attesa_.attendi(secondi, [&] { return !in_corso(conversazione) || pronta(); });
-  return in_corso(conversazione) && pronta();
+void SessioneDownload::chiedi_conta() {
+  wskDownload_.invia(frame_conta_transazioni);
 }
 
 void SessioneDownload::chiedi_transazione() {
   scambio_.conferma_transazione = 'N';
   lettura_ = Lettura::chiesta;
-  wskDownload->SendData(frame_leggi_transazione);
+  wskDownload_.invia(frame_leggi_transazione);
 }
 
 bool SessioneDownload::attendi_conferma(int secondi) {
-  return attendi(secondi, "00037", testa_risposta, [this] { return scambio_.conferma_transazione == 'S'; });
+  const auto confermata = [this](const QByteArray&) { return scambio_.conferma_transazione == 'S'; };
+  return !wskDownload_.attendi({"00037", testa_risposta, confermata}, secondi).fallito();
 }
 
 void SessioneDownload::conferma_transazione() {
   if (lettura_ == Lettura::presa) lettura_ = Lettura::confermata;
-  wskDownload->SendData(frame_conferma_transazione);
+  wskDownload_.invia(frame_conferma_transazione);
 }
 
-void SessioneDownload::wskDownload_DataArrival(qsizetype /*bytesTotal*/) {
-  const QByteArray frame = wskDownload->GetData();
-  // Anything without a reply code is no frame.
-  if (frame.size() < testa_risposta || !solo_ascii(frame)) return;
-  const bool suo = riempie(frame);
+void SessioneDownload::trattieni(int quante, bool tick) {
+  const bool prima = tick_fermi();
+  tenute_ += quante;
+  if (tick) tick_fermi_ += quante;
+  if (tick_fermi() != prima && tick_cambiati) tick_cambiati();
+}
+
+void SessioneDownload::wskDownload_DataArrival(const QByteArray& frame, bool suo) {
   if (suo) scambio_.buffer_download = frame;
   if (!prima_decisione(frame, suo) && suo) seconda_decisione(frame);
-}
-
-// While an exchange waits, only the reply to its own command fills a slot: a late one to an earlier command
-// says nothing about this one.
-bool SessioneDownload::riempie(const QByteArray& frame) const {
-  const Scambio::Attesa& attesa = scambio_.attesa;
-  if (attesa.comando.isEmpty()) return true;
-  return codice_comando(frame) == attesa.comando && (frame_intero(frame) || frame.size() >= attesa.minimo);
 }
 
 // Returns true when nothing else is to be done for this frame.
@@ -157,13 +136,13 @@ bool SessioneDownload::prima_decisione(const QByteArray& frame, bool suo) {
 bool SessioneDownload::conta_accettata(const QByteArray& frame) const {
   const QByteArrayView numero = campo_frame(frame, 8, 4);
   return risposta_buona(frame) && frame_intero(frame) && frame.size() >= 12 && solo_cifre(numero) &&
-         scambio_.attesa.comando.isEmpty();
+         !tenuta() && !wskDownload_.in_attesa();
 }
 
 // One acknowledgement for one request: of two replies to one, or of one that nobody asked for, the second
 // would be acknowledged too, and the cabinet would drop the record behind it unread.
 bool SessioneDownload::record_atteso(const QByteArray& frame) {
-  if (frame.size() <= 30 || !frame_intero(frame)) return false;
+  if (tenuta() || frame.size() <= 30 || !frame_intero(frame)) return false;
   if (lettura_ == Lettura::mai) return true;
   if (lettura_ != Lettura::chiesta) return false;
   lettura_ = Lettura::presa;

@@ -1,13 +1,11 @@
 #pragma once
 
 #include <functional>
-#include <memory>
 #include <optional>
 
+#include "link/conversazione.h"
 #include "link/lokera_corrente.h"
 #include "link/scambio.h"
-#include "platform/polled_wait.h"
-#include "platform/winsock.h"
 
 namespace lokera {
 
@@ -21,19 +19,22 @@ class SessioneSlave {
   /// Returns when connected or given up after more than five seconds; the result stands in `lblStatus`.
   void connessione_socket();
 
-  /// Fetches what came into `buffer_ricezione` and hands it to `richiesta`.
-  void wsk_DataArrival(qsizetype bytesTotal);
+  /// Sends the answer to a request.
+  void rispondi(QByteArrayView frame) { wsk_.invia(frame); }
 
   /// The cabinet at the other end, the `ID` of its row, wherever the cycle has gone since; the current one
   /// before the first connection, 0 for none.
   qlonglong lokera() const;
 
-  std::unique_ptr<Winsock> wsk;
-  /// Decides and answers at once; must not run the loop.
-  std::function<void(QByteArray& buffer_ricezione)> richiesta;
+  QString nome_computer() const { return wsk_.nome_computer(); }
+
+  /// Decides and answers at once; must not run the loop. Empties what it has answered.
+  std::function<void(QByteArray& frame)> richiesta;
 
  private:
-  PolledWait& attesa_;
+  void wsk_DataArrival(QByteArray frame);
+
+  Conversazione wsk_;
   Scambio& scambio_;
   const LokeraCorrente& corrente_;
   Label& lblStatus_;

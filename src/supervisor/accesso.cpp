@@ -19,7 +19,7 @@ bool manca(const QString& testo) {
 }  // namespace
 
 Accesso::Accesso(Finestra& f, Database& db, const Clock& orologio, Traduttore& traduttore,
-                 MessageBox& messaggi, const Winsock& wsk)
+                 MessageBox& messaggi, const SessioneSlave& slave)
     : mnuAbile(f, u"mnuAbile"_s, u"   abilita"_s),
       pctLogin(f, u"pctLogin"_s),
       lblUtente(f, u"lblUtente"_s, u"utente"_s),
@@ -32,7 +32,7 @@ Accesso::Accesso(Finestra& f, Database& db, const Clock& orologio, Traduttore& t
       orologio_(orologio),
       traduttore_(traduttore),
       messaggi_(messaggi),
-      wsk_(wsk) {
+      slave_(slave) {
   pctLogin.Visible = false;
   txtPassword.nascosto = true;
   mnuAbile.Click = [this] { mnuAbile_Click(); };
@@ -44,7 +44,7 @@ Accesso::Accesso(Finestra& f, Database& db, const Clock& orologio, Traduttore& t
 QString Accesso::ultimo_utente() const {
   Recordset rs;
   if (rs.Open(u"SELECT user, ultima_entrata FROM operatori WHERE pc = ? ORDER BY ultima_entrata DESC"_s,
-              db_.connessione_db, {wsk_.LocalHostName()})
+              db_.connessione_db, {slave_.nome_computer()})
           .fallito())
     return {};
   return rs.testo(u"user");
@@ -77,7 +77,7 @@ Esito<Accesso::Verifica> Accesso::verifica_utente(const QString& password) {
   if (manca(password) || rs.testo(u"pwd") != password) return Verifica::password_errata;
   // Who may enter isn't kept out because the moment of the entry can't be written.
   (void)rs.imposta(u"ultima_entrata", orologio_.adesso());
-  (void)rs.imposta(u"pc", wsk_.LocalHostName());
+  (void)rs.imposta(u"pc", slave_.nome_computer());
   (void)rs.Update();
   return Verifica::buona;
 }

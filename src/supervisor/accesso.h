@@ -4,9 +4,9 @@
 
 #include "forms/controlli.h"
 #include "forms/traduttore.h"
+#include "link/sessione_slave.h"
 #include "platform/clock.h"
 #include "platform/dialogs.h"
-#include "platform/winsock.h"
 #include "store/database.h"
 
 namespace lokera {
@@ -15,7 +15,7 @@ namespace lokera {
 class Accesso {
  public:
   Accesso(Finestra& finestra, Database& db, const Clock& orologio, Traduttore& traduttore,
-          MessageBox& messaggi, const Winsock& wsk);
+          MessageBox& messaggi, const SessioneSlave& slave);
 
   void mnuAbile_Click();
   void cmdLogin_Click();
@@ -43,7 +43,7 @@ class Accesso {
   const Clock& orologio_;
   Traduttore& traduttore_;
   MessageBox& messaggi_;
-  const Winsock& wsk_;
+  const SessioneSlave& slave_;
 };
 
 }  // namespace lokera

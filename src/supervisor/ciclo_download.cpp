@@ -2,6 +2,7 @@
 
 #include <span>
 
+#include "link/porte.h"
 #include "link/protocollo.h"
 
 namespace lokera {
@@ -11,7 +12,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int intervallo_ms = 30000;
-constexpr quint16 porta_udp = 3040;
 
 constexpr const char16_t* colonne_lokere[] = {u"id",    u"descrizione", u"errori",
                                               u"reset", u"indirizzoIP", u"seriale"};
@@ -47,15 +47,15 @@ void aggiungi(SSOleDBGrid& grd, std::initializer_list<CellaNuova> celle) {
 }  // namespace
 
 CicloDownload::CicloDownload(Finestra& finestra, const ElencoFinestre& finestre, Database& db,
-                             TimerFactory& timer, WinsockFactory& socket, SessioneDownload& sessione,
+                             TimerFactory& timer, Conversazione& wsk_udp, SessioneDownload& sessione,
                              Giorno& giorno, InvioTessere& invio, Tabellone& tabellone,
                              LokeraCorrente& corrente, EtichetteCiclo etichette)
     : grdLokere(finestra, u"grdLokere"_s),
       grdAggOper(finestra, u"grdAggOper"_s),
       TimerDownload(timer.crea_timer()),
-      wsk_udp(socket.crea_winsock()),
       finestre_(finestre),
       db_(db),
+      wsk_udp_(wsk_udp),
       sessione_(sessione),
       giorno_(giorno),
       invio_(invio),
@@ -68,6 +68,7 @@ CicloDownload::CicloDownload(Finestra& finestra, const ElencoFinestre& finestre,
   completa(grdAggOper, colonne_coda, true);
   TimerDownload->Interval(intervallo_ms);
   TimerDownload->Evento = [this] { TimerDownload_Timer(); };
+  sessione_.tick_cambiati = [this] { accendi(); };
 }
 
 void CicloDownload::completa_colonne() {
@@ -84,14 +85,8 @@ void CicloDownload::aggiungi_lokera(const QString& id, const QString& descrizion
                        {u"indirizzoIP", indirizzoIP}});
 }
 
-void CicloDownload::sospendi() {
-  sospeso_ = true;
-  TimerDownload->Enabled(false);
-}
-
-void CicloDownload::riprendi() {
-  sospeso_ = false;
-  TimerDownload->Enabled(true);
+void CicloDownload::accendi() {
+  TimerDownload->Enabled(!sessione_.tick_fermi());
 }
 
 void CicloDownload::TimerDownload_Timer() {
@@ -101,10 +96,16 @@ void CicloDownload::TimerDownload_Timer() {
     conta_tick = tick_tra_visite;
   else if (conta_tick < tick_tra_visite)
     ++conta_tick;
-  if (visita_in_corso_ || finestre_.conta() > 1 || conta_tick < tick_tra_visite) return;
+  if (visita_in_corso_ || sessione_.tenuta() || finestre_.conta() > 1) return;
+  if (conta_tick < tick_tra_visite) return;
   visita_in_corso_ = true;
   visita();
   visita_in_corso_ = false;
+}
+
+void CicloDownload::mnuScarTrans_Click() {
+  conta_tick = tick_tra_visite;
+  TimerDownload_Timer();
 }
 
 void CicloDownload::conta() {
@@ -138,9 +139,9 @@ void CicloDownload::servi(const Visita& visita) {
   if (mia(visita)) {
     scrivi(visita, u"errori", u"0"_s);
     conta_tick = 0;
-    sessione_.wskDownload->SendData(frame_conta_transazioni);
+    sessione_.chiedi_conta();
   }
-  TimerDownload->Enabled(!sospeso_);
+  accendi();
 }
 
 void CicloDownload::prossima_lokera(Visita& visita) {
@@ -165,18 +166,17 @@ void CicloDownload::riempi_coda() {
 // Connected and answering the link test.
 bool CicloDownload::collega(Visita& visita) {
   visita.conversazione = sessione_.connessione_socket_download();
-  sessione_.attesa().attendi(5, [&] { return sessione_.connessa() || !mia(visita); });
-  if (!sessione_.connessa() || !mia(visita)) return false;
+  if (!mia(visita) || !sessione_.attendi_connessa(5)) return false;
   e_.lblLetturaTrans.Caption = u"Connected"_s;
   return sessione_.verifica_collegamento() == 0;
 }
 
 void CicloDownload::leggi_seriale(const Visita& visita) {
   if (!cella(visita, u"seriale").isEmpty()) return;
-  sessione_.attesa().attendi_oltre(1);
+  sessione_.pausa(1);
   if (!mia(visita)) return;
-  const QByteArray seriale = sessione_.leggi_seriale();
-  if (!seriale.isEmpty()) scrivi(visita, u"seriale", QString::number(seriale.toLongLong()));
+  if (const Esito<QByteArray> seriale = sessione_.leggi_seriale(); !seriale.fallito())
+    scrivi(visita, u"seriale", QString::number(seriale->toLongLong()));
 }
 
 void CicloDownload::invia_coda(const Visita& visita) {
@@ -196,7 +196,7 @@ void CicloDownload::invia_coda(const Visita& visita) {
                                  : invio_.invia_record_operatore(codice, posizione, record_operatore);
     if (!mia(visita)) return;
     grdAggOper.imposta_cella(riga, u"esito", esito == 0 ? u"OK"_s : QString());
-    sessione_.attesa().attendi_oltre(0);
+    sessione_.pausa(0);
     if (!mia(visita)) return;
   }
 }
@@ -209,15 +209,13 @@ void CicloDownload::visita_fallita(const Visita& visita) {
 
 void CicloDownload::azzera_lokera(const Visita& visita) {
   scrivi(visita, u"reset", QString::number(cella(visita, u"reset").toLongLong() + 1));
-  wsk_udp->Close();
-  sessione_.attesa().attendi_oltre(0);
+  wsk_udp_.chiudi();
+  wsk_udp_.pausa(0);
   if (!mia(visita)) return;
   scrivi(visita, u"errori", u"0"_s);
-  sessione_.scambio().buffer_ricezione.clear();
-  wsk_udp->Protocol(Protocol::udp);
-  wsk_udp->RemoteHost(normalizza_ip(visita.indirizzo));
-  wsk_udp->RemotePort(porta_udp);
-  wsk_udp->SendData(componi_frame("00073"));
+  sessione_.svuota_ricezione();
+  wsk_udp_.rivolgi(normalizza_ip(visita.indirizzo), porta_datagrammi);
+  wsk_udp_.invia(componi_frame("00073"));
 }
 
 // Where the cabinet stands in the list now; -1 when it is there no longer.

@@ -25,16 +25,17 @@ struct EtichetteCiclo {
 class CicloDownload {
  public:
   CicloDownload(Finestra& finestra, const ElencoFinestre& finestre, Database& db, TimerFactory& timer,
-                WinsockFactory& socket, SessioneDownload& sessione, Giorno& giorno, InvioTessere& invio,
+                Conversazione& wsk_udp, SessioneDownload& sessione, Giorno& giorno, InvioTessere& invio,
                 Tabellone& tabellone, LokeraCorrente& corrente, EtichetteCiclo etichette);
 
   /// One tick. A tick that falls inside a visit only counts.
   void TimerDownload_Timer();
 
-  /// A window has switched the timer off, and on again: a visit that is under way leaves it as the window
-  /// wants.
-  void sospendi();
-  void riprendi();
+  /// A person wants a visit at once: a tick that counts as the last one before it.
+  void mnuScarTrans_Click();
+
+  /// The timer runs from now on, unless a window that has the session stops it (`Fermi::tick`).
+  void accendi();
 
   /// The columns that the cycle keeps its state in, added to those that the layout shows.
   void completa_colonne();
@@ -48,7 +49,6 @@ class CicloDownload {
   SSOleDBGrid grdLokere;   ///< the cabinets of this computer; its current row is the current cabinet
   SSOleDBGrid grdAggOper;  ///< operator changes queued for the current cabinet
   std::unique_ptr<Timer> TimerDownload;
-  std::unique_ptr<Winsock> wsk_udp;
 
   static constexpr qint16 tick_tra_visite = 10;
   qint16 conta_tick = 0;    ///< ticks since the last successful visit
@@ -78,6 +78,7 @@ class CicloDownload {
 
   const ElencoFinestre& finestre_;
   Database& db_;
+  Conversazione& wsk_udp_;
   SessioneDownload& sessione_;
   Giorno& giorno_;
   InvioTessere& invio_;
@@ -85,7 +86,6 @@ class CicloDownload {
   LokeraCorrente& corrente_;
   EtichetteCiclo e_;
   bool visita_in_corso_ = false;
-  bool sospeso_ = false;
 };
 
 }  // namespace lokera

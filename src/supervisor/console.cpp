@@ -31,9 +31,9 @@ bool Console::apri(const QString& cartella) {
     macchina_.programma.fine();
     return false;
   }
-  principale_ = std::make_unique<frm_Main>(
-      AmbientePrincipale{macchina_, db_, elenco_, traduttore_, griglie_, istanza_precedente_});
-  principale_->menu.apri_finestra = [this](const QString& nome) { finestre_.apri(nome); };
+  parti_ = std::make_unique<Supervisore>(macchina_, db_, elenco_, traduttore_, griglie_);
+  parti_->partenza.istanza_precedente = istanza_precedente_;
+  parti_->menu.apri_finestra = [this](const QString& nome) { finestre_.apri(nome); };
   return true;
 }
 

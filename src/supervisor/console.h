@@ -7,8 +7,8 @@
 
 #include "forms/ambiente.h"
 #include "platform/machine.h"
-#include "supervisor/frm_main.h"
 #include "supervisor/gestore_finestre.h"
+#include "supervisor/supervisore.h"
 
 namespace lokera {
 
@@ -24,7 +24,8 @@ class Console {
   /// and returns false.
   bool apri(const QString& cartella);
 
-  frm_Main& principale() { return *principale_; }
+  frm_Main& principale() { return parti_->principale; }
+  Supervisore& parti() { return *parti_; }
   Database& db() { return db_; }
   ElencoFinestre& elenco() { return elenco_; }
   Traduttore& traduttore() { return traduttore_; }
@@ -42,7 +43,7 @@ class Console {
   PolledWait attesa_;
   Traduttore traduttore_;
   ServiziGriglia griglie_;
-  std::unique_ptr<frm_Main> principale_;
+  std::unique_ptr<Supervisore> parti_;
   GestoreFinestre finestre_;
 };
 

@@ -43,8 +43,8 @@ class DecisioniTest : public ::testing::Test {
   }
   QByteArray esito(const QByteArray& codice) { return chiedi("00092.ABCDEFGHIJ." + codice); }
 
-  PannelloLive& p() { return b.main().pannello; }
-  char stato() { return b.main().decisioni.stato_operazione; }
+  PannelloLive& p() { return b.parti().pannello; }
+  char stato() { return b.parti().decisioni.stato_operazione; }
 
   Banco b;
   LokeraFinta lokera;
@@ -146,10 +146,10 @@ TEST_F(DecisioniTest, ConUnaTesseraRifiutataNonSiPrelevaSiRestituisce) {
 // The session stays with the cabinet that it was opened for, wherever the cycle goes.
 TEST_F(DecisioniTest, DecideLaLokeraCollegataNonQuellaDelCiclo) {
   b.chiave(u"1000000004"_s, 2, 1, 5);
-  Tabellone& t = b.main().tabellone;
+  Tabellone& t = b.parti().tabellone;
   for (const QString& del_ciclo : {u"2"_s, u"1"_s}) {
     b.main().corrente.lblID.Caption = del_ciclo;
-    EXPECT_FALSE(b.main().tabellone.situazione_chiavi().fallito());
+    EXPECT_FALSE(b.parti().tabellone.situazione_chiavi().fallito());
     tessera("0000000001");
     EXPECT_EQ(chiave("1000000003"), "00091000");
     EXPECT_EQ(chiave("1000000001"), "00091001");
@@ -222,15 +222,15 @@ TEST_F(DecisioniTest, IlPrelievoSiVedeSubitoSulTabellone) {
   tessera("0000000001");
   chiave("1000000001");
   esito("03");
-  EXPECT_EQ(b.main().tabellone.lampade_chiave(1).FillColor(), b.main().tabellone.keyU.FillColor());
-  EXPECT_EQ(b.main().tabellone.Num(1).ForeColor(), bianco);
+  EXPECT_EQ(b.parti().tabellone.lampade_chiave(1).FillColor(), b.parti().tabellone.keyU.FillColor());
+  EXPECT_EQ(b.parti().tabellone.Num(1).ForeColor(), bianco);
   EXPECT_EQ(b.uno(u"select operatore from tessere_chiavi where codice = '1000000001'"_s).toString(),
             u"0000000001"_s);
   EXPECT_EQ(b.uno(u"select intestazione from movimenti"_s).toString(), u"operatore 0000000001"_s);
   tessera("0000000001");
   chiave("1000000001", '0');
   esito("01");
-  EXPECT_EQ(b.main().tabellone.lampade_chiave(1).FillColor(), b.main().tabellone.keyP.FillColor());
+  EXPECT_EQ(b.parti().tabellone.lampade_chiave(1).FillColor(), b.parti().tabellone.keyP.FillColor());
   EXPECT_EQ(b.uno(u"select operatore from tessere_chiavi where codice = '1000000001'"_s).toString(), u" "_s);
   EXPECT_EQ(b.conta(u"tessere_chiavi"_s, u"uscita is not null"_s), 0);
 }
@@ -239,7 +239,7 @@ TEST_F(DecisioniTest, ConUnOperazioneApertaSoloLaFineHaRisposta) {
   tessera("0000000001");
   chiave("1000000001");
   EXPECT_EQ(tessera("0000000001"), "-");
-  EXPECT_TRUE(b.console->principale().decisioni.stato_operazione == 'P');
+  EXPECT_TRUE(b.console->parti().decisioni.stato_operazione == 'P');
   EXPECT_EQ(chiave("1000000001"), "-");
   EXPECT_EQ(chiedi("00092.ABC"), "-");  // shorter than sixteen characters
   EXPECT_EQ(chiedi("0009\xC8.ABCDEFGHIJ.03"), "-");
@@ -264,7 +264,7 @@ TEST_F(DecisioniTest, UnFrammentoNonApreNulla) {
 
 TEST_F(DecisioniTest, UnaRichiestaDentroUnAttesaHaRispostaSubito) {
   bool risposto = false;
-  b.main().download.attesa().attendi(20, [&] {
+  b.console->griglie().attesa.attendi(20, [&] {
     if (lokera.ricevuti.isEmpty() && !risposto) {
       lokera.invia(componi_frame("00090..012345678910000000001"));
       risposto = true;

@@ -29,7 +29,7 @@ class FasceTest : public ::testing::Test {
   /// Runs at that time of the day and returns how many pairs it queued; the queue is emptied after.
   qlonglong corsa(QTime ora) {
     b.vm.orologio().imposta(momento(giorno, ora));
-    b.main().fasce.applica_fasce_orarie();
+    b.parti().fasce.applica_fasce_orarie();
     const qlonglong accodate = b.conta(coda);
     b.sql(u"delete from aggiorn_tessere_oper"_s);
     return accodate;
@@ -95,7 +95,7 @@ TEST_F(FasceTest, ChiEInCodaRestaComE) {
   EXPECT_FALSE(
       tessere.accoda_cancellazione_conservando(codice, 1, MotivoConservare::non_raggiunta).fallito());
   b.vm.orologio().imposta(momento(giorno, QTime(8, 0)));
-  b.main().fasce.applica_fasce_orarie();
+  b.parti().fasce.applica_fasce_orarie();
   EXPECT_EQ(b.conta(coda), 2);
   EXPECT_EQ(b.conta(coda, u"operazione = 'D' and ID_lokera = 1"_s), 1);
   EXPECT_EQ(b.conta(coda, u"operazione = 'I' and ID_lokera = 2"_s), 1);
@@ -123,7 +123,7 @@ TEST_F(FasceTest, AncheInMoltiOgnunoUnaVoltaEChiEInCodaRestaComE) {
           {codice(i)});
   }
   b.vm.orologio().imposta(momento(giorno, QTime(8, 0)));
-  b.main().fasce.applica_fasce_orarie();
+  b.parti().fasce.applica_fasce_orarie();
   EXPECT_EQ(b.conta(coda, u"operazione = 'D'"_s), 3);
   EXPECT_EQ(b.conta(coda), 131 * 2 + 131) << "two cabinets with keys of group 5, one of group 6";
   EXPECT_EQ(b.conta(coda, u"ID_lokera = 3"_s), 131);
@@ -131,10 +131,10 @@ TEST_F(FasceTest, AncheInMoltiOgnunoUnaVoltaEChiEInCodaRestaComE) {
 
 TEST_F(FasceTest, UnErroreNonPerdeLaFascia) {
   int segnalati = 0;
-  b.main().fasce.segnala = [&](const Errore&) { ++segnalati; };
+  b.parti().fasce.segnala = [&](const Errore&) { ++segnalati; };
   b.sql(u"alter table aggiorn_tessere_oper rename to via"_s);
   b.vm.orologio().imposta(momento(giorno, QTime(8, 0)));
-  b.main().fasce.applica_fasce_orarie();
+  b.parti().fasce.applica_fasce_orarie();
   EXPECT_EQ(segnalati, 1);
   EXPECT_EQ(b.conta(u"fascie_orarie"_s, u"data_esecuzione is null"_s), 1);
   b.sql(u"alter table via rename to aggiorn_tessere_oper"_s);

@@ -9,8 +9,8 @@ using namespace Qt::StringLiterals;
 
 QString giorno_di(Banco& b, QDate data) {
   b.vm.orologio().imposta(momento(data, QTime(10, 0)));
-  EXPECT_FALSE(b.main().giorno.tipo_giorno().fallito());
-  return b.main().giorno.giorno_corrente();
+  EXPECT_FALSE(b.parti().giorno.tipo_giorno().fallito());
+  return b.parti().giorno.giorno_corrente();
 }
 
 TEST(Giorno, SpecialePrimaDiQuestAnnoPoiDiOgniAnnoPoiSettimana) {
@@ -46,7 +46,7 @@ TEST(Giorno, SuUnFileVecchioFaLaMigrazioneEChiedeDiNuovo) {
   EXPECT_EQ(b.conta(u"giorni_particolari"_s), 0);
   b.sql(u"drop table giorni_particolari"_s);
   b.sql(u"create view giorni_particolari as select 1 as GG"_s);  // no migration mends that
-  EXPECT_EQ(b.main().giorno.tipo_giorno().classe, ClasseErrore::schema);
+  EXPECT_EQ(b.parti().giorno.tipo_giorno().classe, ClasseErrore::schema);
 }
 
 TEST(Giorno, DietroUnBloccoNonDecideENonMigra) {
@@ -56,7 +56,7 @@ TEST(Giorno, DietroUnBloccoNonDecideENonMigra) {
   Connection altra;
   ASSERT_FALSE(altra.Open(b.file(), password_database()).fallito());
   esegui(altra, u"begin exclusive"_s);
-  EXPECT_EQ(b.main().giorno.tipo_giorno().classe, ClasseErrore::bloccato);
+  EXPECT_EQ(b.parti().giorno.tipo_giorno().classe, ClasseErrore::bloccato);
   esegui(altra, u"rollback"_s);
   EXPECT_EQ(giorno_di(b, QDate(2008, 12, 1)), u"Domenica"_s);
   Recordset rs;

@@ -42,6 +42,7 @@ class Banco {
   QString file() const { return cartella.filePath(nome_file_database()); }
   Database& db() { return console->db(); }
   frm_Main& main() { return console->principale(); }
+  Supervisore& parti() { return console->parti(); }
 
   void sql(const QString& statement, const QVariantList& valori = {}) {
     esegui(db().connessione_db, statement, valori);

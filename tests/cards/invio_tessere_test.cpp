@@ -18,8 +18,8 @@ class InvioTest : public ::testing::Test {
     b.tessera(t1);
     b.tessera(t2);
     b.main().corrente.porta_a(u"1"_s, u"lokera 1"_s, u"127.000.000.002"_s);
-    b.main().download.connessione_socket_download();
-    EXPECT_TRUE(b.main().download.connessa());
+    b.parti().download.connessione_socket_download();
+    EXPECT_TRUE(b.parti().download.connessa());
   }
 
   QList<QByteArray> risposta(const QByteArray& frame) {
@@ -31,9 +31,9 @@ class InvioTest : public ::testing::Test {
     return {componi_frame(codice + rifiuto.value_or("00"))};
   }
 
-  qint16 invia(const QString& codice) { return b.main().invio.invia_record_operatore(codice, posizione, 0); }
+  qint16 invia(const QString& codice) { return b.parti().invio.invia_record_operatore(codice, posizione, 0); }
   qint16 cancella(const QString& codice) {
-    return b.main().invio.cancella_operatore_lokera(codice, posizione, 0);
+    return b.parti().invio.cancella_operatore_lokera(codice, posizione, 0);
   }
 
   /// Once, when the cabinet has received a frame of this code and before it answers.
@@ -129,7 +129,7 @@ TEST_F(InvioTest, UnaMascheraCheNonSiCalcolaNonSiInvia) {
 
 TEST_F(InvioTest, UnRecordDiChiaveNonHaMaschera) {
   posizione = 7;
-  EXPECT_EQ(b.main().invio.invia_record_operatore(u"1000000007"_s, posizione, record_chiave), 0);
+  EXPECT_EQ(b.parti().invio.invia_record_operatore(u"1000000007"_s, posizione, record_chiave), 0);
   EXPECT_EQ(lokera.ricevuti[0], componi_frame("00031100071000000007"));
   EXPECT_EQ(b.conta(u"posiz_tessere_oper"_s), 0);
 }
@@ -180,14 +180,14 @@ TEST_F(InvioTest, UnaCancellazioneNonConfermataSiRipete) {
     muta = caso.muta;
     rifiuto = caso.risposta;
     lokera.ricevuti.clear();
-    EXPECT_EQ(b.main().invio.ripeti_cancellazioni(), caso.aperte) << caso.nome;
+    EXPECT_EQ(b.parti().invio.ripeti_cancellazioni(), caso.aperte) << caso.nome;
     EXPECT_EQ(lokera.ricevuti, QList<QByteArray>(caso.frame, componi_frame("0003200000"))) << caso.nome;
     EXPECT_EQ(b.conta(u"cancellazioni_da_confermare"_s), caso.aperte) << caso.nome;
     muta = false;
     rifiuto.reset();
   }
   lokera.ricevuti.clear();
-  EXPECT_EQ(b.main().invio.ripeti_cancellazioni(), 0);
+  EXPECT_EQ(b.parti().invio.ripeti_cancellazioni(), 0);
   EXPECT_TRUE(lokera.ricevuti.isEmpty());
 }
 
@@ -195,7 +195,7 @@ TEST_F(InvioTest, UnaLokeraMutaNonSiInterrogaPerTutte) {
   for (const int p : {0, 1, 2})
     b.sql(u"insert into cancellazioni_da_confermare (ID_lokera, posizione) values (1, ?)"_s, {p});
   muta = true;
-  EXPECT_EQ(b.main().invio.ripeti_cancellazioni(), 1);
+  EXPECT_EQ(b.parti().invio.ripeti_cancellazioni(), 1);
   EXPECT_EQ(lokera.ricevuti.size(), 2);
 }
 
@@ -208,13 +208,13 @@ TEST_F(InvioTest, NonSiCancellaChiHaPresoIlPosto) {
   rilettura.reset();
   lokera.ricevuti.clear();
   rifiuto = "03";
-  EXPECT_EQ(b.main().invio.ripeti_cancellazioni(), 1);  // its own writing still waits: it comes after
+  EXPECT_EQ(b.parti().invio.ripeti_cancellazioni(), 1);  // its own writing still waits: it comes after
   EXPECT_EQ(lokera.ricevuti.size(), 2);
   rifiuto.reset();
   b.sql(u"update aggiorn_tessere_oper set operazione = 'D' where ID_tessera = ?"_s, {t2});
-  EXPECT_EQ(b.main().invio.ripeti_cancellazioni(), 0);
+  EXPECT_EQ(b.parti().invio.ripeti_cancellazioni(), 0);
   b.sql(u"delete from aggiorn_tessere_oper where ID_tessera = ?"_s, {t2});
-  EXPECT_EQ(b.main().invio.ripeti_cancellazioni(), 0);
+  EXPECT_EQ(b.parti().invio.ripeti_cancellazioni(), 0);
   EXPECT_EQ(lokera.ricevuti.size(), 2);  // its record may lie there
   EXPECT_EQ(b.conta(u"cancellazioni_da_confermare"_s), 1);
   EXPECT_EQ(invia(t2), 0);
@@ -262,7 +262,7 @@ TEST_F(InvioTest, ContaCioCheLaCodaDiceAdesso) {
 
 TEST_F(InvioTest, UnaCancellazioneServitaÈTuttaONiente) {
   QStringList detti;
-  b.main().invio.segnala = [&](const Errore& e) { detti << e.descrizione; };
+  b.parti().invio.segnala = [&](const Errore& e) { detti << e.descrizione; };
   b.in_coda(t1, 1, u"D"_s);
   b.sql(u"alter table gruppi_tessera rename to via"_s);
   EXPECT_EQ(cancella(t1), 1);
@@ -291,7 +291,7 @@ TEST_F(InvioTest, SuUnaConnessioneDiAltriNonSiInviaNulla) {
       {"00031", [&] { return invia(t1); }},
       {"00030", [&] { return invia(t1); }},
       {"00032", [&] { return cancella(t1); }},
-      {"00032", [&] { return b.main().invio.ripeti_cancellazioni(); }}};
+      {"00032", [&] { return b.parti().invio.ripeti_cancellazioni(); }}};
   for (const bool risponde : {false, true}) {
     for (const auto& [ultimo, operazione] : operazioni) {
       b.sql(u"delete from aggiorn_tessere_oper"_s);
@@ -301,10 +301,10 @@ TEST_F(InvioTest, SuUnaConnessioneDiAltriNonSiInviaNulla) {
       durante(ultimo, [&] {
         muta = true;
         b.vm.ciclo().fra(100ms, [&] {
-          b.main().download.connessione_socket_download();
+          b.parti().download.connessione_socket_download();
           // A good answer on the new connection is none to what was asked on the old one.
           muta = !risponde;
-          (void)b.main().download.verifica_collegamento();
+          (void)b.parti().download.verifica_collegamento();
         });
       });
       EXPECT_EQ(operazione(), 1) << ultimo.constData();

@@ -32,6 +32,11 @@ class SessioneTest : public ::testing::Test {
     ASSERT_TRUE(sessione.connessa());
   }
 
+  /// As the slot counts: 0 no answer, 1 "00", 2 another code.
+  static qint16 stato(const Esito<QByteArray>& risposta) {
+    return risposta.fallito() ? 0 : accettata(risposta) ? 1 : 2;
+  }
+
   void arriva(const QByteArray& frame) {
     canale->invia(frame);
     vm.esegui_per(100ms);
@@ -148,7 +153,7 @@ TEST_F(SessioneTest, SoloIlComandoPropioRiempieLAttesa) {
   for (const Caso& caso : casi) {
     connetti();
     risposte = {caso.arriva};
-    EXPECT_EQ(sessione.scambia(componi_frame(caso.comando), 2), caso.stato)
+    EXPECT_EQ(stato(sessione.scambia(componi_frame(caso.comando), 2)), caso.stato)
         << caso.comando << ' ' << caso.arriva.toStdString();
   }
   EXPECT_EQ(letture, 0) << "no read begins inside somebody's wait";
@@ -167,7 +172,8 @@ TEST_F(SessioneTest, IlSerialeSonoDieciCifreDelSuoComando) {
   for (const auto& [arriva, seriale] : casi) {
     connetti();
     risposte = {arriva};
-    EXPECT_EQ(sessione.leggi_seriale(), seriale) << arriva.toStdString();
+    const Esito<QByteArray> letto = sessione.leggi_seriale();
+    EXPECT_EQ(letto.fallito() ? QByteArray() : *letto, seriale) << arriva.toStdString();
   }
 }
 
@@ -189,11 +195,10 @@ TEST_F(SessioneTest, UnFrameTagliato) {
   };
   for (const Caso& caso : casi) {
     connetti();
-    scambio.risposta_dati.clear();
     risposte = {caso.arriva};
-    EXPECT_EQ(sessione.scambia(componi_frame(caso.comando), 2, caso.dati), caso.stato)
-        << caso.arriva.toStdString();
-    EXPECT_EQ(scambio.risposta_dati, caso.letti);
+    const Esito<QByteArray> risposta = sessione.scambia(componi_frame(caso.comando), 2, caso.dati);
+    EXPECT_EQ(stato(risposta), caso.stato) << caso.arriva.toStdString();
+    EXPECT_EQ(risposta.fallito() ? QByteArray() : campo_frame(*risposta, 8, caso.dati), caso.letti);
   }
   int presi = 0;
   sessione.leggi_transazioni = [&](qint16) { ++presi; };
@@ -246,7 +251,7 @@ TEST_F(SessioneTest, ChiPrendeLaSessioneFinisceLoScambioDellAltro) {
   const Caso casi[] = {
       {"closes", [&] { sessione.chiudi(); }, {"000310"}},
       {"connects", [&] { sessione.connessione_socket_download(); }, {"000310"}},
-      {"exchanges", [&] { suo = sessione.scambia("000350\r", 5, 4); }, {"000310", "000350"}},
+      {"exchanges", [&] { suo = stato(sessione.scambia("000350\r", 5, 4)); }, {"000310", "000350"}},
   };
   for (const Caso& caso : casi) {
     connetti();
@@ -255,14 +260,13 @@ TEST_F(SessioneTest, ChiPrendeLaSessioneFinisceLoScambioDellAltro) {
     const int mia = sessione.numero_connessione();
     vm.ciclo().fra(100ms, caso.prende);
     const Monotonic inizio = vm.orologio().monotono();
-    EXPECT_EQ(sessione.scambia_due_volte("000310\r", 2), 0) << caso.nome;
+    EXPECT_EQ(sessione.scambia_due_volte("000310\r", 2).errore().numero, conversazione_finita) << caso.nome;
     EXPECT_LT(vm.orologio().monotono() - inizio, 1500ms) << caso.nome;
     EXPECT_FALSE(sessione.in_corso(mia)) << caso.nome;
     vm.esegui_per(50ms);
     QList<QByteArray> codici;
     for (const QByteArray& f : ricevuti) codici << f.left(6);
     EXPECT_EQ(codici, caso.frame) << caso.nome;
-    EXPECT_TRUE(scambio.attesa.comando.isEmpty());
   }
   EXPECT_EQ(suo, 1);
 }
@@ -271,16 +275,16 @@ TEST_F(SessioneTest, UnaConnessionePersaFinisceLAttesaAlSuoLimite) {
   connetti();
   canale->chiudi();
   vm.esegui_per(100ms);
-  EXPECT_NE(sessione.wskDownload->State(), socket_connesso);
+  EXPECT_FALSE(sessione.connessa());
   const Monotonic inizio = vm.orologio().monotono();
-  EXPECT_EQ(sessione.scambia("0003100", 2), 0);
+  EXPECT_EQ(sessione.scambia("0003100", 2).errore().numero, senza_risposta);
   EXPECT_LE(vm.orologio().monotono() - inizio, 3s);
 }
 
 TEST_F(SessioneTest, SecondoTentativoAncheDopoUnRifiuto) {
   connetti();
   risposte = {"000310331\r", "000310031\r"};
-  EXPECT_EQ(sessione.scambia_due_volte(componi_frame("000310"), 2), 1);
+  EXPECT_TRUE(accettata(sessione.scambia_due_volte(componi_frame("000310"), 2)));
   EXPECT_EQ(ricevuti.size(), 2);
 }
 

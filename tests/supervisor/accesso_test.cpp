@@ -15,7 +15,7 @@ struct BancoAccesso : Banco {
       sql(u"insert into operatori (user, pwd) values (?, ?)"_s, {utente, password});
     main().Form_Load();
   }
-  Accesso& a = main().accesso;
+  Accesso& a = parti().accesso;
 
   void entra(const QString& utente, const QString& password) {
     a.mnuAbile_Click();
@@ -24,7 +24,7 @@ struct BancoAccesso : Banco {
     a.cmdLogin_Click();
   }
   bool menu_aperti() {
-    const MenuPrincipale& m = main().menu;
+    const MenuPrincipale& m = parti().menu;
     EXPECT_EQ(m.mnuTab.Enabled(), m.mnuMov.Enabled());
     EXPECT_EQ(m.mnuTab.Enabled(), m.mnuUtilities.Enabled());
     return m.mnuTab.Enabled();

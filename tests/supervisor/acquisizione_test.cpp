@@ -47,8 +47,8 @@ class AcquisizioneTest : public ::testing::Test {
   }
 
   void visita() {
-    if (b.main().ciclo.TimerDownload->Enabled())
-      b.main().mnuScarTrans_Click();
+    if (b.parti().ciclo.TimerDownload->Enabled())
+      b.parti().ciclo.mnuScarTrans_Click();
     else
       b.main().Form_Load();
     b.vm.esegui_per(25s);
@@ -73,16 +73,16 @@ TEST_F(AcquisizioneTest, PrelievoERestituzione) {
   EXPECT_EQ(inviati("00037"), 3);
   EXPECT_EQ(registrati_alla_conferma, (QList<qlonglong>{1, 2, 3}));  // each booked before it is acknowledged
   EXPECT_EQ(registrati_alla_lettura, (QList<qlonglong>{0, 1, 2}));   // and asked for only then
-  EXPECT_EQ(b.main().acquisizione.lblNumTrans.Caption(), u"3"_s);
+  EXPECT_EQ(b.parti().acquisizione.lblNumTrans.Caption(), u"3"_s);
   EXPECT_EQ(b.main().lblLetturaTrans.Caption(), u"record read: 3"_s);
-  EXPECT_EQ(b.main().acquisizione.lblUltimaTrans.Caption(),
+  EXPECT_EQ(b.parti().acquisizione.lblUltimaTrans.Caption(),
             u" OUT  30/11/08 10.15.00 - chiave: chiave 1000000001 lok. 1 - oper. operatore 0000000001"_s);
   EXPECT_EQ(b.uno(u"select max(id) from movimenti"_s), 3);
   EXPECT_EQ(b.uno(u"select operazione from movimenti where id = 2"_s).toString(), u"R"_s);
   EXPECT_EQ(b.uno(u"select uscita from tessere_chiavi"_s).toDateTime(),
             momento(QDate(2008, 11, 30), QTime(10, 15)));
-  EXPECT_EQ(b.main().tabellone.lampade_chiave(4).FillColor(), b.main().tabellone.keyU.FillColor());
-  EXPECT_FALSE(b.main().acquisizione.shpTrans.Visible());
+  EXPECT_EQ(b.parti().tabellone.lampade_chiave(4).FillColor(), b.parti().tabellone.keyU.FillColor());
+  EXPECT_FALSE(b.parti().acquisizione.shpTrans.Visible());
   EXPECT_TRUE(b.main().Enabled());
 }
 
@@ -139,7 +139,7 @@ TEST_F(AcquisizioneTest, ContiCheNonTornano) {
     visita();
     EXPECT_EQ(b.conta(u"movimenti"_s), 1) << testo;
   }
-  EXPECT_FALSE(b.main().acquisizione.shpTrans.Visible());
+  EXPECT_FALSE(b.parti().acquisizione.shpTrans.Visible());
 }
 
 TEST_F(AcquisizioneTest, CioCheNonSiRegistraNonSiConferma) {

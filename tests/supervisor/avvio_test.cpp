@@ -13,29 +13,30 @@ TEST(Avvio, LaPrimaRigaDecideETutteSonoInElenco) {
   b.sql(
       u"update parametri set tempo_attesa_inizio = 17, tempo_di_comunicazione = 800, slot = 0,"
       " orario_aggiornamento_tessere = #06:30# where ID = 1"_s);
-  b.main().trova_lokere_sistema();
+  b.parti().partenza.trova_lokere_sistema();
+  Supervisore& p = b.parti();
   frm_Main& m = b.main();
-  EXPECT_TRUE(m.cabinet_controllate);
-  EXPECT_FALSE(m.modo_slave());
+  EXPECT_TRUE(p.lokere.cabinet_controllate);
+  EXPECT_FALSE(p.lokere.modo_slave());
   EXPECT_EQ(m.corrente.lblID.Caption(), u"1"_s);
   EXPECT_EQ(m.corrente.lblNome.Caption(), u"lokera 1"_s);
   EXPECT_EQ(m.corrente.lblIndirizzoIP.Caption(), u"127.000.000.002"_s);
   EXPECT_EQ(m.lblModalità.Caption(), u"autonomo - STAND-ALONE"_s);
   EXPECT_EQ(m.lblOrarioAgg.Caption(), u"06:30"_s);
-  EXPECT_EQ(m.pannello.TimerSX->Interval(), 1700);
-  EXPECT_EQ(m.pannello.TimerDX->Interval(), 1700);
-  EXPECT_EQ(m.pannello.TimerSlot->Interval(), 1600);
-  ASSERT_EQ(m.ciclo.grdLokere.Rows(), 3);
-  EXPECT_TRUE(m.ciclo.grdLokere.Visible());
-  EXPECT_EQ(m.ciclo.grdLokere.cella(2, u"descrizione"), u"lokera 3"_s);
-  EXPECT_EQ(m.ciclo.grdLokere.cella(2, u"errori"), u"0"_s);
+  EXPECT_EQ(p.pannello.TimerSX->Interval(), 1700);
+  EXPECT_EQ(p.pannello.TimerDX->Interval(), 1700);
+  EXPECT_EQ(p.pannello.TimerSlot->Interval(), 1600);
+  ASSERT_EQ(p.ciclo.grdLokere.Rows(), 3);
+  EXPECT_TRUE(p.ciclo.grdLokere.Visible());
+  EXPECT_EQ(p.ciclo.grdLokere.cella(2, u"descrizione"), u"lokera 3"_s);
+  EXPECT_EQ(p.ciclo.grdLokere.cella(2, u"errori"), u"0"_s);
 }
 
 TEST(Avvio, UnaSolaLokeraNascondeLElenco) {
   Banco b;
   b.lokera(1);
-  b.main().trova_lokere_sistema();
-  EXPECT_FALSE(b.main().ciclo.grdLokere.Visible());
+  b.parti().partenza.trova_lokere_sistema();
+  EXPECT_FALSE(b.parti().ciclo.grdLokere.Visible());
 }
 
 TEST(Avvio, SoloLaPrimaGestitaApreLaSessione) {
@@ -59,7 +60,7 @@ TEST(Avvio, IlTabelloneEDisegnatoSubito) {
   b.lokera(1, 1);
   b.chiave(u"1000000001"_s, 1, 2);
   b.main().Form_Load();
-  Tabellone& t = b.main().tabellone;
+  Tabellone& t = b.parti().tabellone;
   EXPECT_EQ(t.lampade_chiave(3).FillColor(), t.keyP.FillColor());
   EXPECT_TRUE(t.pnlK(0).Visible());
 }
@@ -69,19 +70,19 @@ TEST(Avvio, SenzaLokereNonFaCheContare) {
   b.main().Form_Load();
   EXPECT_EQ(b.main().lblStatusD.Caption(), u"OFF Line"_s);
   EXPECT_EQ(b.uno(u"select nr_seriale_vidimatore from computers where nome_computer = 'PC-CENTRALE'"_s), 1);
-  EXPECT_EQ(b.main().ciclo.conta_fascie, 0);  // the bands run at the first tick
+  EXPECT_EQ(b.parti().ciclo.conta_fascie, 0);  // the bands run at the first tick
   b.vm.esegui_per(300s);
-  EXPECT_EQ(b.main().ciclo.conta_fascie, 0);
-  EXPECT_EQ(b.main().ciclo.conta_tick, 0);
+  EXPECT_EQ(b.parti().ciclo.conta_fascie, 0);
+  EXPECT_EQ(b.parti().ciclo.conta_tick, 0);
 }
 
 TEST(Avvio, MenuChiusiTitoloEReleaseNelFile) {
   Banco b;
   b.lokera(1);
   b.main().Form_Load();
-  for (const Menu* menu : {&b.main().menu.mnuTab, &b.main().menu.mnuMov, &b.main().menu.mnuUtilities})
+  for (const Menu* menu : {&b.parti().menu.mnuTab, &b.parti().menu.mnuMov, &b.parti().menu.mnuUtilities})
     EXPECT_FALSE(menu->Enabled());
-  EXPECT_TRUE(b.main().accesso.mnuAbile.Enabled());
+  EXPECT_TRUE(b.parti().accesso.mnuAbile.Enabled());
   EXPECT_EQ(b.main().Caption(), u"Lokera elettronica - release 30/11/2008"_s);
   EXPECT_EQ(b.uno(u"select release_aggiornamento_programma from parametri"_s).toDateTime().date(),
             QDate(2008, 11, 30));
@@ -125,7 +126,7 @@ TEST(Avvio, UnoSchemaTroppoVecchioSiAggiornaEFinisce) {
   Console prossimo(b.vm.macchina());
   ASSERT_TRUE(prossimo.apri(b.cartella.path()));
   prossimo.principale().Form_Load();
-  EXPECT_TRUE(prossimo.principale().ciclo.TimerDownload->Enabled());
+  EXPECT_TRUE(prossimo.parti().ciclo.TimerDownload->Enabled());
 }
 
 TEST(Avvio, NellaSecondaLinguaLeScritteSonoTradotte) {
@@ -133,10 +134,10 @@ TEST(Avvio, NellaSecondaLinguaLeScritteSonoTradotte) {
   b.lokera(1);
   b.sql(u"update parametri set lingua = 1"_s);
   b.main().Form_Load();
-  EXPECT_EQ(b.main().tabellone.lblKeyU.Caption(), u"Key out"_s);
+  EXPECT_EQ(b.parti().tabellone.lblKeyU.Caption(), u"Key out"_s);
   EXPECT_EQ(b.main().lblStatus.Caption(), u"OFF Line"_s);
   EXPECT_TRUE(b.main().lblOrario.Caption().startsWith(u"Sunday   30/11/2008  08:"_s));
-  b.main().trova_lokere_sistema();  // again, as after the registration of a cabinet
+  b.parti().partenza.trova_lokere_sistema();  // again, as after the registration of a cabinet
   EXPECT_EQ(b.conta(u"traduzioni"_s, u"italiano = 'Key out'"_s), 0);
 }
 

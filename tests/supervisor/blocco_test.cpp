@@ -31,9 +31,9 @@ class BloccoAllAvvio : public ::testing::TestWithParam<bool> {
     if (!console.apri(b.cartella.path())) return;
     if (!GetParam()) altra.blocca(b.vm, durata, come);
     console.principale().Form_Load();
-    caricata = console.principale().ciclo.TimerDownload->Enabled();
-    elenco = console.principale().ciclo.grdLokere.Rows();
-    colonne = console.principale().ciclo.grdLokere.Cols();
+    caricata = console.parti().ciclo.TimerDownload->Enabled();
+    elenco = console.parti().ciclo.grdLokere.Rows();
+    colonne = console.parti().ciclo.grdLokere.Cols();
   }
 
   Banco b;
@@ -94,8 +94,8 @@ TEST(Blocco, DuranteIlLavoroLElencoRestaComEra) {
   b.main().Form_Load();
   AltraConsole altra(b.file());
   altra.blocca(b.vm, 5s);
-  b.main().trova_lokere_sistema();
-  EXPECT_EQ(b.main().ciclo.grdLokere.Rows(), 2);
+  b.parti().partenza.trova_lokere_sistema();
+  EXPECT_EQ(b.parti().ciclo.grdLokere.Rows(), 2);
   EXPECT_FALSE(b.vm.programma().finito);
   EXPECT_TRUE(b.main().lblErrore.Caption().contains(u"occupato"_s));
 }

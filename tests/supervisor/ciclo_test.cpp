@@ -1,5 +1,6 @@
 #include "aiuti/banco.h"
 #include "link/protocollo.h"
+#include "link/sessione_tenuta.h"
 
 namespace lokera::prova {
 
@@ -29,11 +30,12 @@ TEST(Ciclo, UnaVisitaNormaleSulFilo) {
   LokeraFinta prima(b.vm, u"127.0.0.2"_s, 10001, buona);
   b.main().Form_Load();
   b.vm.esegui_per(1s);
+  Supervisore& p = b.parti();
   frm_Main& m = b.main();
-  EXPECT_EQ(m.ciclo.grdLokere.Row(), 0);  // the first visit goes to the first row
+  EXPECT_EQ(p.ciclo.grdLokere.Row(), 0);  // the first visit goes to the first row
   EXPECT_EQ(codici(prima.ricevuti), (QList<QByteArray>{"00010", "00010", "0001B", "00039"}));
   EXPECT_EQ(prima.ricevuti.last(), QByteArray(frame_conta_transazioni));
-  EXPECT_EQ(m.ciclo.grdLokere.cella(0, u"seriale"), u"12345"_s);
+  EXPECT_EQ(p.ciclo.grdLokere.cella(0, u"seriale"), u"12345"_s);
   EXPECT_EQ(m.lblStatusD.Caption(), u"ON line"_s);
   EXPECT_EQ(m.lblLetturaTrans.Caption(), u"no data"_s);
   EXPECT_EQ(m.corrente.lblNome.Caption(), u"lokera 1 (0)"_s);
@@ -57,7 +59,7 @@ TEST(Ciclo, OgniSecondoFallimentoUnReset) {
   for (const int resets : attesi) {
     b.vm.esegui_per(100ms);
     EXPECT_EQ(datagrammi.size(), resets);
-    EXPECT_EQ(b.main().ciclo.grdLokere.cella(0, u"reset"), QString::number(resets));
+    EXPECT_EQ(b.parti().ciclo.grdLokere.cella(0, u"reset"), QString::number(resets));
     EXPECT_EQ(b.main().lblLetturaTrans.Caption(), u"OFF line"_s);
     b.vm.esegui_per(29900ms);
   }
@@ -71,14 +73,14 @@ TEST(Ciclo, UnaRiuscitaInMezzoAzzeraGliErrori) {
   LokeraFinta lokera(b.vm, u"127.0.0.2"_s, 10001,
                      [&](const QByteArray& f) { return risponde ? buona(f) : QList<QByteArray>{}; });
   b.main().Form_Load();
-  EXPECT_EQ(b.main().ciclo.grdLokere.cella(0, u"errori"), u"1"_s);
+  EXPECT_EQ(b.parti().ciclo.grdLokere.cella(0, u"errori"), u"1"_s);
   risponde = true;
   b.vm.esegui_per(30s);
-  EXPECT_EQ(b.main().ciclo.grdLokere.cella(0, u"errori"), u"0"_s);
+  EXPECT_EQ(b.parti().ciclo.grdLokere.cella(0, u"errori"), u"0"_s);
   risponde = false;
   b.vm.esegui_per(30s);
-  EXPECT_EQ(b.main().ciclo.grdLokere.cella(0, u"errori"), u"1"_s);
-  EXPECT_EQ(b.main().ciclo.grdLokere.cella(0, u"reset"), u"0"_s);
+  EXPECT_EQ(b.parti().ciclo.grdLokere.cella(0, u"errori"), u"1"_s);
+  EXPECT_EQ(b.parti().ciclo.grdLokere.cella(0, u"reset"), u"0"_s);
 }
 
 TEST(Ciclo, ConLaSessioneVivaUnaVisitaOgniDieciTick) {
@@ -99,7 +101,7 @@ TEST(Ciclo, ConLaSessioneVivaUnaVisitaOgniDieciTick) {
   EXPECT_EQ(lokera.connessioni, 2);  // this one fails, and the next tick moves at once
   b.vm.esegui_per(30s);
   EXPECT_EQ(lokera.connessioni, 3);
-  b.main().mnuScarTrans_Click();
+  b.parti().ciclo.mnuScarTrans_Click();
   EXPECT_EQ(lokera.connessioni, 4);
 }
 
@@ -108,7 +110,7 @@ TEST(Ciclo, ChiScaricaDuranteUnaVisitaNonNeIniziaUnAltra) {
   b.lokera(1);
   b.lokera(2);
   LokeraFinta lokera(b.vm, u"127.0.0.2"_s, 10001, [&](const QByteArray& f) {
-    if (f.left(5) == "00010") b.main().mnuScarTrans_Click();
+    if (f.left(5) == "00010") b.parti().ciclo.mnuScarTrans_Click();
     return buona(f);
   });
   b.main().Form_Load();
@@ -122,10 +124,10 @@ TEST(Ciclo, ConUnAltraFinestraStaFermoMaLeFasceVanno) {
   b.main().Form_Load();
   const int prima = lokera.connessioni;
   int corse = 0;
-  b.main().ciclo.applica_fasce_orarie = [&] { ++corse; };
+  b.parti().ciclo.applica_fasce_orarie = [&] { ++corse; };
   {
     Finestra altra(b.console->elenco(), u"frm_tessere"_s);
-    b.main().mnuScarTrans_Click();
+    b.parti().ciclo.mnuScarTrans_Click();
     b.vm.esegui_per(300s);
     EXPECT_EQ(lokera.connessioni, prima);
     EXPECT_EQ(corse, 1);
@@ -152,13 +154,13 @@ TEST(Ciclo, UnaRigaDellaCodaCheFalliscaNonFermaLeAltre) {
   });
   b.main().Form_Load();
   b.vm.esegui_per(1s);
-  const SSOleDBGrid& coda = b.main().ciclo.grdAggOper;
+  const SSOleDBGrid& coda = b.parti().ciclo.grdAggOper;
   ASSERT_EQ(coda.Rows(), 3);
   EXPECT_EQ(coda.cella(0, u"esito"), QString());
   EXPECT_EQ(coda.cella(1, u"esito"), u"OK"_s);
   EXPECT_EQ(coda.cella(2, u"esito"), u"OK"_s);
   EXPECT_EQ(coda.cella(1, u"descrizione"), u"operatore 0000000002"_s);
-  EXPECT_EQ(b.main().ciclo.grdLokere.cella(0, u"errori"), u"0"_s);
+  EXPECT_EQ(b.parti().ciclo.grdLokere.cella(0, u"errori"), u"0"_s);
   EXPECT_EQ(b.conta(u"aggiorn_tessere_oper"_s), 3);
 }
 
@@ -169,7 +171,7 @@ TEST(Ciclo, PrimaDellaCodaLeCancellazioniNonConfermate) {
   bool conferma = false;
   LokeraFinta lokera(b.vm, u"127.0.0.2"_s, 10001, [&](const QByteArray& f) -> QList<QByteArray> {
     if (f.left(5) == "00032" && !conferma) return {componi_frame("0003206")};
-    EXPECT_TRUE(f.left(5) != "00032" || !b.main().ciclo.TimerDownload->Enabled());
+    EXPECT_TRUE(f.left(5) != "00032" || !b.parti().ciclo.TimerDownload->Enabled());
     return buona(f);
   });
   b.main().Form_Load();  // nothing is queued
@@ -203,7 +205,7 @@ TEST(Ciclo, SenzaIlGiornoNonSiScriveNessunaTessera) {
   EXPECT_EQ(codici(lokera.ricevuti), (QList<QByteArray>{"00010", "00010", "0001B", "00039"}));
   EXPECT_EQ(b.conta(u"aggiorn_tessere_oper"_s, u"operazione = 'I'"_s), 1);
   EXPECT_EQ(b.conta(u"aggiorn_tessere_oper"_s), 1) << "a deletion opens nothing";
-  EXPECT_EQ(b.main().ciclo.conta_fascie, CicloDownload::tick_tra_visite - 1)
+  EXPECT_EQ(b.parti().ciclo.conta_fascie, CicloDownload::tick_tra_visite - 1)
       << "the bands are tried again at once";
   EXPECT_FALSE(b.main().lblErrore.Caption().isEmpty());
 }
@@ -217,7 +219,7 @@ TEST(Ciclo, UnSerialeCheNonVieneNonFermaLaVisita) {
       return *risposta ? QList<QByteArray>{componi_frame(risposta)} : QList<QByteArray>{};
     });
     b.main().Form_Load();
-    EXPECT_EQ(b.main().ciclo.grdLokere.cella(0, u"seriale"), QString()) << risposta;
+    EXPECT_EQ(b.parti().ciclo.grdLokere.cella(0, u"seriale"), QString()) << risposta;
     EXPECT_EQ(b.main().lblStatusD.Caption(), u"ON line"_s) << risposta;
   }
 }
@@ -238,16 +240,17 @@ TEST(Ciclo, UnaFinestraPrendeLaSessioneDiUnaVisita) {
     b.lokera(1);
     b.tessera(u"0000000001"_s);
     b.in_coda(u"0000000001"_s, 1);
+    Supervisore& p = b.parti();
     frm_Main& m = b.main();
     std::unique_ptr<Finestra> finestra;
-    int conversazione = 0;
+    std::optional<SessioneTenuta> tenuta;
     LokeraFinta altra(b.vm, u"127.0.0.9"_s, 10001, buona);
     const auto apri = [&] {
       finestra = std::make_unique<Finestra>(b.console->elenco(), u"frm_tessere"_s);
-      if (caso.spegne) m.ciclo.sospendi();
+      tenuta.emplace(p.download, caso.spegne ? Fermi::tick : Fermi::visite);
       m.corrente.porta_a(u"9"_s, u"lokera 9"_s, u"127.000.000.009"_s);
-      conversazione = m.download.connessione_socket_download();
-      EXPECT_EQ(m.download.scambia(componi_frame("000350"), 5, 4), 1);
+      tenuta->connetti();
+      EXPECT_TRUE(accettata(p.download.scambia(componi_frame("000350"), 5, 4)));
     };
     LokeraFinta lokera(b.vm, u"127.0.0.2"_s, 10001, [&](const QByteArray& f) -> QList<QByteArray> {
       if (!finestra && f.left(5) == caso.durante) {
@@ -259,17 +262,17 @@ TEST(Ciclo, UnaFinestraPrendeLaSessioneDiUnaVisita) {
     });
     m.Form_Load();
     b.vm.esegui_per(20s);
-    EXPECT_TRUE(m.download.in_corso(conversazione));
-    EXPECT_TRUE(m.download.connessa());
+    EXPECT_TRUE(tenuta->mia());
+    EXPECT_TRUE(p.download.connessa());
     EXPECT_EQ(codici(altra.ricevuti), QList<QByteArray>{"00035"}) << "nothing of the visit's";
-    EXPECT_EQ(m.ciclo.grdLokere.cella(0, u"errori"), u"0"_s);
+    EXPECT_EQ(p.ciclo.grdLokere.cella(0, u"errori"), u"0"_s);
     EXPECT_EQ(m.corrente.lblID.Caption(), u"9"_s);
-    EXPECT_EQ(m.ciclo.TimerDownload->Enabled(), !caso.spegne);
+    EXPECT_EQ(p.ciclo.TimerDownload->Enabled(), !caso.spegne);
     EXPECT_TRUE(m.Enabled());
-    EXPECT_FALSE(m.acquisizione.shpTrans.Visible());
+    EXPECT_FALSE(p.acquisizione.shpTrans.Visible());
     const int connessioni = lokera.connessioni;
+    tenuta.reset();
     finestra.reset();
-    m.ciclo.riprendi();
     b.vm.esegui_per(90s);
     EXPECT_EQ(b.conta(u"aggiorn_tessere_oper"_s), 1) << "this cabinet never reads a card back";
     EXPECT_GT(lokera.connessioni, connessioni) << "the next tick visits as ever";
@@ -281,21 +284,22 @@ TEST(Ciclo, UnaVisitaTieneLaSuaRiga) {
   for (const bool rifatta : {false, true}) {
     Banco b;
     for (int id = 1; id <= 3; ++id) b.lokera(id);
+    Supervisore& p = b.parti();
     frm_Main& m = b.main();
     LokeraFinta prima(b.vm, u"127.0.0.2"_s, 10001, [&](const QByteArray& f) {
       if (f.left(5) == "00010") {
-        m.ciclo.grdLokere.Row(2);
+        p.ciclo.grdLokere.Row(2);
         if (rifatta) {
           b.sql(u"delete from parametri where ID = 2"_s);
-          m.trova_lokere_sistema();
+          p.partenza.trova_lokere_sistema();
         }
       }
       return buona(f);
     });
     m.Form_Load();
-    EXPECT_EQ(m.ciclo.grdLokere.cella(0, u"seriale"), u"12345"_s);
-    for (int riga = 1; riga < m.ciclo.grdLokere.Rows(); ++riga)
-      EXPECT_EQ(m.ciclo.grdLokere.cella(riga, u"seriale"), QString());
+    EXPECT_EQ(p.ciclo.grdLokere.cella(0, u"seriale"), u"12345"_s);
+    for (int riga = 1; riga < p.ciclo.grdLokere.Rows(); ++riga)
+      EXPECT_EQ(p.ciclo.grdLokere.cella(riga, u"seriale"), QString());
   }
 }
 
@@ -307,8 +311,8 @@ TEST(Ciclo, ITickNonContanoOltreQuelloCheServe) {
   b.main().lblStatus.Caption = u"ON Line"_s;
   {
     Finestra altra(b.console->elenco(), u"frm_tessere"_s);
-    for (int i = 0; i < 33000; ++i) b.main().ciclo.TimerDownload_Timer();
-    EXPECT_EQ(b.main().ciclo.conta_tick, CicloDownload::tick_tra_visite);
+    for (int i = 0; i < 33000; ++i) b.parti().ciclo.TimerDownload_Timer();
+    EXPECT_EQ(b.parti().ciclo.conta_tick, CicloDownload::tick_tra_visite);
   }
   const int prima = lokera.connessioni;
   b.vm.esegui_per(31s);
@@ -328,7 +332,7 @@ TEST(Ciclo, UnLayoutSenzaLeSueColonneNonFermaLeVisite) {
         {nr, QString::fromUtf16(campo), QString::fromUtf16(campo)});
   LokeraFinta lokera(b.vm, u"127.0.0.2"_s, 10001, buona);
   b.main().Form_Load();
-  const SSOleDBGrid& grd = b.main().ciclo.grdLokere;
+  const SSOleDBGrid& grd = b.parti().ciclo.grdLokere;
   EXPECT_EQ(lokera.connessioni, 1);
   EXPECT_EQ(grd.cella(0, 0), u"lokera 1"_s);
   EXPECT_EQ(grd.cella(0, u"seriale"), u"12345"_s);

@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 TEST(Finestre, MenusOpenThemOnceAndTheyCountUntilTheyAreClosed) {
   Banco b;
   b.main().Form_Load();
-  MenuPrincipale& m = b.main().menu;
+  MenuPrincipale& m = b.parti().menu;
   for (const auto& [voce, nome] :
        {std::pair(&m.mnuGru, u"frm_gruppi"_s), std::pair(&m.mnuGruUtenti, u"frm_gruppi_utenti"_s),
         std::pair(&m.mnuOperatori, u"frm_operatori"_s), std::pair(&m.mnuFascie, u"frm_fascie_orarie"_s),
@@ -33,7 +33,7 @@ TEST(Finestre, TheCycleStaysWithItsCabinetWhileOneIsOpen) {
   b.lokera(1);
   b.lokera(2);
   b.main().Form_Load();
-  b.main().menu.mnuGru.Click();
+  b.parti().menu.mnuGru.Click();
   const QString prima = b.main().corrente.lblID.Caption();
   b.vm.esegui_per(5min);
   EXPECT_EQ(b.main().corrente.lblID.Caption(), prima);

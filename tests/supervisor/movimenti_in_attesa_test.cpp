@@ -39,7 +39,7 @@ class MovimentiInAttesaTest : public ::testing::Test {
                  u"select operazione, operatore, chiave, data from movimenti order by id"_s);
   }
   QString errore() { return b.main().lblErrore.Caption(); }
-  Colore lampada(int n) { return b.main().tabellone.lampade_chiave(n).FillColor(); }
+  Colore lampada(int n) { return b.parti().tabellone.lampade_chiave(n).FillColor(); }
 
   Banco b;
   LokeraFinta lokera;
@@ -51,7 +51,7 @@ TEST_F(MovimentiInAttesaTest, CioCheNonSiRegistraOraSiRegistraPoiConIlSuoMomento
   const QString momento = b.vm.orologio().adesso().toString(u"yyyy-MM-dd HH:mm:ss"_s);
   blocca();
   EXPECT_EQ(muove('1', "1000000001"), "ABCDEFGHIJ");
-  EXPECT_EQ(lampada(1), b.main().tabellone.keyP.FillColor());
+  EXPECT_EQ(lampada(1), b.parti().tabellone.keyP.FillColor());
   EXPECT_TRUE(errore().contains(u"movimenti da registrare: 1 "_s)) << errore().toStdString();
   EXPECT_EQ(muove('0', "1000000002"), "ABCDEFGHIJ");
   EXPECT_TRUE(errore().contains(u"movimenti da registrare: 2 "_s)) << errore().toStdString();
@@ -61,7 +61,7 @@ TEST_F(MovimentiInAttesaTest, CioCheNonSiRegistraOraSiRegistraPoiConIlSuoMomento
   b.vm.esegui_per(1100ms);
   EXPECT_EQ(registrati(),
             (QStringList{u"P|0000000001|1000000001|"_s + momento, u"R|0000000001|1000000002|"_s + momento}));
-  EXPECT_EQ(lampada(1), b.main().tabellone.keyU.FillColor());
+  EXPECT_EQ(lampada(1), b.parti().tabellone.keyU.FillColor());
   EXPECT_EQ(errore(), QString());
   EXPECT_EQ(muove('0', "1000000001"), "ABCDEFGHIJ0");
 }
@@ -117,7 +117,7 @@ TEST_F(MovimentiInAttesaTest, FineLavoroChiedeSeQualcosaAspetta) {
     b.vm.messaggi().mostrati.clear();
     b.vm.messaggi().risposte = std::move(risposte);
     b.vm.programma().finito = false;
-    b.main().menu.mnuEsc_Click();
+    b.parti().menu.mnuEsc_Click();
     return std::pair(b.vm.messaggi().mostrati.size(), b.vm.programma().finito);
   };
   EXPECT_EQ(fine_lavoro({}), std::pair(qsizetype{0}, true));

@@ -20,7 +20,7 @@ class TabelloneTest : public ::testing::Test {
     return visti;
   }
   Banco b;
-  Tabellone& t = b.main().tabellone;
+  Tabellone& t = b.parti().tabellone;
 };
 
 TEST_F(TabelloneTest, IPannelliSiChiudonoInFondo) {

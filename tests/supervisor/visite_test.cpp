@@ -40,7 +40,7 @@ TEST_P(Visite, DopoOgniVisitaTuttoEPreso) {
       SCOPED_TRACE(dove.toStdString() + ", delay " + std::to_string(ritardo.count() / 1000) + " us");
       for (int i = 0; i < visita % 3; ++i) lokera.memoria << record(registrati++);
       if (visita % 5 == 2) b.in_coda(u"0000000001"_s, 1);
-      visita == 0 ? b.main().Form_Load() : b.main().mnuScarTrans_Click();
+      visita == 0 ? b.main().Form_Load() : b.parti().ciclo.mnuScarTrans_Click();
       b.vm.esegui_per(12s);
       EXPECT_EQ(lokera.conteggi, visita + 1);
       EXPECT_TRUE(lokera.memoria.isEmpty());

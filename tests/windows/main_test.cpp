@@ -26,7 +26,7 @@ TEST(FinestraPrincipale, StretchesToTheScreenByTheRatioAndKeepsLabelHeights) {
   EXPECT_GT(grande.forma().height(), 1080 - 60);
   // Panels take their place from the stretched drawing, before the rules note it.
   grande.carica();
-  EXPECT_EQ(grande.main().tabellone.pos_pannelli[7], grande.widget<QWidget>("pnlK_7").y());
+  EXPECT_EQ(grande.parti().tabellone.pos_pannelli[7], grande.widget<QWidget>("pnlK_7").y());
 }
 
 TEST(FinestraPrincipale, BoardClosesUpAndSaysItsKeysByForm) {
@@ -36,7 +36,7 @@ TEST(FinestraPrincipale, BoardClosesUpAndSaysItsKeysByForm) {
   b.chiave(u"0000000002"_s, 1, 1);
   b.sql(u"update tessere_chiavi set operatore = '0000000099' where posizione = 1"_s);
   b.carica();
-  const int fondo = b.main().tabellone.pos_pannelli[7];
+  const int fondo = b.parti().tabellone.pos_pannelli[7];
   EXPECT_EQ(b.widget<QWidget>("pnlK_0").y(), fondo);
   EXPECT_FALSE(b.widget<QWidget>("pnlK_1").isVisible());
   auto& dentro = b.widget<LampadaWidget>("lampade_chiave_1");
@@ -52,7 +52,7 @@ TEST(FinestraPrincipale, BoardClosesUpAndSaysItsKeysByForm) {
 TEST(FinestraPrincipale, LampsAndLabelsFollowTheRules) {
   BancoDisegnato b;
   b.carica();
-  PannelloLive& p = b.main().pannello;
+  PannelloLive& p = b.parti().pannello;
   p.mostra_lato(PannelloLive::Lato::sinistro, rosso, u"<b>0001</b>"_s, u"3"_s);
   EXPECT_EQ(b.widget<LampadaWidget>("ShapeSX").aspetto(), lokera::Aspetto::croce);
   EXPECT_EQ(b.widget<LampadaWidget>("ShapeSX").accessibleDescription(), u"rifiutato"_s);
@@ -65,7 +65,7 @@ TEST(FinestraPrincipale, LoginByKeyboard) {
   b.carica();
   b.sql(u"insert into operatori (user, pwd, su) values ('anna', 'segreta', 0)"_s);
   b.forma().activateWindow();
-  b.main().accesso.mnuAbile_Click();
+  b.parti().accesso.mnuAbile_Click();
   auto& utente = b.widget<QLineEdit>("txtUtente");
   auto& password = b.widget<QLineEdit>("txtPassword");
   const QList<QWidget*> giro = ordine_tab(b.forma());
@@ -77,10 +77,10 @@ TEST(FinestraPrincipale, LoginByKeyboard) {
   scrivi(password, u"segreta"_s);
   EXPECT_EQ(password.echoMode(), QLineEdit::Password);
   premi(password, Qt::Key_Return);
-  EXPECT_TRUE(b.main().accesso.accesso_abilitato);
+  EXPECT_TRUE(b.parti().accesso.accesso_abilitato);
   EXPECT_FALSE(b.widget<QWidget>("pctLogin").isVisible());
-  b.main().accesso.mnuAbile_Click();
-  b.main().accesso.mnuAbile_Click();
+  b.parti().accesso.mnuAbile_Click();
+  b.parti().accesso.mnuAbile_Click();
   EXPECT_TRUE(b.widget<QWidget>("pctLogin").isVisible());
   premi(b.widget<QLineEdit>("txtUtente"), Qt::Key_Escape);
   EXPECT_FALSE(b.widget<QWidget>("pctLogin").isVisible());
@@ -98,9 +98,9 @@ void clicca(QWidget& w, QEvent::Type giu) {
 TEST(FinestraPrincipale, ADoubleClickPressesAButtonOnce) {
   BancoDisegnato b;
   b.carica();
-  b.main().accesso.mnuAbile_Click();
+  b.parti().accesso.mnuAbile_Click();
   int premuto = 0;
-  b.main().accesso.cmdLogin.Click = [&] { ++premuto; };
+  b.parti().accesso.cmdLogin.Click = [&] { ++premuto; };
   auto& pulsante = b.widget<QPushButton>("cmdLogin");
   clicca(pulsante, QEvent::MouseButtonPress);
   clicca(pulsante, QEvent::MouseButtonDblClick);
@@ -127,14 +127,14 @@ TEST(FinestraPrincipale, MenuTreeAsDeclaredAndOnlyItsLastEntryEndsTheProgram) {
 TEST(FinestraPrincipale, WindowThatTakesNoInputGetsNone) {
   BancoDisegnato b;
   b.carica();
-  b.main().accesso.mnuAbile_Click();
+  b.parti().accesso.mnuAbile_Click();
   auto& utente = b.widget<QLineEdit>("txtUtente");
   b.main().Enabled(false);
   scrivi(utente, u"x"_s);
   EXPECT_EQ(utente.text(), QString());
   b.main().Enabled(true);
   scrivi(utente, u"x"_s);
-  EXPECT_EQ(b.main().accesso.txtUtente.Text(), u"x"_s);
+  EXPECT_EQ(b.parti().accesso.txtUtente.Text(), u"x"_s);
 }
 
 }  // namespace

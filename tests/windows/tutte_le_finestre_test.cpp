@@ -84,12 +84,12 @@ void TutteLeFinestre::riempi() {
 
 // What the main window shows at work, as long as it gets.
 void TutteLeFinestre::scrivi_a_lungo() {
-  b.main().accesso.mnuAbile_Click();
+  b.parti().accesso.mnuAbile_Click();
   b.main().lblOrario.Caption = u"Wednesday   30/11/2008  08:00"_s;
   b.main().corrente.lblNome.Caption = u"Portineria centrale (0)"_s;
-  PannelloLive& p = b.main().pannello;
+  PannelloLive& p = b.parti().pannello;
   for (Label* codice : {&p.lblP, &p.lblSX, &p.lblDX}) codice->Caption = u"0000100002"_s;
-  b.main().acquisizione.lblUltimaTrans.Caption =
+  b.parti().acquisizione.lblUltimaTrans.Caption =
       u"28/11/08 15.45.01 OUT Bianchi Giuseppe - chiave: 0000100002 lok. 1"_s;
 }
 

@@ -1,0 +1,66 @@
+#pragma once
+
+#include "access/decisioni.h"
+#include "access/fasce.h"
+#include "access/giorno.h"
+#include "access/pannello_live.h"
+#include "cards/invio_tessere.h"
+#include "forms/griglia.h"
+#include "ledger/movimenti_in_attesa.h"
+#include "link/sessione_download.h"
+#include "link/sessione_slave.h"
+#include "supervisor/accesso.h"
+#include "supervisor/acquisizione.h"
+#include "supervisor/ciclo_download.h"
+#include "supervisor/frm_main.h"
+#include "supervisor/lokere_sistema.h"
+#include "supervisor/menu_principale.h"
+#include "supervisor/partenza.h"
+#include "supervisor/tabellone.h"
+
+namespace lokera {
+
+/// The running console: all its parts, put together and tied to one another. It decides nothing itself.
+class Supervisore {
+ public:
+  /// All that is handed in outlives it.
+  Supervisore(const Machine& macchina, Database& db, ElencoFinestre& finestre, Traduttore& traduttore,
+              ServiziGriglia& griglie);
+  Q_DISABLE_COPY_MOVE(Supervisore)
+
+  frm_Main principale;
+
+ private:
+  Scambio scambio_;
+
+ public:
+  SessioneSlave slave;
+  SessioneDownload download;
+  Conversazione wsk_udp;
+  Giorno giorno;
+  PannelloLive pannello;
+  MovimentiInAttesa in_attesa;  ///< the live movements that could not be booked yet
+  Tabellone tabellone;
+  InvioTessere invio;
+  CicloDownload ciclo;
+  Acquisizione acquisizione;
+  Decisioni decisioni;
+  FasceOrarie fasce;
+  Accesso accesso;  // its menu entry is the first of the bar
+  MenuPrincipale menu;
+  griglia griglia_lokere, griglia_agg_oper;
+  LokereSistema lokere;
+  Partenza partenza;
+
+ private:
+  void collega_errori();
+  void collega_movimenti();
+  void collega_ciclo();
+  void collega_menu();
+  bool si_puo_finire();
+
+  Traduttore& traduttore_;
+  MessageBox& messaggi_;
+};
+
+}  // namespace lokera
