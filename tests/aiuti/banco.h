@@ -21,7 +21,7 @@ using namespace std::chrono_literals;
 /// A delivered file, made once for the whole test program: deriving its key is what takes time.
 inline QString file_modello() {
   static const QTemporaryDir cartella;
-  const QString file = cartella.filePath(nome_file_database());
+  QString file = cartella.filePath(nome_file_database());
   if (!QFile::exists(file)) {
     EXPECT_FALSE(crea_database(file).fallito());
   }

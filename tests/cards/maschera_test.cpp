@@ -29,7 +29,7 @@ class MascheraTest : public ::testing::Test {
   QByteArray maschera(const QString& codice, QTime adesso = QTime(10, 0)) {
     const auto m = calcola_maschera(b.db().connessione_db, codice, u"Lunedì"_s, adesso);
     EXPECT_FALSE(m.fallito());
-    const QByteArray veloce = maschera_esadecimale(*m);
+    QByteArray veloce = maschera_esadecimale(*m);
     EXPECT_EQ(veloce, maschera_semplice(b.db().connessione_db, codice, u"Lunedì"_s, adesso));
     return veloce;
   }
