@@ -1,9 +1,10 @@
 // The mask of a card with 200 keys in 10 groups with bands, beside its bare statements and the plain method.
-#include "bench/maschera_semplice.h"
 #include "bench/misura.h"
 #include "bench/nudo.h"
+#include "bench/semplice/maschera_semplice.h"
 #include "bench/sito_misure.h"
 #include "cards/maschera.h"
+#include "store/database.h"
 #include "store/date_jet.h"
 
 using namespace lokera;
@@ -60,9 +61,9 @@ int main() {
   const QTime adesso(10, 0);
   QByteArray veloce, semplice;
   const auto calcola = [&] {
-    Maschera m;
-    if (calcola_maschera(c, SitoMisure::tessera(7), giorno, adesso, m).fallito()) rinuncia("maschera");
-    veloce = maschera_esadecimale(m);
+    const auto m = calcola_maschera(c, SitoMisure::tessera(7), giorno, adesso);
+    if (m.fallito()) rinuncia("maschera");
+    veloce = maschera_esadecimale(*m);
   };
   Pavimento pavimento(sito.file(), giorno);
   const QByteArray tessera = SitoMisure::tessera(7).toUtf8();

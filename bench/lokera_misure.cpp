@@ -12,8 +12,8 @@
 #include "bench/sito_misure.h"
 #include "link/protocollo.h"
 #include "platform/momento.h"
-#include "simulation/cabinet_server.h"
-#include "simulation/reale/real_rete.h"
+#include "simulation/cabinet/cabinet_server.h"
+#include "simulation/servizio/real_rete.h"
 
 namespace lokera::bench {
 
@@ -21,13 +21,13 @@ using namespace lokera::simulazione;
 
 namespace {
 
-void riempi(Cabinet& cabinet, Registro& registro, int transazioni) {
+void riempi(Cabinet& cabinet, RegistroEventi& registro, int transazioni) {
   const QDateTime inizio = momento(QDate(2008, 1, 7), QTime(6, 0));
   for (int i = 0; i < transazioni; ++i) {
-    const simulazione::Movimento m{i % 2 == 0 ? prelievo : restituzione,
-                                   SitoMisure::tessera(i % 50).toLatin1(),
-                                   SitoMisure::chiave(i / 2 % 50).toLatin1(), inizio.addSecs(i * 61LL)};
-    cabinet.memorizza(registro.evento(cabinet.nome(), m, Come::Memoria), m);
+    const simulazione::MovimentoChiave m{i % 2 == 0 ? prelievo : restituzione,
+                                         SitoMisure::tessera(i % 50).toLatin1(),
+                                         SitoMisure::chiave(i / 2 % 50).toLatin1(), inizio.addSecs(i * 61LL)};
+    cabinet.memorizza(registro.evento(cabinet.nome(), m, Come::memoria), m);
   }
 }
 
@@ -48,7 +48,7 @@ void vivi_lokera(const QString& indirizzo, int transazioni, const std::function<
   const QtClock orologio;
   QtTimers timer;
   RealRete rete;
-  simulazione::Registro registro;
+  simulazione::RegistroEventi registro;
   Cabinet cabinet({.indirizzo = host}, orologio, registro);
   riempi(cabinet, registro, transazioni);
   CabinetServer server(cabinet, rete, orologio, timer);

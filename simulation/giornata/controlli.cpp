@@ -32,10 +32,9 @@ bool in_registro(Connection& c, const QString& tessera) {
 
 QByteArray record_atteso(Connection& c, const QString& tessera, const QString& giorno, QTime ora,
                          Riscontro& r) {
-  lokera::Maschera maschera;
-  if (const Errore e = calcola_maschera(c, tessera, giorno, ora, maschera); e.fallito())
-    r.differenze << e.descrizione;
-  return tessera.toLatin1() + maschera_esadecimale(maschera);
+  const auto maschera = calcola_maschera(c, tessera, giorno, ora);
+  if (maschera.fallito()) r.differenze << maschera.errore().descrizione;
+  return tessera.toLatin1() + maschera_esadecimale(*maschera);
 }
 
 void riscontra_cabinet(Connection& c, const Cabinet& cabinet, int id, const QString& giorno, QTime adesso,

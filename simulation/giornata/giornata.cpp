@@ -78,7 +78,7 @@ class Giornata {
   EsitoGiornata esito_;
   QTemporaryDir cartella_;
   VirtualMachine vm_;
-  Registro registro_;
+  RegistroEventi registro_;
   SitoGiornata sito_;
   CicloMisurato ciclo_;
   Connection seconda_;
@@ -114,7 +114,7 @@ bool Giornata::prepara() {
 
 // Some days are bad, some are worse, and each kind of fault has days on which it doesn't come.
 void Giornata::guasti() {
-  VirtualCaso& caso = sito_.caso();
+  Caso& caso = sito_.caso();
   const auto per_mille = [&](qint64 massimo) {
     return static_cast<int>(std::max<qint64>(0, caso.fra(-5, massimo)));
   };

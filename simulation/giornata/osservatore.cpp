@@ -4,7 +4,7 @@
 
 #include "link/protocollo.h"
 #include "platform/momento.h"
-#include "simulation/transazioni.h"
+#include "simulation/cabinet/transazioni.h"
 #include "store/recordset.h"
 
 namespace lokera::simulazione {
@@ -59,7 +59,7 @@ QString RigaMovimento::testo() const {
   return u"%1 card %2 key %3 at %4"_s.arg(tipo, operatore, chiave, data.toString(u"yyyy-MM-dd HH:mm:ss"_s));
 }
 
-Osservatore::Osservatore(VirtualNetwork& rete, Registro& registro, Connection& file, const Clock& clock)
+Osservatore::Osservatore(VirtualNetwork& rete, RegistroEventi& registro, Connection& file, const Clock& clock)
     : rete_(rete), registro_(registro), file_(file), clock_(clock) {
   rete.traccia = [this](const QString& riga) { traccia(riga); };
   registro.Riga = [this](const QByteArray& riga) { scritto(riga); };
@@ -212,7 +212,7 @@ bool Osservatore::da_operazione_viva(const RigaMovimento& riga) {
   const bool adesso = std::abs(riga.data.secsTo(clock_.adesso())) <= tolleranza_viva_s;
   // The newest first: older ones that the console never heard of stay without a row.
   const auto suo = std::find_if(vivi_.rbegin(), vivi_.rend(), [&](quint64 n) {
-    const Movimento& m = registro_.voci()[n - 1].movimento;
+    const MovimentoChiave& m = registro_.voci()[n - 1].movimento;
     return testo_ascii(m.tessera) == riga.operatore && testo_ascii(m.chiave) == riga.chiave &&
            QLatin1Char(m.tipo) == riga.tipo;
   });
@@ -248,7 +248,7 @@ void Osservatore::controlla_voce(const VoceRegistro& voce) {
   if (!voce.confermata && !voce.risposta)
     differenza(u"movement %1 of %2 was never taken in"_s.arg(voce.n).arg(voce.cabinet));
   if (conto.righe == 0) differenza(u"movement %1 of %2 is not booked"_s.arg(voce.n).arg(voce.cabinet));
-  const int cause = std::max(voce.letture, conto.arrivi) + (voce.come == Come::Diretta ? 1 : 0);
+  const int cause = std::max(voce.letture, conto.arrivi) + (voce.come == Come::diretta ? 1 : 0);
   if (conto.righe > std::max(1, cause))
     differenza(
         u"movement %1 is booked %2 times, and was sent %3 times"_s.arg(voce.n).arg(conto.righe).arg(cause));

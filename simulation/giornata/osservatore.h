@@ -4,8 +4,8 @@
 #include <map>
 #include <vector>
 
-#include "simulation/registro.h"
-#include "simulation/virtual_network.h"
+#include "simulation/cabinet/registro_eventi.h"
+#include "simulation/macchina/virtual_network.h"
 #include "store/connection.h"
 
 namespace lokera::simulazione {
@@ -27,7 +27,7 @@ struct RigaMovimento {
 class Osservatore {
  public:
   /// All of them must outlive the observer, which hooks itself into the first two.
-  Osservatore(VirtualNetwork& rete, Registro& registro, Connection& file, const Clock& clock);
+  Osservatore(VirtualNetwork& rete, RegistroEventi& registro, Connection& file, const Clock& clock);
   ~Osservatore();
   Osservatore(const Osservatore&) = delete;
   Osservatore& operator=(const Osservatore&) = delete;
@@ -82,7 +82,7 @@ class Osservatore {
   void controlla_voce(const VoceRegistro& voce);
 
   VirtualNetwork& rete_;
-  Registro& registro_;
+  RegistroEventi& registro_;
   Connection& file_;
   const Clock& clock_;
   QStringList differenze_;

@@ -32,12 +32,13 @@ QString SitoGiornata::codice_chiave(int i) {
   return u"82"_s + cifre_senza_zero(i, 8);
 }
 
-SitoGiornata::SitoGiornata(const ImpostazioniGiornata& impostazioni, VirtualMachine& vm, Registro& registro)
+SitoGiornata::SitoGiornata(const ImpostazioniGiornata& impostazioni, VirtualMachine& vm,
+                           RegistroEventi& registro)
     : impostazioni_(impostazioni), caso_(seme_di(impostazioni.seme, 0)) {
   for (int i = 1; i <= impostazioni.lokere; ++i) posti_.push_back(crea(i, vm, registro));
 }
 
-SitoGiornata::Posto SitoGiornata::crea(int ordine, VirtualMachine& vm, Registro& registro) const {
+SitoGiornata::Posto SitoGiornata::crea(int ordine, VirtualMachine& vm, RegistroEventi& registro) const {
   Posto posto;
   const QByteArray seriale = QByteArray::number(ordine).rightJustified(10, '0');
   posto.cabinet = std::make_unique<Cabinet>(Cabinet::Identita{u"127.0.0.%1"_s.arg(ordine + 1), seriale},

@@ -4,8 +4,8 @@
 #include <vector>
 
 #include "simulation/giornata/giornata.h"
-#include "simulation/persone.h"
-#include "simulation/virtual_machine.h"
+#include "simulation/macchina/virtual_machine.h"
+#include "simulation/sito/persone.h"
 #include "store/connection.h"
 
 namespace lokera::simulazione {
@@ -24,7 +24,7 @@ class SitoGiornata {
     std::unique_ptr<Persone> persone;
   };
 
-  SitoGiornata(const ImpostazioniGiornata& impostazioni, VirtualMachine& vm, Registro& registro);
+  SitoGiornata(const ImpostazioniGiornata& impostazioni, VirtualMachine& vm, RegistroEventi& registro);
 
   /// The rows of the site, for a new file.
   Errore riempi(Connection& connessione);
@@ -36,7 +36,7 @@ class SitoGiornata {
 
   std::vector<Posto>& posti() { return posti_; }
   const std::vector<Posto>& posti() const { return posti_; }
-  VirtualCaso& caso() { return caso_; }
+  Caso& caso() { return caso_; }
 
   /// Codes have no zero, so that no piece of a record looks like a frame.
   static QString codice_tessera(int i);
@@ -51,10 +51,10 @@ class SitoGiornata {
   Errore tessere(Connection& c);
   Errore fasce(Connection& c);
   Errore fasce_di(Connection& c, int operatori, int chiavi);
-  Posto crea(int ordine, VirtualMachine& vm, Registro& registro) const;
+  Posto crea(int ordine, VirtualMachine& vm, RegistroEventi& registro) const;
 
   ImpostazioniGiornata impostazioni_;
-  VirtualCaso caso_;
+  Caso caso_;
   std::vector<Posto> posti_;
 };
 

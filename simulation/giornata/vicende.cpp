@@ -89,12 +89,10 @@ Errore Vicende::richiama(const QString& tessera, MotivoConservare motivo) {
 
 Errore Vicende::cambia_gruppo(const QString& tessera) {
   const qint64 gruppo = caso_.fra(1, SitoGiornata::gruppi_chiavi);
-  qint64 tolte = 0;
-  if (Errore e = connessione_.Execute(u"delete from gruppi_tessera where tessera = ? and codice = ?"_s,
-                                      {tessera, gruppo}, &tolte);
-      e.fallito())
-    return e;
-  if (tolte == 0) {
+  const auto tolte = connessione_.esegui_contando(
+      u"delete from gruppi_tessera where tessera = ? and codice = ?"_s, {tessera, gruppo});
+  if (tolte.fallito()) return tolte.errore();
+  if (*tolte == 0) {
     if (Errore e = connessione_.Execute(u"insert into gruppi_tessera (tessera, codice) values (?, ?)"_s,
                                         {tessera, gruppo});
         e.fallito())

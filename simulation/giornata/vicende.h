@@ -48,7 +48,7 @@ class Vicende {
   SitoGiornata& sito_;
   VirtualMachine& vm_;
   Connection& connessione_;
-  VirtualCaso caso_;
+  Caso caso_;
   CodaTessere coda_;
   QStringList vive_;
   QStringList eliminate_;

@@ -18,8 +18,13 @@ QString testo_ascii(QByteArrayView v) {
 }  // namespace
 
 Decisioni::Decisioni(Database& db, const Clock& orologio, Giorno& giorno, PannelloLive& pannello,
-                     SessioneSlave& sessione)
-    : db_(db), orologio_(orologio), giorno_(giorno), pannello_(pannello), sessione_(sessione) {}
+                     MovimentiInAttesa& in_attesa, SessioneSlave& sessione)
+    : db_(db),
+      orologio_(orologio),
+      giorno_(giorno),
+      pannello_(pannello),
+      in_attesa_(in_attesa),
+      sessione_(sessione) {}
 
 void Decisioni::smista(QByteArray& frame) {
   if (frame.size() < 16 || !frame_intero(frame)) return;
@@ -74,8 +79,7 @@ bool Decisioni::entro_limite(const QString& codice, qlonglong massimo) {
   Recordset rs;
   if (!apri(rs, u"select count(*) as chiavi_uscite from tessere_chiavi where operatore = ?"_s, {codice}))
     return false;
-  const qlonglong altre = chiavi_non_registrate ? chiavi_non_registrate(codice) : 0;
-  return rs.numero(u"chiavi_uscite") + altre <= massimo;
+  return rs.numero(u"chiavi_uscite") + in_attesa_.chiavi_uscite(codice) <= massimo;
 }
 
 void Decisioni::richiesta_chiave(QByteArray& testo) {
@@ -147,10 +151,19 @@ void Decisioni::esito_lato(PannelloLive::Lato lato, bool prelievo, const QByteAr
   } else if (codice == (prelievo ? "03" : "01")) {
     pannello_.mostra_esito(lato, rosso, verde);
     // A movement that could not be booked is not confirmed: the reply goes out without its digit.
-    const Errore errore = registra_movimento ? registra_movimento(prelievo ? 'P' : 'R') : Errore{};
-    if (!errore.fallito()) risposta += '0';
+    if (!registra_movimento(prelievo ? tipo_prelievo : tipo_riconsegna).fallito()) risposta += '0';
   }
   pannello_.avvia_timer(lato);
+}
+
+Errore Decisioni::registra_movimento(char tipo) {
+  constexpr qsizetype caratteri_codice = 10;
+  const Label& chiave = tipo == tipo_prelievo ? pannello_.lblSX : pannello_.lblDX;
+  return in_attesa_.registra({.operatore = pannello_.lblP.Caption().left(caratteri_codice),
+                              .intestazione = pannello_.lblIntestazione.Caption,
+                              .chiave = chiave.Caption().left(caratteri_codice),
+                              .operazione = tipo,
+                              .data = orologio_.adesso()});
 }
 
 bool Decisioni::apri(Recordset& rs, const QString& sql, const QVariantList& valori) {

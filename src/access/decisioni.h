@@ -4,6 +4,7 @@
 
 #include "access/giorno.h"
 #include "access/pannello_live.h"
+#include "ledger/movimenti_in_attesa.h"
 #include "link/sessione_slave.h"
 #include "store/database.h"
 #include "store/recordset.h"
@@ -11,11 +12,12 @@
 namespace lokera {
 
 /// Live answers to the managed cabinet. Each request is decided from the database and answered inside the
-/// socket's event, at once: nothing here runs the event loop. A request whose query fails is refused.
+/// socket's event, at once: nothing here runs the event loop. A request whose query fails is refused. The end
+/// of an operation is booked here and confirmed to the cabinet once it is in the book.
 class Decisioni {
  public:
   Decisioni(Database& db, const Clock& orologio, Giorno& giorno, PannelloLive& pannello,
-            SessioneSlave& sessione);
+            MovimentiInAttesa& in_attesa, SessioneSlave& sessione);
 
   /// Looks at the frame that came and calls one of the three handlers, each of which empties it, or leaves it
   /// as it is; so it does with a fragment, which has no carriage return at its end.
@@ -29,11 +31,10 @@ class Decisioni {
   /// awaited.
   char stato_operazione = ' ';
 
-  /// Books the movement, 'P' or 'R', of the operator and the key on the panel. The end of the operation is
-  /// confirmed to the cabinet only when it returns without a failure.
-  std::function<Errore(char tipo)> registra_movimento;
-  /// How many keys the card has taken that the database doesn't show yet.
-  std::function<qlonglong(const QString& tessera)> chiavi_non_registrate;
+  /// Books the movement, 'P' or 'R', of the operator and the key on the panel. A failure says that it waits
+  /// in `MovimentiInAttesa`.
+  Errore registra_movimento(char tipo);
+
   /// A query failed and the request was refused: tells the person at the desk.
   std::function<void(const Errore&)> segnala;
 
@@ -53,6 +54,7 @@ class Decisioni {
   const Clock& orologio_;
   Giorno& giorno_;
   PannelloLive& pannello_;
+  MovimentiInAttesa& in_attesa_;
   SessioneSlave& sessione_;
   bool tessera_rifiutata_ = false;  ///< the card that was shown last; the panel names it all the same
 };

@@ -24,27 +24,31 @@ FasceCambiate::FasceCambiate(Database& db, Traduttore& traduttore, QDate data)
     : db_(db), traduttore_(traduttore), data_(data) {}
 
 Errore FasceCambiate::leggi_prima() {
-  return leggi(prima_);
+  auto lette = leggi();
+  prima_ = lette.prendi();
+  return lette.errore();
 }
 
-Errore FasceCambiate::leggi(Fasce& fasce) {
-  QString giorno;
-  if (Errore e = tipo_della_data(db_, traduttore_, data_, giorno); e.fallito()) return e;
+Esito<FasceCambiate::Fasce> FasceCambiate::leggi() {
+  const auto giorno = tipo_della_data(db_, traduttore_, data_);
+  if (giorno.fallito()) return giorno.errore();
+  Fasce fasce;
   Recordset rs;
-  Errore e = rs.Open(u"select * from fascie_orarie where giorno = ?"_s, db_.connessione_db, {giorno});
+  Errore e = rs.Open(u"select * from fascie_orarie where giorno = ?"_s, db_.connessione_db, {*giorno});
   while (!e.fallito() && !rs.eof()) {
     fasce[{rs.numero(u"gruppo_oper"), rs.numero(u"gruppo_chiavi")}].emplace(
         al_minuto(rs.valore(u"dalle_ore")), al_minuto(rs.valore(u"alle_ore")));
     e = rs.MoveNext();
   }
-  return e;
+  if (e.fallito()) return e;
+  return fasce;
 }
 
 Errore FasceCambiate::accoda() {
-  Fasce dopo;
-  if (Errore e = leggi(dopo); e.fallito()) return e;
+  const auto dopo = leggi();
+  if (dopo.fallito()) return dopo.errore();
   Fasce cambiate;
-  std::ranges::set_symmetric_difference(prima_, dopo, std::inserter(cambiate, cambiate.end()));
+  std::ranges::set_symmetric_difference(prima_, *dopo, std::inserter(cambiate, cambiate.end()));
   GruppiDiFascia gruppi;
   for (const auto& [coppia, orari] : cambiate) gruppi[coppia.first].insert(coppia.second);
   TessereDiFascia tessere(db_.connessione_db);

@@ -27,7 +27,7 @@ class FasceCambiate {
   using Orari = std::set<std::pair<QTime, QTime>>;  ///< to the minute, as bands are compared
   using Fasce = std::map<Gruppi, Orari>;
 
-  Errore leggi(Fasce& fasce);
+  Esito<Fasce> leggi();
 
   Database& db_;
   Traduttore& traduttore_;

@@ -10,22 +10,20 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// What a special day of a year counts as, 0 for every year; left empty when the date is none.
-Errore giorno_di_anno(Database& db, QDate oggi, int anno, QString& speciale) {
+// What a special day of a year counts as, 0 for every year; empty when the date is none.
+Esito<QString> giorno_di_anno(Database& db, QDate oggi, int anno) {
   Recordset rs;
-  if (Errore e = rs.Open(u"select * from giorni_particolari where GG = ? and MM =  ? and AAAA = ?"_s,
-                         db.connessione_db, {oggi.day(), oggi.month(), anno});
-      e.fallito()) {
+  if (const Errore e = rs.Open(u"select * from giorni_particolari where GG = ? and MM =  ? and AAAA = ?"_s,
+                               db.connessione_db, {oggi.day(), oggi.month(), anno});
+      e.fallito())
     return e;
-  }
-  if (!rs.eof()) speciale = rs.testo(u"giorno").trimmed();
-  return {};
+  return rs.eof() ? QString() : rs.testo(u"giorno").trimmed();
 }
 
 // A day of this very year wins over one of every year.
-Errore giorno_speciale(Database& db, QDate oggi, QString& speciale) {
-  const Errore e = giorno_di_anno(db, oggi, oggi.year(), speciale);
-  return e.fallito() || !speciale.isEmpty() ? e : giorno_di_anno(db, oggi, 0, speciale);
+Esito<QString> giorno_speciale(Database& db, QDate oggi) {
+  auto speciale = giorno_di_anno(db, oggi, oggi.year());
+  return speciale.fallito() || !speciale->isEmpty() ? speciale : giorno_di_anno(db, oggi, 0);
 }
 
 }  // namespace
@@ -40,21 +38,25 @@ Giorno::Giorno(Database& db, const Clock& orologio, Traduttore& traduttore)
     : db_(db), orologio_(orologio), traduttore_(traduttore) {}
 
 Errore Giorno::tipo_giorno() {
-  Errore e = tipo_della_data(db_, traduttore_, orologio_.adesso().date(), giorno_corrente_);
+  Errore e = cerca();
   // Only a missing table or column is an older file; behind a lock there may be a special day.
-  if (e.classe == ClasseErrore::schema && !aggiorna_database(db_).fallito())
-    e = tipo_della_data(db_, traduttore_, orologio_.adesso().date(), giorno_corrente_);
+  if (e.classe == ClasseErrore::schema && !aggiorna_database(db_).fallito()) e = cerca();
   return e;
 }
 
-Errore tipo_della_data(Database& db, Traduttore& traduttore, QDate data, QString& giorno) {
+Errore Giorno::cerca() {
+  const QDate oggi = orologio_.adesso().date();
+  const auto tipo = tipo_della_data(db_, traduttore_, oggi);
+  giorno_corrente_ = tipo.fallito() ? traduttore_.traduci(nome_giorno(oggi.dayOfWeek())) : *tipo;
+  return tipo.errore();
+}
+
+Esito<QString> tipo_della_data(Database& db, Traduttore& traduttore, QDate data) {
   // In the other language no band would be found, and without a band every hour is good.
-  Errore errore = traduttore.leggibile();
-  giorno = traduttore.traduci(nome_giorno(data.dayOfWeek()));
-  QString speciale;
-  if (!errore.fallito()) errore = giorno_speciale(db, data, speciale);
-  if (!errore.fallito() && !speciale.isEmpty()) giorno = speciale;
-  return errore;
+  if (const Errore e = traduttore.leggibile(); e.fallito()) return e;
+  auto speciale = giorno_speciale(db, data);
+  if (speciale.fallito() || !speciale->isEmpty()) return speciale;
+  return traduttore.traduci(nome_giorno(data.dayOfWeek()));
 }
 
 }  // namespace lokera

@@ -22,14 +22,16 @@ class Giorno {
   const QString& giorno_corrente() const { return giorno_corrente_; }
 
  private:
+  Errore cerca();
+
   Database& db_;
   const Clock& orologio_;
   Traduttore& traduttore_;
   QString giorno_corrente_;
 };
 
-/// The day type of that date. On a failure `giorno` is the weekday's name.
-Errore tipo_della_data(Database& db, Traduttore& traduttore, QDate data, QString& giorno);
+/// The day type of that date.
+Esito<QString> tipo_della_data(Database& db, Traduttore& traduttore, QDate data);
 
 /// The Italian name of a weekday, 1 Monday to 7 Sunday.
 QString nome_giorno(int giorno_settimana);

@@ -40,15 +40,18 @@ Errore TessereDiFascia::cerca_tratto(LetturaATratti& lettura, const std::set<qlo
 }
 
 Errore TessereDiFascia::aggiungi(const QString& tessera, qlonglong gruppo_chiavi) {
-  const auto [dove, nuovo] = lokere_.try_emplace(gruppo_chiavi);
-  if (nuovo) {
-    if (Errore e = leggi_lokere(gruppo_chiavi, dove->second); e.fallito()) return e;
+  auto dove = lokere_.find(gruppo_chiavi);
+  if (dove == lokere_.end()) {
+    auto lette = leggi_lokere(gruppo_chiavi);
+    if (lette.fallito()) return lette.errore();
+    dove = lokere_.emplace(gruppo_chiavi, lette.prendi()).first;
   }
   for (const qlonglong lokera : dove->second) coppie_.emplace_back(tessera, lokera);
   return {};
 }
 
-Errore TessereDiFascia::leggi_lokere(qlonglong gruppo_chiavi, std::vector<qlonglong>& lokere) {
+Esito<std::vector<qlonglong>> TessereDiFascia::leggi_lokere(qlonglong gruppo_chiavi) {
+  std::vector<qlonglong> lokere;
   Recordset rs;
   Errore e = rs.Open(u"select distinct lokera from tessere_chiavi where gruppo = ? and lokera is not null"_s,
                      c_, {gruppo_chiavi});
@@ -56,7 +59,8 @@ Errore TessereDiFascia::leggi_lokere(qlonglong gruppo_chiavi, std::vector<qlongl
     lokere.push_back(rs.valore(0).toLongLong());
     e = rs.MoveNext();
   }
-  return e;
+  if (e.fallito()) return e;
+  return lokere;
 }
 
 const std::vector<TesseraInLokera>& TessereDiFascia::coppie() {

@@ -31,7 +31,7 @@ class TessereDiFascia {
   Errore cerca_tratto(LetturaATratti& lettura, const std::set<qlonglong>& gruppi_chiavi,
                       const std::function<bool()>& finito);
   Errore aggiungi(const QString& tessera, qlonglong gruppo_chiavi);
-  Errore leggi_lokere(qlonglong gruppo_chiavi, std::vector<qlonglong>& lokere);
+  Esito<std::vector<qlonglong>> leggi_lokere(qlonglong gruppo_chiavi);
 
   Connection& c_;
   std::map<qlonglong, std::vector<qlonglong>> lokere_;  ///< the cabinets that hold keys of each key group

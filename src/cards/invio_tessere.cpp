@@ -40,35 +40,36 @@ bool InvioTessere::fallito(const Errore& errore) const {
 }
 
 // The queue may have turned over since the caller read it: what it says now counts.
-Errore InvioTessere::permessa(const Inizio& c, const QString& codice, OperazioneCoda operazione,
-                              bool& permessa) {
-  std::optional<OperazioneCoda> attesa;
-  Errore e = coda_.in_attesa(codice, c.lokera, attesa);
-  permessa = attesa.value_or(operazione) == operazione;
-  return e;
+Esito<bool> InvioTessere::permessa(const Inizio& c, const QString& codice, OperazioneCoda operazione) {
+  const auto attesa = coda_.in_attesa(codice, c.lokera);
+  if (attesa.fallito()) return attesa.errore();
+  return attesa->value_or(operazione) == operazione;
 }
 
 qint16 InvioTessere::invia_record_operatore(const QString& codice, qint32& posizione, qint16 tipo) {
   const Inizio c = inizio();
   QByteArray record = codice.toLatin1();
   if (tipo == record_operatore) {
-    bool da_scrivere = false;
-    if (fallito(permessa(c, codice, OperazioneCoda::scrittura, da_scrivere)) || !da_scrivere) return 1;
-    if (fallito(posizioni_.assegna(codice, c.lokera, posizione))) return 1;
+    const auto da_scrivere = permessa(c, codice, OperazioneCoda::scrittura);
+    if (fallito(da_scrivere.errore()) || !*da_scrivere) return 1;
+    const auto assegnata = posizioni_.assegna(codice, c.lokera);
+    if (fallito(assegnata.errore())) return 1;
+    posizione = *assegnata;
     // A mask that could not be worked out is never sent: it would lock the person out of every key.
-    if (fallito(record_di(codice, record))) return 1;
+    auto da_inviare = record_di(codice);
+    if (fallito(da_inviare.errore())) return 1;
+    record = da_inviare.prendi();
   }
   if (!scrivi_e_verifica(c, posto(tipo, posizione), record)) return 1;
   if (tipo == record_operatore) return fallito(scritta(c, codice, posizione, record)) ? 1 : 0;
   return fallito(coda_.servita_scrittura(codice, c.lokera)) ? 1 : 0;
 }
 
-Errore InvioTessere::record_di(const QString& codice, QByteArray& record) {
-  Maschera maschera;
+Esito<QByteArray> InvioTessere::record_di(const QString& codice) {
   const QTime adesso = orologio_.adesso().time();
-  Errore e = calcola_maschera(db_.connessione_db, codice, giorno_.giorno_corrente(), adesso, maschera);
-  if (!e.fallito()) record = codice.toLatin1() + maschera_esadecimale(maschera);
-  return e;
+  const auto maschera = calcola_maschera(db_.connessione_db, codice, giorno_.giorno_corrente(), adesso);
+  if (maschera.fallito()) return maschera.errore();
+  return codice.toLatin1() + maschera_esadecimale(*maschera);
 }
 
 bool InvioTessere::scrivi_e_verifica(const Inizio& c, QByteArrayView testa, const QByteArray& record) {
@@ -83,21 +84,23 @@ bool InvioTessere::scrivi_e_verifica(const Inizio& c, QByteArrayView testa, cons
 // changed while the cabinet was answering, the queue keeps the card for the next visit.
 Errore InvioTessere::scritta(const Inizio& c, const QString& codice, qint32 posizione,
                              const QByteArray& record) {
-  QByteArray adesso;
-  if (Errore e = record_di(codice, adesso); e.fallito()) return e;
+  const auto adesso = record_di(codice);
+  if (adesso.fallito()) return adesso.errore();
   return in_transazione(db_.connessione_db, [&] {
     Errore errore = posizioni_.confermata(c.lokera, posizione);
-    return errore.fallito() || adesso != record ? errore : coda_.servita_scrittura(codice, c.lokera);
+    return errore.fallito() || *adesso != record ? errore : coda_.servita_scrittura(codice, c.lokera);
   });
 }
 
 qint16 InvioTessere::cancella_operatore_lokera(const QString& codice, qint32& posizione, qint16 tipo) {
   const Inizio c = inizio();
-  bool da_cancellare = false;
-  if (fallito(permessa(c, codice, OperazioneCoda::cancellazione, da_cancellare)) || !da_cancellare) return 1;
-  bool trovata = false;
-  if (fallito(posizioni_.libera(codice, c.lokera, posizione, trovata))) return 1;
+  const auto da_cancellare = permessa(c, codice, OperazioneCoda::cancellazione);
+  if (fallito(da_cancellare.errore()) || !*da_cancellare) return 1;
+  const auto liberata = posizioni_.libera(codice, c.lokera);
+  if (fallito(liberata.errore())) return 1;
+  const bool trovata = liberata->has_value();
   if (trovata) {
+    posizione = **liberata;
     const QByteArray frame = frame_cancella(tipo, posizione);
     if (!accettata(sessione_.scambia_due_volte(frame, attesa_scrittura_s)) || interrotta(c)) return 1;
   }
@@ -110,12 +113,12 @@ qint16 InvioTessere::cancella_operatore_lokera(const QString& codice, qint32& po
 
 qint16 InvioTessere::ripeti_cancellazioni() {
   const Inizio c = inizio();
-  QList<qint32> posizioni;
-  if (fallito(posizioni_.da_confermare(c.lokera, posizioni))) return 1;
+  const auto posizioni = posizioni_.da_confermare(c.lokera);
+  if (fallito(posizioni.errore())) return 1;
   bool tutte = true;
   bool muta = false;
-  for (qsizetype i = 0; i < posizioni.size() && !muta; ++i) {
-    if (!ripeti_cancellazione(c, posizioni[i], muta)) tutte = false;
+  for (qsizetype i = 0; i < posizioni->size() && !muta; ++i) {
+    if (!ripeti_cancellazione(c, posizioni->at(i), muta)) tutte = false;
     if (interrotta(c)) return 1;
   }
   return tutte ? 0 : 1;

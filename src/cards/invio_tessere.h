@@ -50,8 +50,8 @@ class InvioTessere {
   bool interrotta(const Inizio& c) const { return !sessione_.in_corso(c.conversazione); }
   bool fallito(const Errore& errore) const;
 
-  Errore permessa(const Inizio& c, const QString& codice, OperazioneCoda operazione, bool& permessa);
-  Errore record_di(const QString& codice, QByteArray& record);
+  Esito<bool> permessa(const Inizio& c, const QString& codice, OperazioneCoda operazione);
+  Esito<QByteArray> record_di(const QString& codice);
   bool scrivi_e_verifica(const Inizio& c, QByteArrayView testa, const QByteArray& record);
   Errore scritta(const Inizio& c, const QString& codice, qint32 posizione, const QByteArray& record);
   bool ripeti_cancellazione(const Inizio& c, qint32 posizione, bool& muta);

@@ -16,21 +16,20 @@ constexpr char cifre[] = "0123456789ABCDEF";
 // Key group -> whether one of its bands is in force. A group that is missing here has no band today.
 using GruppiConFasce = QHash<qlonglong, bool>;
 
-Errore gruppo_operatore(Connection& connessione, const QString& codice, qlonglong& gruppo) {
+Esito<qlonglong> gruppo_operatore(Connection& connessione, const QString& codice) {
   Recordset rs;
-  if (Errore e = rs.Open(u"select * from tessere_operatori where codice = ?"_s, connessione, {codice});
+  if (const Errore e = rs.Open(u"select * from tessere_operatori where codice = ?"_s, connessione, {codice});
       e.fallito())
     return e;
-  gruppo = rs.eof() ? -1 : rs.numero(u"gruppo");
-  return {};
+  return rs.eof() ? -1 : rs.numero(u"gruppo");
 }
 
-Errore leggi_fasce(Connection& connessione, qlonglong gruppo, const QString& giorno, QTime adesso,
-                   GruppiConFasce& fasce) {
+Esito<GruppiConFasce> leggi_fasce(Connection& connessione, qlonglong gruppo, const QString& giorno,
+                                  QTime adesso) {
+  GruppiConFasce fasce;
   Recordset rs;
   Errore e = rs.Open(
-      u"select gruppo_chiavi, dalle_ore, alle_ore from fascie_orarie"
-      " where gruppo_oper = ? and giorno = ?"_s,
+      u"select gruppo_chiavi, dalle_ore, alle_ore from fascie_orarie where gruppo_oper = ? and giorno = ?"_s,
       connessione, {gruppo, giorno});
   while (!e.fallito() && !rs.eof()) {
     bool& aperta = fasce[rs.valore(0).toLongLong()];
@@ -38,7 +37,8 @@ Errore leggi_fasce(Connection& connessione, qlonglong gruppo, const QString& gio
              fascia_in_vigore(rs.valore(1).toDateTime().time(), rs.valore(2).toDateTime().time(), adesso);
     e = rs.MoveNext();
   }
-  return e;
+  if (e.fallito()) return e;
+  return fasce;
 }
 
 }  // namespace
@@ -66,27 +66,35 @@ bool fascia_in_vigore(QTime dalle, QTime alle, QTime adesso) {
   return minuti_tra(dalle, adesso) > -5 && minuti_tra(adesso, alle) >= 0;
 }
 
-Errore calcola_maschera(Connection& connessione, const QString& codice, const QString& giorno, QTime adesso,
-                        Maschera& maschera) {
-  maschera.reset();
-  qlonglong gruppo = -1;
-  GruppiConFasce fasce;
-  if (Errore e = gruppo_operatore(connessione, codice, gruppo); e.fallito()) return e;
-  if (Errore e = leggi_fasce(connessione, gruppo, giorno, adesso, fasce); e.fallito()) return e;
+Esito<std::vector<ChiaveAppesa>> chiavi_di_tessera(Connection& connessione, const QString& codice, int da,
+                                                   int a) {
+  std::vector<ChiaveAppesa> chiavi;
   Recordset rs;
   Errore e = rs.Open(
-      u"SELECT tessere_chiavi.posizione, tessere_chiavi.gruppo FROM (gruppi_tessera INNER"
-      " JOIN tessere_chiavi ON gruppi_tessera.codice = tessere_chiavi.gruppo) WHERE"
-      " gruppi_tessera.tessera = ? and tessere_chiavi.posizione >= ? and"
-      " tessere_chiavi.posizione <= ?"_s,
-      connessione, {codice, 0, posizioni_maschera - 1});
-  Maschera trovate;
+      u"SELECT tessere_chiavi.posizione, tessere_chiavi.gruppo FROM (gruppi_tessera INNER JOIN"
+      " tessere_chiavi ON gruppi_tessera.codice = tessere_chiavi.gruppo) WHERE gruppi_tessera.tessera = ?"
+      " and tessere_chiavi.posizione >= ? and tessere_chiavi.posizione <= ?"_s,
+      connessione, {codice, da, a});
   while (!e.fallito() && !rs.eof()) {
-    if (fasce.value(rs.valore(1).toLongLong(), true)) trovate.set(rs.valore(0).toULongLong());
+    chiavi.push_back({rs.valore(0).toLongLong(), rs.valore(1).toLongLong()});
     e = rs.MoveNext();
   }
-  if (!e.fallito()) maschera = trovate;
-  return e;
+  if (e.fallito()) return e;
+  return chiavi;
+}
+
+Esito<Maschera> calcola_maschera(Connection& connessione, const QString& codice, const QString& giorno,
+                                 QTime adesso) {
+  const auto gruppo = gruppo_operatore(connessione, codice);
+  if (gruppo.fallito()) return gruppo.errore();
+  const auto fasce = leggi_fasce(connessione, *gruppo, giorno, adesso);
+  if (fasce.fallito()) return fasce.errore();
+  const auto chiavi = chiavi_di_tessera(connessione, codice, 0, posizioni_maschera - 1);
+  if (chiavi.fallito()) return chiavi.errore();
+  Maschera maschera;
+  for (const ChiaveAppesa& chiave : *chiavi)
+    if (fasce->value(chiave.gruppo, true)) maschera.set(static_cast<size_t>(chiave.posizione));
+  return maschera;
 }
 
 }  // namespace lokera

@@ -5,8 +5,9 @@
 #include <QTime>
 
 #include <bitset>
+#include <vector>
 
-#include "store/database.h"
+#include "store/connection.h"
 
 namespace lokera {
 
@@ -25,9 +26,18 @@ QByteArray maschera_esadecimale(const Maschera& maschera);
 /// of the closing.
 bool fascia_in_vigore(QTime dalle, QTime alle, QTime adesso);
 
-/// The key positions that the card may open now: all keys of its groups, of every cabinet, less those whose
-/// bands of the day `giorno` are all closed. A failed query is returned and leaves the mask empty.
-Errore calcola_maschera(Connection& connessione, const QString& codice, const QString& giorno, QTime adesso,
-                        Maschera& maschera);
+/// A key that hangs at a position, counted from 0.
+struct ChiaveAppesa {
+  qlonglong posizione, gruppo;
+};
+
+/// The keys of the card's groups, of every cabinet, at the positions `da` to `a`, whatever the hour.
+Esito<std::vector<ChiaveAppesa>> chiavi_di_tessera(Connection& connessione, const QString& codice, int da,
+                                                   int a);
+
+/// The key positions that the card may open now: the keys of its groups, less those whose bands of the day
+/// `giorno` are all closed.
+Esito<Maschera> calcola_maschera(Connection& connessione, const QString& codice, const QString& giorno,
+                                 QTime adesso);
 
 }  // namespace lokera

@@ -3,6 +3,8 @@
 #include <QList>
 #include <QString>
 
+#include <optional>
+
 #include "store/connection.h"
 
 namespace lokera {
@@ -14,21 +16,21 @@ class PosizioniTessere {
   explicit PosizioniTessere(Connection& connessione) : c_(connessione) {}
 
   /// The card's position, which it keeps for good; a card without one gets the lowest free one.
-  Errore assegna(const QString& tessera, qlonglong lokera, qint32& posizione);
+  Esito<qint32> assegna(const QString& tessera, qlonglong lokera);
 
-  /// Frees the card's position and remembers it as not confirmed, in one. Without a position `trovata` is
-  /// false and `posizione` stays as it is.
-  Errore libera(const QString& tessera, qlonglong lokera, qint32& posizione, bool& trovata);
+  /// Frees the card's position and remembers it as not confirmed, in one. Returns the position that it had,
+  /// if any.
+  Esito<std::optional<qint32>> libera(const QString& tessera, qlonglong lokera);
 
   /// What the position held before is gone for certain: deleted, or overwritten.
   Errore confermata(qlonglong lokera, qint32 posizione);
 
   /// Positions whose deletion is to be asked for again, in rising order. One where another card may have its
   /// record by now is left out; a card whose writing still waits in the queue has none yet.
-  Errore da_confermare(qlonglong lokera, QList<qint32>& posizioni);
+  Esito<QList<qint32>> da_confermare(qlonglong lokera);
 
  private:
-  Errore prima_libera(qlonglong lokera, qint32& posizione);
+  Esito<qint32> prima_libera(qlonglong lokera);
   Errore ricorda(const QString& tessera, qlonglong lokera, qint32 posizione);
 
   Connection& c_;

@@ -67,10 +67,10 @@ Errore CodaTessere::accoda_cancellazione(const QString& tessera, qlonglong loker
 Errore CodaTessere::accoda_cancellazione_conservando(const QString& tessera, qlonglong lokera,
                                                      MotivoConservare motivo) {
   return tutto_o_niente(c_, [&]() -> Errore {
-    bool esce = false;
-    if (Errore e = esiste(u"select 1 where "_s + in_uscita(u"?"_s), {tessera}, esce); e.fallito()) return e;
+    const auto esce = esiste(u"select 1 where "_s + in_uscita(u"?"_s), {tessera});
+    if (esce.fallito()) return esce.errore();
     if (Errore e = metti(tessera, lokera, OperazioneCoda::cancellazione); e.fallito()) return e;
-    return esce ? Errore{} : segna(tessera, lokera, motivo);
+    return *esce ? Errore{} : segna(tessera, lokera, motivo);
   });
 }
 
@@ -93,8 +93,8 @@ Errore CodaTessere::elimina_tessera(const QString& tessera) {
   });
 }
 
-Errore CodaTessere::per_lokera(qlonglong lokera, std::vector<RigaCoda>& righe) {
-  righe.clear();
+Esito<std::vector<RigaCoda>> CodaTessere::per_lokera(qlonglong lokera) {
+  std::vector<RigaCoda> righe;
   Recordset rs;
   Errore e = rs.Open(
       u"select aggiorn_tessere_oper.*, tessere_operatori.intestazione from (aggiorn_tessere_oper inner join"
@@ -105,23 +105,22 @@ Errore CodaTessere::per_lokera(qlonglong lokera, std::vector<RigaCoda>& righe) {
     righe.push_back({rs.testo(u"id_tessera"), rs.testo(u"intestazione"), rs.testo(u"operazione")});
     e = rs.MoveNext();
   }
-  if (e.fallito()) righe.clear();
-  return e;
+  if (e.fallito()) return e;
+  return righe;
 }
 
-Errore CodaTessere::in_attesa(const QString& tessera, qlonglong lokera,
-                              std::optional<OperazioneCoda>& operazione) {
-  operazione.reset();
+Esito<std::optional<OperazioneCoda>> CodaTessere::in_attesa(const QString& tessera, qlonglong lokera) {
+  std::optional<OperazioneCoda> operazione;
   Recordset rs;
-  if (Errore e =
+  if (const Errore e =
           rs.Open(u"select operazione from aggiorn_tessere_oper where ID_tessera = ? and ID_lokera = ?"_s, c_,
                   {tessera, lokera});
       e.fallito())
     return e;
-  if (rs.eof()) return {};
+  if (rs.eof()) return operazione;
   const bool elimina = rs.testo(u"operazione") == lettera(OperazioneCoda::cancellazione);
   operazione = elimina ? OperazioneCoda::cancellazione : OperazioneCoda::scrittura;
-  return {};
+  return operazione;
 }
 
 Errore CodaTessere::servita_scrittura(const QString& tessera, qlonglong lokera) {
@@ -130,16 +129,14 @@ Errore CodaTessere::servita_scrittura(const QString& tessera, qlonglong lokera) 
 
 Errore CodaTessere::servita_cancellazione(const QString& tessera, qlonglong lokera) {
   return tutto_o_niente(c_, [&]() -> Errore {
-    std::optional<OperazioneCoda> attesa;
-    if (Errore e = in_attesa(tessera, lokera, attesa); e.fallito()) return e;
-    if (attesa == OperazioneCoda::scrittura) return {};
-    bool conservata = false;
-    if (Errore e = esiste(u"select 1 from tessere_da_conservare where ID_tessera = ? and ID_lokera = ?"_s,
-                          {tessera, lokera}, conservata);
-        e.fallito())
-      return e;
+    const auto attesa = in_attesa(tessera, lokera);
+    if (attesa.fallito()) return attesa.errore();
+    if (*attesa == OperazioneCoda::scrittura) return {};
+    const auto conservata = esiste(
+        u"select 1 from tessere_da_conservare where ID_tessera = ? and ID_lokera = ?"_s, {tessera, lokera});
+    if (conservata.fallito()) return conservata.errore();
     if (Errore e = togli(tessera, lokera, OperazioneCoda::cancellazione); e.fallito()) return e;
-    return conservata ? Errore{} : esce_se_servita(tessera);
+    return *conservata ? Errore{} : esce_se_servita(tessera);
   });
 }
 
@@ -148,27 +145,21 @@ Errore CodaTessere::metti(const QString& tessera, qlonglong lokera, OperazioneCo
                             {tessera, lokera});
       e.fallito())
     return e;
-  qint64 righe = 0;
-  if (Errore e = c_.Execute(
-          u"update aggiorn_tessere_oper set operazione = ? where ID_tessera = ? and ID_lokera = ?"_s,
-          {lettera(operazione), tessera, lokera}, &righe);
-      e.fallito())
-    return e;
-  if (righe > 0) return {};
+  const auto righe = c_.esegui_contando(
+      u"update aggiorn_tessere_oper set operazione = ? where ID_tessera = ? and ID_lokera = ?"_s,
+      {lettera(operazione), tessera, lokera});
+  if (righe.fallito() || *righe > 0) return righe.errore();
   return c_.Execute(
       u"insert into aggiorn_tessere_oper (ID_tessera, ID_lokera, operazione) values (?, ?, ?)"_s,
       {tessera, lokera, lettera(operazione)});
 }
 
 Errore CodaTessere::togli(const QString& tessera, qlonglong lokera, OperazioneCoda operazione) {
-  return tutto_o_niente(c_, [&]() -> Errore {
-    qint64 righe = 0;
-    if (Errore e = c_.Execute(
-            u"delete from aggiorn_tessere_oper where ID_tessera = ? and ID_lokera = ? and operazione = ?"_s,
-            {tessera, lokera, lettera(operazione)}, &righe);
-        e.fallito())
-      return e;
-    if (righe == 0) return {};
+  return tutto_o_niente(c_, [&] {
+    const auto righe = c_.esegui_contando(
+        u"delete from aggiorn_tessere_oper where ID_tessera = ? and ID_lokera = ? and operazione = ?"_s,
+        {tessera, lokera, lettera(operazione)});
+    if (righe.fallito() || *righe == 0) return righe.errore();
     return c_.Execute(u"delete from tessere_da_conservare where ID_tessera = ? and ID_lokera = ?"_s,
                       {tessera, lokera});
   });
@@ -185,21 +176,18 @@ Errore CodaTessere::togli_segni(const QString& tessera) {
 
 // While a cabinet waits the card stays, and none of the deletions that wait may keep it any more.
 Errore CodaTessere::esce_se_servita(const QString& tessera) {
-  bool altrove = false;
-  if (Errore e = esiste(u"select 1 from aggiorn_tessere_oper where ID_tessera = ?"_s, {tessera}, altrove);
-      e.fallito())
-    return e;
-  if (altrove) return togli_segni(tessera);
+  const auto altrove = esiste(u"select 1 from aggiorn_tessere_oper where ID_tessera = ?"_s, {tessera});
+  if (altrove.fallito()) return altrove.errore();
+  if (*altrove) return togli_segni(tessera);
   if (Errore e = c_.Execute(u"delete FROM gruppi_tessera WHERE tessera = ?"_s, {tessera}); e.fallito())
     return e;
   return c_.Execute(u"delete FROM tessere_operatori WHERE codice = ?"_s, {tessera});
 }
 
-Errore CodaTessere::esiste(const QString& sql, const QVariantList& valori, bool& trovata) {
+Esito<bool> CodaTessere::esiste(const QString& sql, const QVariantList& valori) {
   Recordset rs;
-  Errore e = rs.Open(sql, c_, valori);
-  trovata = !e.fallito() && !rs.eof();
-  return e;
+  if (const Errore e = rs.Open(sql, c_, valori); e.fallito()) return e;
+  return !rs.eof();
 }
 
 }  // namespace lokera

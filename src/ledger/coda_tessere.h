@@ -57,9 +57,9 @@ class CodaTessere {
   static QString in_uscita(const QString& tessera);
 
   /// Cards of the registry queued for a cabinet, in the order in which they are to be served.
-  Errore per_lokera(qlonglong lokera, std::vector<RigaCoda>& righe);
+  Esito<std::vector<RigaCoda>> per_lokera(qlonglong lokera);
   /// What is queued; nothing when the pair is not.
-  Errore in_attesa(const QString& tessera, qlonglong lokera, std::optional<OperazioneCoda>& operazione);
+  Esito<std::optional<OperazioneCoda>> in_attesa(const QString& tessera, qlonglong lokera);
 
   /// The cabinet has the record. What has become a deletion meanwhile stays queued.
   Errore servita_scrittura(const QString& tessera, qlonglong lokera);
@@ -74,7 +74,7 @@ class CodaTessere {
   Errore segna(const QString& tessera, qlonglong lokera, MotivoConservare motivo);
   Errore togli_segni(const QString& tessera);
   Errore esce_se_servita(const QString& tessera);
-  Errore esiste(const QString& sql, const QVariantList& valori, bool& trovata);
+  Esito<bool> esiste(const QString& sql, const QVariantList& valori);
 
   Connection& c_;
 };

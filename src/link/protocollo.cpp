@@ -24,11 +24,6 @@ QByteArray componi_frame(QByteArrayView testo) {
   return frame;
 }
 
-QByteArrayView campo_frame(QByteArrayView frame, qsizetype da, qsizetype larghezza) {
-  if (da > frame.size() || larghezza <= 0) return {};
-  return frame.sliced(da - 1, std::min(larghezza, frame.size() - da + 1));
-}
-
 QByteArrayView codice_comando(QByteArrayView frame) {
   return campo_frame(frame, 1, 5);
 }

@@ -3,6 +3,8 @@
 #include <QByteArray>
 #include <QString>
 
+#include "platform/campo_frame.h"
+
 namespace lokera {
 
 /// Frames: five characters of command code, payload, two hexadecimal digits of block check, carriage return.
@@ -18,10 +20,6 @@ QByteArray componi_frame(QByteArrayView testo);
 inline constexpr char frame_leggi_transazione[] = "0003635\r";
 inline constexpr char frame_conferma_transazione[] = "0003734\r";
 inline constexpr char frame_conta_transazioni[] = "000393A\r";
-
-/// The `larghezza` characters from position `da`; fewer when the frame ends before, none when it is too
-/// short.
-QByteArrayView campo_frame(QByteArrayView frame, qsizetype da, qsizetype larghezza);
 
 /// Positions 1 to 5.
 QByteArrayView codice_comando(QByteArrayView frame);

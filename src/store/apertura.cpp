@@ -91,9 +91,10 @@ Errore Connection::Motore::imposta_file(const QString& password) {
 }
 
 Errore Connection::Motore::leggi_impostazione(const char* nome, const QString& atteso) {
+  const auto esito = prendi(u"pragma "_s + QString::fromLatin1(nome));
+  if (esito.fallito()) return esito.errore();
+  const auto& s = *esito;
   Errore errore;
-  const auto s = prendi(u"pragma "_s + QString::fromLatin1(nome), errore);
-  if (!s) return errore;
   const int rc = sqlite3_step(s->grezzo());
   const bool riga = rc == SQLITE_ROW;
   if (!riga && rc != SQLITE_DONE) errore = errore_motore(db, rc);

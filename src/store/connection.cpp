@@ -29,15 +29,18 @@ bool Connection::aperta() const {
   return motore_->db != nullptr;
 }
 
-Errore Connection::Execute(const QString& sql, const QVariantList& valori, qint64* righe) {
-  return motore_->esegui(sql, valori, righe);
+Errore Connection::Execute(const QString& sql, const QVariantList& valori) {
+  return motore_->esegui(sql, valori).errore();
 }
 
-Errore Connection::restituisce_righe(const QString& sql, bool& righe) {
-  Errore errore;
-  const auto s = motore_->prendi(sql, errore);
-  righe = s && sqlite3_column_count(s->grezzo()) > 0;
-  return errore;
+Esito<qint64> Connection::esegui_contando(const QString& sql, const QVariantList& valori) {
+  return motore_->esegui(sql, valori);
+}
+
+Esito<bool> Connection::restituisce_righe(const QString& sql) {
+  const auto s = motore_->prendi(sql);
+  if (s.fallito()) return s.errore();
+  return sqlite3_column_count((*s)->grezzo()) > 0;
 }
 
 Errore Connection::BeginTrans() {

@@ -34,12 +34,13 @@ class Connection {
   void Close();
   bool aperta() const;
 
-  /// Runs one statement that yields no rows. `righe`, when given, receives how many rows it touched; -1 for
-  /// one that is no insert, update or delete.
-  Errore Execute(const QString& sql, const QVariantList& valori = {}, qint64* righe = nullptr);
+  /// Runs one statement that yields no rows.
+  Errore Execute(const QString& sql, const QVariantList& valori = {});
+  /// The same; returns how many rows it touched, -1 for one that is no insert, update or delete.
+  Esito<qint64> esegui_contando(const QString& sql, const QVariantList& valori = {});
 
   /// Whether the statement yields rows, told from its columns; it isn't run.
-  Errore restituisce_righe(const QString& sql, bool& righe);
+  Esito<bool> restituisce_righe(const QString& sql);
 
   Errore BeginTrans();
   Errore CommitTrans();

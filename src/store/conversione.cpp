@@ -44,40 +44,34 @@ std::optional<double> come_numero(const QVariant& v) {
   return std::nullopt;
 }
 
-Errore in_intero(const Campo& campo, const QVariant& v, QVariant& esito) {
+Esito<QVariant> in_intero(const Campo& campo, const QVariant& v) {
   if (tipo_intero(v.typeId())) {
-    esito = v.toLongLong();
-    return {};
+    return QVariant(v.toLongLong());
   }
   const auto n = come_numero(v);
   if (!n || std::abs(*n) > 9.0e15) return rifiuta(campo, v, "un numero"_L1);
-  esito = static_cast<qlonglong>(std::nearbyint(*n));  // halves to the even number
-  return {};
+  return QVariant(static_cast<qlonglong>(std::nearbyint(*n)));  // halves to the even number
 }
 
-Errore in_reale(const Campo& campo, const QVariant& v, QVariant& esito) {
+Esito<QVariant> in_reale(const Campo& campo, const QVariant& v) {
   const auto n = come_numero(v);
   if (!n) return rifiuta(campo, v, "un numero"_L1);
-  esito = *n;
-  return {};
+  return QVariant(*n);
 }
 
-Errore in_booleano(const Campo& campo, const QVariant& v, QVariant& esito) {
+Esito<QVariant> in_booleano(const Campo& campo, const QVariant& v) {
   if (v.typeId() == QMetaType::QString) {
     const QString t = u' ' + v.toString().trimmed().toLower() + u' ';
     if (u" true vero sì si yes "_s.contains(t)) {
-      esito = true;
-      return {};
+      return QVariant(true);
     }
     if (u" false falso no "_s.contains(t)) {
-      esito = false;
-      return {};
+      return QVariant(false);
     }
   }
   const auto n = come_numero(v);
   if (!n) return rifiuta(campo, v, "un valore vero o falso"_L1);
-  esito = *n != 0;
-  return {};
+  return QVariant(*n != 0);
 }
 
 QDateTime come_data(const QVariant& v) {
@@ -95,19 +89,17 @@ QDateTime come_data(const QVariant& v) {
   }
 }
 
-Errore in_data(const Campo& campo, const QVariant& v, QVariant& esito) {
+Esito<QVariant> in_data(const Campo& campo, const QVariant& v) {
   const bool numero = tipo_intero(v.typeId()) || tipo_reale(v.typeId());
   if (numero && std::abs(v.toDouble()) < 1.0e6) {  // days since day zero, with their fraction
     const QDate giorno = giorno_zero().addDays(static_cast<qint64>(std::floor(v.toDouble())));
     const double frazione = v.toDouble() - std::floor(v.toDouble());
     const auto tempo = QTime::fromMSecsSinceStartOfDay(static_cast<int>(frazione * 86'400'000));
-    esito = momento(giorno, tempo);
-    return {};
+    return QVariant(momento(giorno, tempo));
   }
   const QDateTime d = come_data(v);
   if (!d.date().isValid()) return rifiuta(campo, v, "una data"_L1);
-  esito = d;
-  return {};
+  return QVariant(d);
 }
 
 }  // namespace
@@ -129,27 +121,25 @@ QString testo_valore(const QVariant& v) {
   }
 }
 
-Errore converti_valore(const Campo& campo, const QVariant& v, QVariant& esito) {
+Esito<QVariant> converti_valore(const Campo& campo, const QVariant& v) {
   if (!v.isValid()) {
-    esito = v;
-    return {};
+    return v;
   }
   switch (campo.tipo) {
     case TipoCampo::intero_breve:
     case TipoCampo::intero:
-      return in_intero(campo, v, esito);
+      return in_intero(campo, v);
     case TipoCampo::doppio:
     case TipoCampo::numerico:
-      return in_reale(campo, v, esito);
+      return in_reale(campo, v);
     case TipoCampo::booleano:
-      return in_booleano(campo, v, esito);
+      return in_booleano(campo, v);
     case TipoCampo::data:
-      return in_data(campo, v, esito);
+      return in_data(campo, v);
     default:
       break;
   }
-  esito = v.typeId() == QMetaType::QString ? v : QVariant(testo_valore(v));
-  return {};
+  return v.typeId() == QMetaType::QString ? v : QVariant(testo_valore(v));
 }
 
 }  // namespace lokera

@@ -71,13 +71,10 @@ QString controllo_tipo(const Tipo& tipo, const QString& nome, int caratteri) {
 }
 
 /// `[nome] tipo(n) ...`: the pieces come without blanks.
-QString colonna(const Pezzi& p, bool chiave, Errore& errore) {
+Esito<QString> colonna(const Pezzi& p, bool chiave) {
   const QString nome = nome_lessema(p[0]);
   const Tipo* tipo = p.size() > 1 ? trova_tipo(p[1].testo) : nullptr;
-  if (tipo == nullptr) {
-    errore = {1, u"Tipo di colonna sconosciuto: "_s + senza_parentesi_quadre(nome)};
-    return {};
-  }
+  if (tipo == nullptr) return Errore{1, u"Tipo di colonna sconosciuto: "_s + senza_parentesi_quadre(nome)};
   size_t resto = 2;
   int caratteri = tipo->dimensione;
   if (p.size() > 3 && p[2].e_segno(u'(')) {
@@ -141,17 +138,20 @@ bool contiene(const std::vector<QString>& nomi, const QString& nome) {
   return false;
 }
 
-QString crea_tabella(const Pezzi& p, size_t aperta, Errore& errore) {
+Esito<QString> crea_tabella(const Pezzi& p, size_t aperta) {
   QString sql;
   const std::vector<Pezzi> parti = elementi(p, aperta + 1);
   const std::vector<QString> chiave = colonne_chiave(parti);
   for (const Pezzi& parte : parti) {
     if (parte.empty()) continue;
     if (!sql.isEmpty()) sql += u","_s;
-    sql +=
-        e_vincolo(parte)
-            ? riunisci(parte, 0)
-            : u' ' + colonna(parte, contiene(chiave, senza_parentesi_quadre(nome_lessema(parte[0]))), errore);
+    if (e_vincolo(parte)) {
+      sql += riunisci(parte, 0);
+      continue;
+    }
+    const auto c = colonna(parte, contiene(chiave, senza_parentesi_quadre(nome_lessema(parte[0]))));
+    if (c.fallito()) return c.errore();
+    sql += u' ' + *c;
   }
   return riunisci(Pezzi(p.begin(), p.begin() + static_cast<std::ptrdiff_t>(aperta)), 0).trimmed() + u" ("_s +
          sql + u')';
@@ -167,20 +167,22 @@ Pezzi senza_spazi(const std::vector<Lessema>& lessemi) {
 
 }  // namespace
 
-std::optional<QString> abbassa_definizione(const std::vector<Lessema>& lessemi, Errore& errore) {
+std::optional<Esito<QString>> abbassa_definizione(const std::vector<Lessema>& lessemi) {
   const Pezzi p = senza_spazi(lessemi);
   if (p.size() < 4 || !p[1].e_parola(u"table")) return std::nullopt;
   if (p[0].e_parola(u"create")) {
     size_t aperta = 2;
     while (aperta < p.size() && !p[aperta].e_segno(u'(') && !p[aperta].e_parola(u"as")) ++aperta;
     if (aperta == p.size() || !p[aperta].e_segno(u'(')) return std::nullopt;
-    return crea_tabella(p, aperta, errore);
+    return crea_tabella(p, aperta);
   }
   if (!p[0].e_parola(u"alter") || !p[3].e_parola(u"add")) return std::nullopt;
   const size_t prima = p.size() > 4 && p[4].e_parola(u"column") ? 5 : 4;
   const Pezzi resto(p.begin() + static_cast<std::ptrdiff_t>(std::min(prima, p.size())), p.end());
   if (resto.empty() || e_vincolo(resto)) return std::nullopt;
-  return u"ALTER TABLE "_s + nome_lessema(p[2]) + u" ADD COLUMN "_s + colonna(resto, false, errore);
+  const auto c = colonna(resto, false);
+  if (c.fallito()) return c;
+  return u"ALTER TABLE "_s + nome_lessema(p[2]) + u" ADD COLUMN "_s + *c;
 }
 
 Campo campo_dichiarato(const QString& nome, QByteArrayView dichiarato) {

@@ -37,20 +37,22 @@ class Passata {
  public:
   explicit Passata(QStringView sql) : lessemi_(scomponi(sql)), tolti_(lessemi_.size(), false), limiti_(1) {}
 
-  Abbassata esegui() {
+  Esito<Abbassata> esegui() {
     togli_chiusura_finale();
     const size_t primo = verbo();
     if (primo < lessemi_.size()) esito_.tipo = tipo_di(lessemi_[primo].testo);
     trova_tabella(primo);
     if (esito_.tipo == TipoIstruzione::definizione) {
-      if (auto ddl = abbassa_definizione(lessemi_, esito_.errore)) {
-        esito_.sql = *ddl;
+      if (const auto ddl = abbassa_definizione(lessemi_)) {
+        if (ddl->fallito()) return ddl->errore();
+        esito_.sql = ddl->valore();
         return esito_;
       }
     }
     for (i_ = 0; i_ < lessemi_.size(); ++i_) {
       if (!tolti_[i_]) passo(lessemi_[i_]);
     }
+    if (errore_.fallito()) return errore_;
     esito_.sql += limiti_.front();
     return esito_;
   }
@@ -115,7 +117,7 @@ class Passata {
   void data(const Lessema& l) {
     const auto letta = leggi_data(l.testo.sliced(1).chopped(1), OrdineData::mese_giorno);
     if (!letta) {
-      esito_.errore = {1, u"Data non valida nell'istruzione: "_s + l.testo.toString()};
+      errore_ = {1, u"Data non valida nell'istruzione: "_s + l.testo.toString()};
       return;
     }
     esito_.sql += u'\'' + QString::fromLatin1(data_memorizzata(*letta)) + u'\'';
@@ -175,12 +177,13 @@ class Passata {
   std::vector<bool> tolti_;
   std::vector<QString> limiti_;  ///< one for each open parenthesis, the statement itself first
   Abbassata esito_;
+  Errore errore_;
   size_t i_ = 0;
 };
 
 }  // namespace
 
-Abbassata abbassa(QStringView sql) {
+Esito<Abbassata> abbassa(QStringView sql) {
   return Passata(sql).esegui();
 }
 

@@ -37,7 +37,7 @@ class [[nodiscard]] Esito {
   bool fallito() const { return errore_.fallito(); }
   /// A success when there is a value.
   const Errore& errore() const { return errore_; }
-  /// Only of a success.
+  /// The default of its type after a failure.
   const T& valore() const { return valore_; }
   const T& operator*() const { return valore_; }
   const T* operator->() const { return &valore_; }

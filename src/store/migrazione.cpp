@@ -44,7 +44,7 @@ QString valore_iniziale(const QString& tipo) {
   return u"' '"_s;
 }
 
-struct Campo {
+struct ColonnaAggiunta {
   const char16_t* nome;
   const char16_t* tipo;
 };
@@ -52,7 +52,7 @@ struct Campo {
 struct Passo {
   const char16_t* tabella;
   const char16_t* colonne;
-  std::vector<Campo> campi;
+  std::vector<ColonnaAggiunta> campi;
 };
 
 /// In the order in which the releases brought them.
@@ -160,7 +160,7 @@ void esegui_passi(Database& db) {
   for (const Passo& p : passi()) {
     const QString tabella = QString::fromUtf16(p.tabella);
     esegui_ddl(db, u"CREATE table "_s + tabella + u' ' + QString::fromUtf16(p.colonne));
-    for (const Campo& c : p.campi)
+    for (const ColonnaAggiunta& c : p.campi)
       aggiungi_campo(db, tabella, QString::fromUtf16(c.nome), QString::fromUtf16(c.tipo));
   }
   for (const char16_t* i : indici_doppi) {
@@ -177,7 +177,7 @@ std::vector<TabellaAttesa> tabelle_della_migrazione() {
   std::vector<TabellaAttesa> tabelle;
   for (const Passo& p : passi()) {
     TabellaAttesa t{QString::fromUtf16(p.tabella), colonne_definite(QString::fromUtf16(p.colonne))};
-    for (const Campo& c : p.campi) t.colonne += QString::fromUtf16(c.nome);
+    for (const ColonnaAggiunta& c : p.campi) t.colonne += QString::fromUtf16(c.nome);
     t.colonne.removeDuplicates();
     tabelle.push_back(t);
   }

@@ -25,19 +25,16 @@ quint64 ConteggioModifiche::versione(const QString& tabella) const {
   return tutte_ + tabelle_.value(tabella.toLower().toUtf8());
 }
 
-std::shared_ptr<Statement> Connection::Motore::prendi(const QString& sql, Errore& errore) {
-  if (db == nullptr) {
-    errore = {SQLITE_MISUSE, u"Database non aperto"_s};
-    return nullptr;
-  }
+Esito<std::shared_ptr<Statement>> Connection::Motore::prendi(const QString& sql) {
+  if (db == nullptr) return Errore{SQLITE_MISUSE, u"Database non aperto"_s};
   ++istruzioni;
-  return statement.prendi(db, sql, errore);
+  return statement.prendi(db, sql);
 }
 
-Errore Connection::Motore::esegui_fino_in_fondo(Statement& s, qint64* righe) {
+Esito<qint64> Connection::Motore::esegui_fino_in_fondo(Statement& s) {
   if (transazione && sqlite3_get_autocommit(db) != 0) {
     s.azzera();
-    return {SQLITE_ABORT, u"La transazione è stata annullata da un errore precedente"_s};
+    return Errore{SQLITE_ABORT, u"La transazione è stata annullata da un errore precedente"_s};
   }
   int rc = sqlite3_step(s.grezzo());
   while (rc == SQLITE_ROW) rc = sqlite3_step(s.grezzo());
@@ -45,29 +42,29 @@ Errore Connection::Motore::esegui_fino_in_fondo(Statement& s, qint64* righe) {
   if (rc != SQLITE_DONE) errore = errore_motore(db, rc);
   const bool scrive = s.tipo() == TipoIstruzione::inserimento || s.tipo() == TipoIstruzione::modifica ||
                       s.tipo() == TipoIstruzione::cancellazione;
-  if (righe != nullptr) *righe = !scrive ? -1 : errore.fallito() ? 0 : sqlite3_changes(db);
+  const qint64 righe = scrive ? sqlite3_changes(db) : -1;
   // A table emptied as a whole tells nothing row by row.
   if (s.tipo() == TipoIstruzione::cancellazione) modifiche.tabella_intera(s.tabella());
   s.azzera();
-  return errore;
+  if (errore.fallito()) return errore;
+  return righe;
 }
 
-Errore Connection::Motore::esegui(const QString& sql, const QVariantList& valori, qint64* righe) {
-  Errore errore;
-  const auto s = prendi(sql, errore);
-  if (!s) return errore;
-  errore = s->lega(valori);
-  if (!errore.fallito()) errore = esegui_fino_in_fondo(*s, righe);
-  if (s->tipo() == TipoIstruzione::definizione && !errore.fallito()) {
+Esito<qint64> Connection::Motore::esegui(const QString& sql, const QVariantList& valori) {
+  const auto s = prendi(sql);
+  if (s.fallito()) return s.errore();
+  if (const Errore e = (*s)->lega(valori); e.fallito()) return e;
+  auto righe = esegui_fino_in_fondo(**s);
+  if ((*s)->tipo() == TipoIstruzione::definizione && !righe.fallito()) {
     statement.svuota();
     modifiche.tutte();
   }
-  return errore;
+  return righe;
 }
 
 quint64 Connection::Motore::versione(const QString& tabella) {
-  Errore errore;
-  const auto s = prendi(u"pragma data_version"_s, errore);
+  const auto esito = prendi(u"pragma data_version"_s);
+  const auto& s = *esito;  // null after a failure
   const bool letta = s && sqlite3_step(s->grezzo()) == SQLITE_ROW;
   const int file = letta ? sqlite3_column_int(s->grezzo(), 0) : -1;
   if (s) s->azzera();

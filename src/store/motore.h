@@ -31,10 +31,11 @@ struct Connection::Motore {
 
   Errore apri(const QString& file, const QString& password, bool nuovo);
   void chiudi();
-  std::shared_ptr<Statement> prendi(const QString& sql, Errore& errore);
+  Esito<std::shared_ptr<Statement>> prendi(const QString& sql);
   /// Runs a prepared statement with its values bound, to its end, and resets it.
-  Errore esegui_fino_in_fondo(Statement& s, qint64* righe);
-  Errore esegui(const QString& sql, const QVariantList& valori, qint64* righe);
+  /// Returns how many rows it wrote, -1 for what is no insert, update or delete.
+  Esito<qint64> esegui_fino_in_fondo(Statement& s);
+  Esito<qint64> esegui(const QString& sql, const QVariantList& valori);
   quint64 versione(const QString& tabella);
 
   sqlite3* db = nullptr;

@@ -45,15 +45,13 @@ Errore Recordset::Open(const QString& sql, Connection& connessione, const QVaria
   const bool in_memoria = cursore == Cursore::aggiornabile;
   const QString istruzione = in_memoria ? con_identita(sql) : sql;
   if (istruzione.isEmpty()) return {SQLITE_ERROR, u"L'interrogazione non è aggiornabile"_s};
-  Errore errore;
   s.motore = connessione.motore_.get();
-  s.statement = s.motore->prendi(istruzione, errore);
-  if (s.statement && s.statement->tipo() != TipoIstruzione::lettura &&
-      sqlite3_column_count(s.statement->grezzo()) == 0) {
-    s.statement.reset();
-    errore = {SQLITE_ERROR, u"L'istruzione non restituisce righe"_s};
-  }
-  if (s.statement) errore = s.statement->lega(valori);
+  auto preso = s.motore->prendi(istruzione);
+  if (preso.fallito()) return preso.errore();
+  if ((*preso)->tipo() != TipoIstruzione::lettura && sqlite3_column_count((*preso)->grezzo()) == 0)
+    return {SQLITE_ERROR, u"L'istruzione non restituisce righe"_s};
+  s.statement = preso.prendi();
+  Errore errore = s.statement->lega(valori);
   if (!errore.fallito()) errore = s.passo();
   if (!errore.fallito() && !s.fine) s.statement->osserva_riga();
   if (!errore.fallito() && in_memoria) errore = s.leggi_tutto(1);

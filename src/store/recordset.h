@@ -42,7 +42,7 @@ enum class Cursore { sola_lettura, aggiornabile };
 /// The value as a column of this type holds it: numeric text becomes a number, a written date (day first) a
 /// date, a truth value 1 or 0. What can't be converted is an error that names the column; sizes are the
 /// store's to check.
-Errore converti_valore(const Campo& campo, const QVariant& valore, QVariant& convertito);
+Esito<QVariant> converti_valore(const Campo& campo, const QVariant& valore);
 
 /// A value as people read it; empty for Null.
 QString testo_valore(const QVariant& valore);

@@ -50,14 +50,14 @@ Errore Recordset::imposta(int i, const QVariant& valore) {
   RigheInMemoria& m = *stato_->memoria;
   if (i < 0 || i >= conta_campi()) return {SQLITE_RANGE, u"Colonna sconosciuta: "_s + QString::number(i)};
   if (m.valori() == nullptr) return nessuna_riga();
-  QVariant convertito;
-  if (Errore e = converti_valore(campo(i), valore, convertito); e.fallito()) return e;
+  auto convertito = converti_valore(campo(i), valore);
+  if (convertito.fallito()) return convertito.errore();
   if (m.modo == Modo::fermo) {
     m.modo = Modo::modifica;
     m.in_corso = m.righe[m.corrente].valori;
     m.toccate.assign(stato_->campi_in_memoria.size(), false);
   }
-  m.in_corso[i] = std::move(convertito);
+  m.in_corso[i] = convertito.prendi();
   if (m.modo == Modo::modifica) m.toccate[static_cast<size_t>(i)] = true;
   return {};
 }
@@ -71,11 +71,14 @@ Errore Recordset::Update() {
 
 Errore Recordset::Stato::inserisci() {
   RigheInMemoria& m = *memoria;
-  Errore errore;
-  if (!m.inserimento) m.inserimento = motore->prendi(testo_inserimento(m.tabella, campi_in_memoria), errore);
-  if (!errore.fallito()) errore = m.inserimento->lega(m.in_corso);
-  if (!errore.fallito()) errore = motore->esegui_fino_in_fondo(*m.inserimento, nullptr);
-  if (errore.fallito()) return errore;
+  if (!m.inserimento) {
+    auto preso = motore->prendi(testo_inserimento(m.tabella, campi_in_memoria));
+    if (preso.fallito()) return preso.errore();
+    m.inserimento = preso.prendi();
+  }
+  if (Errore e = m.inserimento->lega(m.in_corso); e.fallito()) return e;
+  if (const auto scritta = motore->esegui_fino_in_fondo(*m.inserimento); scritta.fallito())
+    return scritta.errore();
   m.righe.push_back({sqlite3_last_insert_rowid(motore->db), std::move(m.in_corso), false});
   m.corrente = m.righe.size() - 1;
   m.lascia();
@@ -93,10 +96,10 @@ Errore Recordset::Stato::aggiorna() {
     valori.append(m.in_corso[static_cast<qsizetype>(i)]);
   }
   valori.append(riga.identita);
-  qint64 righe = 0;
   const QString sql = u"update ["_s + m.tabella + u"] set "_s + assegnazioni + u" where rowid = ?"_s;
-  if (Errore e = motore->esegui(sql, valori, &righe); e.fallito()) return e;
-  if (righe == 0) return {SQLITE_NOTFOUND, u"Il record è stato cancellato da un altro utente"_s};
+  const auto righe = motore->esegui(sql, valori);
+  if (righe.fallito()) return righe.errore();
+  if (*righe == 0) return {SQLITE_NOTFOUND, u"Il record è stato cancellato da un altro utente"_s};
   riga.valori = m.in_corso;
   m.lascia();
   return {};
@@ -113,7 +116,7 @@ Errore Recordset::Delete() {
   if (m.valori() == nullptr) return nessuna_riga();
   RigheInMemoria::Riga& riga = m.righe[m.corrente];
   const QString sql = u"delete from ["_s + m.tabella + u"] where rowid = ?"_s;
-  if (Errore e = stato_->motore->esegui(sql, {riga.identita}, nullptr); e.fallito()) return e;
+  if (const auto fatto = stato_->motore->esegui(sql, {riga.identita}); fatto.fallito()) return fatto.errore();
   riga.cancellata = true;
   riga.valori.clear();
   return {};

@@ -18,29 +18,21 @@ Statement::~Statement() {
   sqlite3_finalize(stmt_);
 }
 
-std::shared_ptr<Statement> Statement::prepara(sqlite3* db, Abbassata abbassata, Errore& errore) {
-  if (abbassata.errore.fallito()) {
-    errore = abbassata.errore;
-    return nullptr;
-  }
+Esito<std::shared_ptr<Statement>> Statement::prepara(sqlite3* db, QStringView sql) {
+  const auto abbassata = abbassa(sql);
+  if (abbassata.fallito()) return abbassata.errore();
   auto s = std::make_shared<Statement>();
-  const QByteArray utf8 = abbassata.sql.toUtf8();
+  const QByteArray utf8 = abbassata->sql.toUtf8();
   const char* coda = nullptr;
   const int rc =
       sqlite3_prepare_v2(db, utf8.constData(), static_cast<int>(utf8.size()) + 1, &s->stmt_, &coda);
-  if (rc != SQLITE_OK) {
-    errore = errore_motore(db, rc);
-  } else if (s->stmt_ == nullptr) {
-    errore = {SQLITE_ERROR, u"Istruzione vuota"_s};
-  } else if (!QByteArray(coda).trimmed().isEmpty()) {
-    errore = {SQLITE_ERROR, u"Una sola istruzione alla volta"_s};
-  } else {
-    s->tipo_ = abbassata.tipo;
-    s->tabella_ = std::move(abbassata.tabella);
-    s->leggi_campi();
-    return s;
-  }
-  return nullptr;
+  if (rc != SQLITE_OK) return errore_motore(db, rc);
+  if (s->stmt_ == nullptr) return Errore{SQLITE_ERROR, u"Istruzione vuota"_s};
+  if (!QByteArray(coda).trimmed().isEmpty()) return Errore{SQLITE_ERROR, u"Una sola istruzione alla volta"_s};
+  s->tipo_ = abbassata->tipo;
+  s->tabella_ = abbassata->tabella;
+  s->leggi_campi();
+  return s;
 }
 
 void Statement::leggi_campi() {
@@ -166,21 +158,21 @@ QVariant leggi_valore(sqlite3_stmt* stmt, int i, TipoCampo tipo) {
   return QString::fromUtf8(testo, lunghezza);
 }
 
-std::shared_ptr<Statement> CacheStatement::prendi(sqlite3* db, const QString& sql, Errore& errore) {
+Esito<std::shared_ptr<Statement>> CacheStatement::prendi(sqlite3* db, const QString& sql) {
   const auto trovata = indice_.constFind(sql);
   if (trovata != indice_.constEnd()) {
     voci_.splice(voci_.begin(), voci_, *trovata);
     const auto& voce = voci_.front();
     if (voce.statement.use_count() == 1) return voce.statement;
-    return Statement::prepara(db, abbassa(sql), errore);
+    return Statement::prepara(db, sql);
   }
-  auto nuova = Statement::prepara(db, abbassa(sql), errore);
-  if (!nuova || nuova->tipo() == TipoIstruzione::definizione) return nuova;
+  auto nuova = Statement::prepara(db, sql);
+  if (nuova.fallito() || (*nuova)->tipo() == TipoIstruzione::definizione) return nuova;
   if (voci_.size() >= capienza) {
     indice_.remove(voci_.back().sql);
     voci_.pop_back();
   }
-  voci_.push_front({sql, nuova});
+  voci_.push_front({sql, *nuova});
   indice_.insert(sql, voci_.begin());
   return nuova;
 }

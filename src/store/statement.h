@@ -23,7 +23,7 @@ class Statement {
   Statement(const Statement&) = delete;
   Statement& operator=(const Statement&) = delete;
 
-  static std::shared_ptr<Statement> prepara(sqlite3* db, Abbassata abbassata, Errore& errore);
+  static Esito<std::shared_ptr<Statement>> prepara(sqlite3* db, QStringView sql);
 
   sqlite3_stmt* grezzo() const { return stmt_; }
   TipoIstruzione tipo() const { return tipo_; }
@@ -56,7 +56,7 @@ QVariant leggi_valore(sqlite3_stmt* stmt, int indice, TipoCampo tipo);
 /// out a second time: the second asker gets a copy of his own.
 class CacheStatement {
  public:
-  std::shared_ptr<Statement> prendi(sqlite3* db, const QString& sql, Errore& errore);
+  Esito<std::shared_ptr<Statement>> prendi(sqlite3* db, const QString& sql);
   void svuota();
 
   static constexpr size_t capienza = 200;

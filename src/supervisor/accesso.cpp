@@ -66,11 +66,13 @@ bool Accesso::utente_di_servizio(const QString& password) const {
   return txtUtente.Text() == servizio() && password == servizio();
 }
 
-Accesso::Verifica Accesso::verifica_utente(const QString& password, Errore& errore) {
+Esito<Accesso::Verifica> Accesso::verifica_utente(const QString& password) {
+  if (utente_di_servizio(password)) return Verifica::buona;
   Recordset rs;
-  errore = rs.Open(u"SELECT * FROM operatori where user = ?"_s, db_.connessione_db, {txtUtente.Text()},
-                   Cursore::aggiornabile);
-  if (errore.fallito()) return Verifica::errore;
+  if (const Errore e = rs.Open(u"SELECT * FROM operatori where user = ?"_s, db_.connessione_db,
+                               {txtUtente.Text()}, Cursore::aggiornabile);
+      e.fallito())
+    return e;
   if (rs.eof() || manca(txtUtente.Text())) return Verifica::sconosciuto;
   if (manca(password) || rs.testo(u"pwd") != password) return Verifica::password_errata;
   // Who may enter isn't kept out because the moment of the entry can't be written.
@@ -81,18 +83,14 @@ Accesso::Verifica Accesso::verifica_utente(const QString& password, Errore& erro
 }
 
 void Accesso::cmdLogin_Click() {
-  Errore errore;
   // Whatever comes of it, a password that was read is left in no box.
   const QString password = txtPassword.Text;
   txtPassword.Text = QString();
-  const Verifica verifica =
-      utente_di_servizio(password) ? Verifica::buona : verifica_utente(password, errore);
-  switch (verifica) {
+  const auto verifica = verifica_utente(password);
+  if (verifica.fallito()) return messaggi_.mostra(verifica.errore().descrizione);
+  switch (*verifica) {
     case Verifica::buona:
       entra();
-      break;
-    case Verifica::errore:
-      messaggi_.mostra(errore.descrizione);
       break;
     case Verifica::sconosciuto:
       messaggi_.mostra(traduttore_.traduci(u"utente non registrato"_s));

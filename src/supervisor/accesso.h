@@ -34,8 +34,8 @@ class Accesso {
  private:
   QString ultimo_utente() const;
   bool utente_di_servizio(const QString& password) const;
-  enum class Verifica { buona, sconosciuto, password_errata, errore };
-  Verifica verifica_utente(const QString& password, Errore& errore);
+  enum class Verifica { buona, sconosciuto, password_errata };
+  Esito<Verifica> verifica_utente(const QString& password);
   void entra();
   void esci();
 

@@ -2,8 +2,8 @@
 
 #include <utility>
 
-#include "link/protocollo.h"
-#include "store/recordset.h"
+#include "ledger/record_transazione.h"
+#include "platform/campo_frame.h"
 
 namespace lokera {
 
@@ -13,44 +13,32 @@ namespace {
 
 constexpr int attesa_transazione_s = 10;
 
-QString testo_ascii(QByteArrayView v) {
-  return QString::fromLatin1(v.data(), v.size());
-}
-
-bool codice_valido(QByteArrayView codice) {
-  return codice.size() == 10 && !codice.contains('.');
-}
-
 // Day/month/year, a blank, hours.minutes.seconds, from the twelve characters of the record.
 QString data_ora_record(QByteArrayView frame) {
   static constexpr std::pair<int, const char*> parti[] = {{0, ""},  {2, "/"}, {4, "/"},
                                                           {6, " "}, {8, "."}, {10, "."}};
   QString testo;
   for (const auto& [n, separatore] : parti) {
-    testo += QLatin1String(separatore) + testo_ascii(campo_frame(frame, 30 + n, 2));
+    const QByteArrayView cifre = campo_frame(frame, record_del_cabinet.momento + n, 2);
+    testo += QLatin1String(separatore) + QLatin1String(cifre.data(), cifre.size());
   }
   return testo;
 }
 
 }  // namespace
 
-Acquisizione::Acquisizione(Finestra& finestra, Database& db, TimerFactory& timer, SessioneDownload& sessione,
-                           PannelloLive& pannello, Tabellone& tabellone, const LokeraCorrente& corrente,
-                           Label& lblLetturaTrans)
+Acquisizione::Acquisizione(Finestra& finestra, Connection& connessione, SessioneDownload& sessione,
+                           Tabellone& tabellone, const LokeraCorrente& corrente, Label& lblLetturaTrans)
     : lblNumTrans(finestra, u"lblNumTrans"_s),
       lblUltimaTrans(finestra, u"lblUltimaTrans"_s),
       shpTrans(finestra, u"shpTrans"_s),
-      in_attesa(db, timer),
       finestra_(finestra),
-      db_(db),
-      registro_(db),
+      registro_(connessione),
       sessione_(sessione),
-      pannello_(pannello),
       tabellone_(tabellone),
       corrente_(corrente),
       lblLetturaTrans_(lblLetturaTrans) {
   shpTrans.Visible = false;
-  in_attesa.registrato = [this](const Movimento& m, const ChiaveRegistrata& c) { mostra_lampada(m, c); };
   sessione_.leggi_transazioni = [this](qint16 n) { leggi_transazioni(n); };
   sessione_.acquisisci_transazione = [this](const QByteArray& frame) { acquisisci_transazione(frame); };
 }
@@ -98,60 +86,30 @@ bool Acquisizione::leggi_uno() {
 }
 
 void Acquisizione::acquisisci_transazione(const QByteArray& frame) {
-  const QByteArrayView operatore = campo_frame(frame, 8, 10);
-  const QByteArrayView chiave = campo_frame(frame, 18, 10);
-  if (!codice_valido(operatore) || !codice_valido(chiave)) return;
-  const QString data_ora = data_ora_record(frame);
-  Movimento movimento;
-  movimento.operatore = testo_ascii(operatore);
-  movimento.chiave = testo_ascii(chiave);
-  movimento.operazione = campo_frame(frame, 28, 2) == "00" ? 'P' : 'R';
-  movimento.data = data_transazione(data_ora);
-  Errore errore;
-  movimento.intestazione = intestazione_tessera(movimento.operatore, errore);
-  ChiaveRegistrata registrata;
-  if (!errore.fallito()) errore = registro_.registra(movimento, registrata);
-  if (errore.fallito()) {
+  Movimento movimento = record_transazione(frame, record_del_cabinet);
+  if (!codice_valido(movimento.operatore) || !codice_valido(movimento.chiave)) return;
+  const auto chiave = registra(movimento);
+  if (chiave.fallito()) {
     da_registrare_ = frame;
-    if (segnala) segnala(errore);
+    if (segnala) segnala(chiave.errore());
     return;
   }
-  mostra_ultima(movimento, data_ora, registrata.descrizione);
+  mostra_ultima(movimento, data_ora_record(frame), chiave->descrizione);
   sessione_.conferma_transazione();
 }
 
-QString Acquisizione::intestazione_tessera(const QString& codice, Errore& errore) {
-  Recordset rs;
-  errore = rs.Open(u"SELECT * FROM tessere_operatori WHERE codice = ?"_s, db_.connessione_db, {codice});
-  if (errore.fallito() || rs.eof()) return u"Tessera non registrata"_s;
-  return rs.testo(u"intestazione");
+Esito<ChiaveRegistrata> Acquisizione::registra(Movimento& movimento) {
+  const auto intestazione = registro_.intestazione(movimento.operatore);
+  if (intestazione.fallito()) return intestazione.errore();
+  movimento.intestazione = *intestazione;
+  return registro_.registra(movimento);
 }
 
 void Acquisizione::mostra_ultima(const Movimento& m, const QString& data_ora, const QString& descrizione) {
-  const QString verso = m.operazione == 'P' ? u" OUT "_s : u" IN "_s;
+  const QString verso = m.operazione == tipo_prelievo ? u" OUT "_s : u" IN "_s;
   lblUltimaTrans.Caption = verso + u' ' + data_ora + u" - chiave: "_s + descrizione + u" lok. "_s +
                            corrente_.lblID.Caption() + u" - oper. "_s + m.intestazione;
   lblNumTrans.Caption = QString::number(lblNumTrans.Caption().toLongLong() + 1);
-}
-
-Errore Acquisizione::registra_movimento(char tipo, const QDateTime& adesso) {
-  const bool prelievo = tipo == 'P';
-  Movimento movimento;
-  movimento.operatore = pannello_.lblP.Caption().left(10);
-  movimento.intestazione = pannello_.lblIntestazione.Caption;
-  movimento.chiave = (prelievo ? pannello_.lblSX : pannello_.lblDX).Caption().left(10);
-  movimento.operazione = tipo;
-  movimento.data = adesso;
-  return in_attesa.registra(movimento);
-}
-
-// The board shows one cabinet, and by now perhaps another than that of the key.
-void Acquisizione::mostra_lampada(const Movimento& movimento, const ChiaveRegistrata& chiave) {
-  if (chiave.lokera != corrente_.id()) return;
-  if (movimento.operazione == 'P')
-    tabellone_.chiave_uscita(chiave.posizione);
-  else
-    tabellone_.chiave_presente(chiave.posizione);
 }
 
 }  // namespace lokera

@@ -151,10 +151,9 @@ void CicloDownload::prossima_lokera(Visita& visita) {
 
 void CicloDownload::riempi_coda() {
   grdAggOper.RemoveAll();
-  std::vector<RigaCoda> righe;
-  const Errore errore = CodaTessere(db_.connessione_db).per_lokera(corrente_.id(), righe);
-  if (errore.fallito() && segnala) segnala(errore);
-  for (const RigaCoda& r : righe)
+  const auto righe = CodaTessere(db_.connessione_db).per_lokera(corrente_.id());
+  if (righe.fallito() && segnala) segnala(righe.errore());
+  for (const RigaCoda& r : *righe)
     aggiungi(grdAggOper, {{u"codice", r.tessera}, {u"descrizione", r.intestazione}, {u"oper", r.operazione}});
   grdAggOper.Row(0);
 }

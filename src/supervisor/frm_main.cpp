@@ -66,12 +66,13 @@ frm_Main::frm_Main(const AmbientePrincipale& a)
       wsk_udp(a.macchina.socket, attesa_),
       giorno(a.db, a.macchina.orologio, a.traduttore),
       pannello(*this, a.macchina.timer, a.traduttore),
+      in_attesa(a.db.connessione_db, a.macchina.timer),
       tabellone(*this, a.db, corrente),
       invio(a.db, a.macchina.orologio, download, giorno, corrente),
       ciclo(*this, a.finestre, a.db, a.macchina.timer, wsk_udp, download, giorno, invio, tabellone, corrente,
             {lblStatus, lblStatusD, lblLetturaTrans}),
-      acquisizione(*this, a.db, a.macchina.timer, download, pannello, tabellone, corrente, lblLetturaTrans),
-      decisioni(a.db, a.macchina.orologio, giorno, pannello, slave),
+      acquisizione(*this, a.db.connessione_db, download, tabellone, corrente, lblLetturaTrans),
+      decisioni(a.db, a.macchina.orologio, giorno, pannello, in_attesa, slave),
       fasce(a.db, attesa_, giorno),
       accesso(*this, a.db, a.macchina.orologio, a.traduttore, a.macchina.messaggi, slave),
       menu(*this, a.db, a.finestre, a.traduttore, a.macchina.messaggi, a.macchina.desktop,
@@ -88,13 +89,10 @@ void frm_Main::collega_parti() {
   const auto segnala_errore = [this](const Errore& e) { segnala(e); };
   acquisizione.segnala = decisioni.segnala = ciclo.segnala = fasce.segnala = invio.segnala = segnala_errore;
   slave.richiesta = [this](QByteArray& frame) { decisioni.smista(frame); };
-  decisioni.registra_movimento = [this](char tipo) {
-    return acquisizione.registra_movimento(tipo, a_.macchina.orologio.adesso());
+  in_attesa.registrato = [this](const Movimento& m, const ChiaveRegistrata& c) {
+    tabellone.mostra_movimento(m, c);
   };
-  decisioni.chiavi_non_registrate = [this](const QString& tessera) {
-    return acquisizione.in_attesa.chiavi_uscite(tessera);
-  };
-  acquisizione.in_attesa.stato = [this](const Errore& e, const QDateTime& dal) { segnala_attesa(e, dal); };
+  in_attesa.stato = [this](const Errore& e, const QDateTime& dal) { segnala_attesa(e, dal); };
   // What could not be done is tried again at the next tick: a band that has closed must not wait for the
   // tenth.
   ciclo.applica_fasce_orarie = [this] {
@@ -266,7 +264,7 @@ void frm_Main::segnala(const Errore& errore) {
 }
 
 void frm_Main::segnala_attesa(const Errore& errore, const QDateTime& dal) {
-  const QString quanti = QString::number(acquisizione.in_attesa.quanti()) + u" - "_s;
+  const QString quanti = QString::number(in_attesa.quanti()) + u" - "_s;
   movimenti_in_attesa_.clear();
   if (errore.fallito())
     movimenti_in_attesa_ =
@@ -282,7 +280,7 @@ void frm_Main::mostra_errori() {
 
 // What waits is in memory only, so it is tried once more and then asked about.
 bool frm_Main::si_puo_finire() {
-  return !acquisizione.in_attesa.riprova().fallito() ||
+  return !in_attesa.riprova().fallito() ||
          conferma(a_.traduttore, a_.macchina.messaggi,
                   u"Alcuni movimenti non sono ancora registrati e andrebbero persi. Terminare ugualmente?"_s,
                   u"Fine Lavoro"_s);

@@ -78,6 +78,7 @@ class frm_Main : public Finestra {
   Conversazione wsk_udp;
   Giorno giorno;
   PannelloLive pannello;
+  MovimentiInAttesa in_attesa;  ///< the live movements that could not be booked yet
   Tabellone tabellone;
   InvioTessere invio;
   CicloDownload ciclo;

@@ -55,6 +55,14 @@ void Tabellone::mostra(qlonglong posizione, const Shape& legenda, Colore numero)
   Num(mostrata).ForeColor = numero;
 }
 
+void Tabellone::mostra_movimento(const Movimento& movimento, const ChiaveRegistrata& chiave) {
+  if (chiave.lokera != corrente_.id()) return;
+  if (movimento.operazione == tipo_prelievo)
+    chiave_uscita(chiave.posizione);
+  else
+    chiave_presente(chiave.posizione);
+}
+
 Errore Tabellone::situazione_chiavi() {
   spegni();
   if (corrente_.nessuna()) return {};

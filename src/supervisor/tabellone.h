@@ -4,6 +4,7 @@
 #include <memory>
 #include <vector>
 
+#include "ledger/movimento.h"
 #include "link/lokera_corrente.h"
 #include "store/database.h"
 
@@ -33,9 +34,9 @@ class Tabellone {
   /// Draws the current cabinet. A failed query leaves the board without keys, and is returned.
   Errore situazione_chiavi();
 
-  /// One lamp after a live movement; a position that has no lamp is ignored.
-  void chiave_uscita(qlonglong posizione) { mostra(posizione, keyU, bianco); }
-  void chiave_presente(qlonglong posizione) { mostra(posizione, keyP, nero); }
+  /// The lamp of a key that has moved; one of another cabinet than the current one, or of a position that has
+  /// no lamp, is ignored.
+  void mostra_movimento(const Movimento& movimento, const ChiaveRegistrata& chiave);
 
   NumeroPosizione& Num(int posizione) { return *numeri_.at(static_cast<size_t>(posizione - 1)); }
   Shape& lampade_chiave(int posizione) { return *lampade_.at(static_cast<size_t>(posizione - 1)); }
@@ -48,6 +49,8 @@ class Tabellone {
   std::array<qint32, pannelli> pos_pannelli{};
 
  private:
+  void chiave_uscita(qlonglong posizione) { mostra(posizione, keyU, bianco); }
+  void chiave_presente(qlonglong posizione) { mostra(posizione, keyP, nero); }
   void mostra(qlonglong posizione, const Shape& legenda, Colore numero);
   void spegni();
   void mostra_pannelli(qlonglong ultima);

@@ -158,7 +158,7 @@ TEST_F(DecisioniTest, DecideLaLokeraCollegataNonQuellaDelCiclo) {
     const bool propria = del_ciclo == u"1"_s;
     EXPECT_EQ(t.lampade_chiave(1).FillColor(), (propria ? t.keyU : t.keyP).FillColor());
   }
-  t.chiave_uscita(1);
+  t.mostra_movimento(Movimento(), {.descrizione = {}, .lokera = 1, .posizione = 1});
   chiave("1000000004", '0');  // brought to the wrong cabinet: this board has another key at its place
   esito("01");
   EXPECT_EQ(t.lampade_chiave(2).FillColor(), t.keyU.FillColor());

@@ -2,9 +2,12 @@
 
 #include "adapters/real_machine.h"
 #include "platform/polled_wait.h"
-#include "simulation/reale/real_rete.h"
+#include "simulation/servizio/real_rete.h"
 
 namespace lokera {
+
+using simulazione::Canale;
+using simulazione::RealRete;
 
 /// A console's socket and a cabinet that answers every frame with the same bytes, on loopback.
 struct BancoReale {

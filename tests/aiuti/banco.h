@@ -8,11 +8,13 @@
 
 #include "aiuti/righe.h"
 #include "platform/letterali.h"
-#include "simulation/virtual_machine.h"
+#include "simulation/macchina/virtual_machine.h"
 #include "store/schema_base.h"
 #include "supervisor/console.h"
 
 namespace lokera::prova {
+
+using namespace simulazione;
 
 using namespace std::chrono_literals;
 

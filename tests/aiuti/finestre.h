@@ -5,10 +5,12 @@
 #include "aiuti/righe.h"
 #include "forms/ambiente.h"
 #include "platform/letterali.h"
-#include "simulation/virtual_machine.h"
+#include "simulation/macchina/virtual_machine.h"
 #include "store/schema_base.h"
 
 namespace lokera::prova {
+
+using namespace simulazione;
 
 /// A delivered database and what a window stands on, without a console.
 class BancoFinestre : public ::testing::Test {

@@ -4,9 +4,11 @@
 #include <memory>
 
 #include "link/protocollo.h"
-#include "simulation/virtual_machine.h"
+#include "simulation/macchina/virtual_machine.h"
 
 namespace lokera::prova {
+
+using namespace simulazione;
 
 /// A cabinet of another maker: it answers at its own speed, and what has become ready together leaves in one
 /// segment or torn to pieces. It keeps what it is told and drops a stored record only at its acknowledgement.

@@ -1,7 +1,7 @@
 #include "cards/maschera.h"
 
 #include "aiuti/banco.h"
-#include "bench/maschera_semplice.h"
+#include "bench/semplice/maschera_semplice.h"
 
 namespace lokera::prova {
 namespace {
@@ -27,9 +27,9 @@ TEST(Maschera, FasciaDaCinqueMinutiPrimaAlMinutoDellaChiusura) {
 class MascheraTest : public ::testing::Test {
  protected:
   QByteArray maschera(const QString& codice, QTime adesso = QTime(10, 0)) {
-    Maschera m;
-    EXPECT_FALSE(calcola_maschera(b.db().connessione_db, codice, u"Lunedì"_s, adesso, m).fallito());
-    const QByteArray veloce = maschera_esadecimale(m);
+    const auto m = calcola_maschera(b.db().connessione_db, codice, u"Lunedì"_s, adesso);
+    EXPECT_FALSE(m.fallito());
+    const QByteArray veloce = maschera_esadecimale(*m);
     EXPECT_EQ(veloce, maschera_semplice(b.db().connessione_db, codice, u"Lunedì"_s, adesso));
     return veloce;
   }

@@ -78,9 +78,9 @@ bool maschera_giusta(Connection& c, const QString& tessera, const QString& giorn
                      const QByteArray& maschera) {
   const QTime adesso = QTime::currentTime();
   for (int indietro = 0; indietro <= minuti_di_corsa; ++indietro) {
-    Maschera attesa;
-    if (calcola_maschera(c, tessera, giorno, adesso.addSecs(-60 * indietro), attesa).fallito()) return false;
-    if (maschera_esadecimale(attesa) == maschera) return true;
+    const auto attesa = calcola_maschera(c, tessera, giorno, adesso.addSecs(-60 * indietro));
+    if (attesa.fallito()) return false;
+    if (maschera_esadecimale(*attesa) == maschera) return true;
   }
   return false;
 }

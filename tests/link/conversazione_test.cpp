@@ -5,10 +5,12 @@
 #include "link/porte.h"
 #include "link/protocollo.h"
 #include "platform/letterali.h"
-#include "simulation/virtual_machine.h"
+#include "simulation/macchina/virtual_machine.h"
 
 namespace lokera {
 namespace {
+
+using namespace simulazione;
 
 using namespace std::chrono_literals;
 

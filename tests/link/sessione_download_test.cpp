@@ -3,11 +3,12 @@
 #include <gtest/gtest.h>
 
 #include "link/protocollo.h"
-#include "simulation/virtual_machine.h"
+#include "simulation/macchina/virtual_machine.h"
 
 namespace lokera {
 namespace {
 
+using namespace simulazione;
 using namespace Qt::StringLiterals;
 
 using namespace std::chrono_literals;

@@ -2,11 +2,12 @@
 
 #include <gtest/gtest.h>
 
-#include "simulation/virtual_machine.h"
+#include "simulation/macchina/virtual_machine.h"
 
 namespace lokera {
 namespace {
 
+using namespace simulazione;
 using namespace std::chrono_literals;
 
 // Printed by number: a Monotonic has no other text.

@@ -1,6 +1,5 @@
 #include "aiuti/banco.h"
 #include "link/protocollo.h"
-#include "supervisor/registro.h"
 
 namespace lokera::prova {
 namespace {
@@ -180,14 +179,6 @@ TEST_F(AcquisizioneTest, UnaReplicaDoppiaNonSiRegistraDueVolte) {
   EXPECT_EQ(b.conta(u"movimenti"_s, u"operazione = 'R'"_s), 1);
   EXPECT_EQ(b.conta(u"movimenti"_s), 2);
   EXPECT_TRUE(store.isEmpty());
-}
-
-TEST(DataTransazione, SoloQuestaForma) {
-  EXPECT_EQ(data_transazione(u"01/02/29 03.04.05"_s), momento(QDate(2029, 2, 1), QTime(3, 4, 5)));
-  EXPECT_EQ(data_transazione(u"01/02/30 03.04.05"_s).date().year(), 1930);
-  for (const char16_t* testo :
-       {u"31/02/08 00.00.00", u"01/13/08 00.00.00", u"01/01/08 24.00.00", u"1/1/08 00.00.00", u""})
-    EXPECT_FALSE(data_transazione(QString::fromUtf16(testo)).isValid());
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-#include "supervisor/movimenti_in_attesa.h"
+#include "ledger/movimenti_in_attesa.h"
 
 #include "aiuti/banco.h"
 #include "link/protocollo.h"

@@ -44,18 +44,18 @@ Errore leggi_righe(Connection& connessione, const QString& istruzione, QByteArra
 }
 
 Errore esegui(Connection& connessione, const QString& istruzione, QByteArray& uscita) {
-  qint64 righe = -1;
-  if (Errore e = connessione.Execute(istruzione, {}, &righe); e.fallito()) return e;
-  if (righe >= 0) uscita = "righe: " + QByteArray::number(righe) + '\n';
+  const auto righe = connessione.esegui_contando(istruzione);
+  if (righe.fallito()) return righe.errore();
+  if (*righe >= 0) uscita = "righe: " + QByteArray::number(*righe) + '\n';
   return {};
 }
 
 Errore interroga(const QString& file, const QString& istruzione, QByteArray& uscita) {
   Connection connessione;
   if (Errore e = connessione.Open(file, password_database()); e.fallito()) return e;
-  bool righe = false;
-  if (Errore e = connessione.restituisce_righe(istruzione, righe); e.fallito()) return e;
-  return righe ? leggi_righe(connessione, istruzione, uscita) : esegui(connessione, istruzione, uscita);
+  const auto righe = connessione.restituisce_righe(istruzione);
+  if (righe.fallito()) return righe.errore();
+  return *righe ? leggi_righe(connessione, istruzione, uscita) : esegui(connessione, istruzione, uscita);
 }
 
 /// Printing may wait for whoever reads along; the file is closed by then, so that no console waits with it.

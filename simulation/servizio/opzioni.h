@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QStringList>
+
+#include "simulation/cabinet/comportamento.h"
+#include "simulation/sito/richieste.h"
+#include "simulation/sito/sito.h"
+
+namespace lokera::simulazione {
+
+/// What `simulatore` was asked for.
+struct OpzioniSimulatore {
+  QStringList indirizzi;  ///< all within 127.0.0.0/8
+  QStringList gestiti;    ///< those of them that ask the console
+  quint64 seme = 1;
+  int eventi_ora = 60;
+  int durata_s = 600;
+  int prelievi_s = 0;  ///< nobody takes a key after this; 0 for the whole time
+  QString registro;
+  QString archivio;
+  bool parla = false;
+  bool registra_chiavi = true;
+  bool aiuto = false;
+  Comportamento comportamento;
+  Sito sito;
+  std::vector<RigaRichiesta> richieste;
+};
+
+/// Fills `opzioni`; on a mistake returns what to tell the person, otherwise nothing.
+QString leggi_opzioni(const QStringList& argomenti, OpzioniSimulatore& opzioni);
+
+QString testo_aiuto();
+
+}  // namespace lokera::simulazione

@@ -1,0 +1,162 @@
+#include "simulation/macchina/virtual_network.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/polled_wait.h"
+#include "simulation/macchina/virtual_machine.h"
+
+namespace lokera::simulazione {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+using namespace std::chrono_literals;
+
+const QString indirizzo = u"127.0.0.2"_s;
+const QByteArray comando = "0001B7A\r";
+const QByteArray risposta = "0001B00000000123472\r";
+
+/// A console's socket that dials one cabinet, which answers everything that comes with the same frame.
+struct Banco {
+  explicit Banco(quint64 seme = 1, const Guasti& guasti = {})
+      : pc(seme), socket(pc.macchina().socket.crea_winsock()) {
+    pc.rete().guasti(guasti);
+    pc.rete().ascolta_tcp(indirizzo, 10001, [this](auto nuovo) {
+      canale = std::move(nuovo);
+      canale->Arrivo = [this](QByteArrayView) { canale->invia(risposta); };
+      canale->Caduta = [this] { ++cadute; };
+    });
+    pc.rete().traccia = [this](const QString& riga) {
+      const QStringList campi = riga.split(u' ');
+      if (campi.at(1) == u"<") pezzi.append(QByteArray::fromPercentEncoding(campi.last().toLatin1()));
+    };
+    socket->DataArrival = [this](qsizetype) {
+      arrivi.append(socket->GetData());
+      quando.append(pc.orologio().monotono() - mandato);
+    };
+  }
+  ~Banco() {
+    if (canale) canale->Arrivo = nullptr;
+  }
+  Q_DISABLE_COPY_MOVE(Banco)
+
+  bool connetti(quint16 porta = 10001) {
+    socket->Connect(indirizzo, porta);
+    pc.esegui_per(1s);
+    return socket->State() == socket_connesso;
+  }
+  void manda(int volte, Monotonic ogni = 20s) {
+    for (int i = 0; i < volte; ++i) {
+      mandato = pc.orologio().monotono();
+      socket->SendData(comando);
+      pc.esegui_per(ogni);
+    }
+  }
+
+  VirtualMachine pc;
+  std::unique_ptr<Winsock> socket;
+  std::shared_ptr<Canale> canale;
+  QByteArrayList arrivi;
+  QByteArrayList pezzi;  ///< as they came over the wire
+  QList<Monotonic> quando;
+  Monotonic mandato{};
+  int cadute = 0;
+};
+
+TEST(VirtualNetwork, each_fault_shows) {
+  struct Prova {
+    const char* nome;
+    Guasti guasti;
+    std::function<bool(const Banco&)> vista;
+    Monotonic ogni = 20s;
+  };
+  const QByteArray tutte = risposta.repeated(20);
+  const auto connesso = [](const Banco& b) { return b.socket->State() == socket_connesso; };
+  const Prova prove[] = {
+      {"none", {}, [&](const Banco& b) { return b.arrivi == QByteArrayList(20, risposta); }},
+      {"rifiuta", {.rifiuta = 1000}, [&](const Banco& b) { return !connesso(b) && b.arrivi.isEmpty(); }},
+      {"muto", {.muto = 1000}, [&](const Banco& b) { return !connesso(b) && b.arrivi.isEmpty(); }},
+      {"perde", {.perde = 1000}, [&](const Banco& b) { return connesso(b) && b.arrivi.isEmpty(); }},
+      {"ritarda",
+       {.ritarda = 1000},
+       [&](const Banco& b) {
+         const auto [presto, tardi] = std::minmax_element(b.quando.begin(), b.quando.end());
+         return b.arrivi.join() == tutte && *presto < 3s && *tardi > 5s && *tardi < 9s;
+       }},
+      {"spezza",
+       {.spezza = 1000},
+       [&](const Banco& b) { return b.pezzi.size() >= 40 && b.pezzi.join() == tutte; }},
+      {"unisce",
+       {.unisce = 500},
+       [&](const Banco& b) { return b.pezzi.size() < 16 && b.arrivi == QByteArrayList(20, risposta); },
+       50ms},
+      {"ripete", {.ripete = 1000}, [&](const Banco& b) { return b.arrivi == QByteArrayList(40, risposta); }},
+      {"altera",
+       {.altera = 1000},
+       [&](const Banco& b) {
+         const auto strana = [](char c) { return static_cast<uchar>(c) > 127; };
+         const QByteArray insieme = b.pezzi.join();
+         return b.pezzi.size() == 20 && !b.arrivi.contains(risposta) && insieme.size() == tutte.size() &&
+                std::any_of(insieme.begin(), insieme.end(), strana);
+       }},
+      {"cade",
+       {.cade = 300},
+       [&](const Banco& b) { return !connesso(b) && b.arrivi.size() < 20 && b.cadute == 1; }},
+  };
+  for (const Prova& prova : prove) {
+    Banco banco(7, prova.guasti);
+    banco.connetti();
+    banco.manda(20, prova.ogni);
+    banco.pc.esegui_per(5s);
+    EXPECT_TRUE(prova.vista(banco)) << prova.nome << ": " << banco.arrivi.join("|").constData();
+
+    Banco risparmiato(7, prova.guasti);
+    risparmiato.pc.rete().guasti_di(indirizzo, {});
+    EXPECT_TRUE(risparmiato.connetti());
+    risparmiato.manda(5);
+    EXPECT_EQ(risparmiato.arrivi, QByteArrayList(5, risposta)) << prova.nome;
+
+    Banco spento(7, prova.guasti);
+    spento.pc.rete().guasti_accesi(false);
+    EXPECT_TRUE(spento.connetti());
+  }
+}
+
+TEST(VirtualNetwork, a_handler_that_waits_gets_the_next_data_of_its_own_socket) {
+  Banco banco;
+  PolledWait attesa(banco.pc.orologio(), banco.pc.ciclo());
+  banco.connetti();
+  bool dentro = false;
+  banco.socket->DataArrival = [&](qsizetype) {
+    banco.arrivi.append(banco.socket->GetData());
+    if (std::exchange(dentro, true)) return;
+    banco.socket->SendData(comando);
+    EXPECT_TRUE(attesa.attendi(2, [&] { return banco.arrivi.size() == 2; }));
+  };
+  banco.manda(1);
+  EXPECT_EQ(banco.arrivi.size(), 2);
+}
+
+TEST(VirtualNetwork, what_is_unanswered_or_closed_is_told_by_the_state_alone) {
+  Banco banco;
+  EXPECT_FALSE(banco.connetti(999));  // refused
+  banco.socket->Connect(indirizzo, 10001);
+  banco.socket->Close();  // before the answer
+  EXPECT_EQ(banco.socket->State(), socket_chiuso);
+  banco.socket->SendData(comando);
+  banco.pc.esegui_per(2s);
+  EXPECT_EQ(banco.socket->State(), socket_chiuso);
+  EXPECT_FALSE(banco.canale);
+
+  ASSERT_TRUE(banco.connetti());
+  banco.socket->SendData(comando);
+  banco.pc.ciclo().fra(3ms, [&] { banco.pc.rete().smetti(indirizzo); });  // the cabinet is switched off
+  banco.pc.esegui_per(1s);
+  EXPECT_NE(banco.socket->State(), socket_connesso);
+  EXPECT_FALSE(banco.canale->aperto());
+  EXPECT_EQ(banco.cadute, 0);
+  EXPECT_FALSE(banco.connetti());  // nobody has this address now
+}
+
+}  // namespace
+}  // namespace lokera::simulazione
