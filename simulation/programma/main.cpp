@@ -4,9 +4,10 @@
 #include <QTimer>
 #include <QUdpSocket>
 
+#include "adapters/base/qt_clock.h"
+#include "adapters/base/qt_timer.h"
 #include "simulation/programma/impianto.h"
 #include "simulation/programma/segnali.h"
-#include "simulation/programma/tempo_reale.h"
 #include "simulation/reale/real_rete.h"
 
 namespace {
@@ -53,8 +54,8 @@ int esegui(const Opzioni& opzioni) {
 
   Registro registro;
   registro.Riga = [&](const QByteArray& riga) { annota(registro_su, riga); };
-  const OrologioReale orologio;
-  TimerReali timer;
+  const QtClock orologio;
+  QtTimers timer;
   RealRete rete;
   Impianto impianto(opzioni, rete, orologio, timer, registro);
   if (opzioni.parla) impianto.Parla = stampa_frame;

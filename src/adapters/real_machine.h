@@ -1,12 +1,12 @@
 #pragma once
 
-#include "adapters/fuso_orario.h"
-#include "adapters/qt_clock.h"
+#include "adapters/base/fuso_orario.h"
+#include "adapters/base/qt_clock.h"
+#include "adapters/base/qt_event_loop.h"
+#include "adapters/base/qt_timer.h"
+#include "adapters/base/qt_winsock.h"
 #include "adapters/qt_desktop.h"
 #include "adapters/qt_dialogs.h"
-#include "adapters/qt_event_loop.h"
-#include "adapters/qt_timer.h"
-#include "adapters/qt_winsock.h"
 #include "platform/machine.h"
 
 namespace lokera {
