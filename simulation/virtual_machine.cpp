@@ -9,7 +9,7 @@ VirtualComputer::VirtualComputer(VirtualClock& orologio, VirtualEventLoop& ciclo
     : orologio(orologio), ciclo(ciclo), timer(ciclo), socket(rete, nome) {}
 
 Machine VirtualComputer::macchina() {
-  return {orologio, ciclo, timer, socket, messaggi, desktop, programma};
+  return {orologio, ciclo, timer, socket, messaggi, domande, file, puntatore, desktop, programma};
 }
 
 VirtualMachine::VirtualMachine(quint64 seme, const QDateTime& inizio)

@@ -6,7 +6,10 @@
 #include "platform/machine.h"
 #include "platform/momento.h"
 #include "simulation/virtual_dialogs.h"
+#include "simulation/virtual_file_choice.h"
+#include "simulation/virtual_input_box.h"
 #include "simulation/virtual_network.h"
+#include "simulation/virtual_pointer.h"
 #include "simulation/virtual_timer.h"
 #include "simulation/virtual_winsock.h"
 
@@ -22,6 +25,9 @@ struct VirtualComputer {
   VirtualTimers timer;
   VirtualWinsocks socket;
   VirtualMessageBox messaggi;
+  VirtualInputBox domande;
+  VirtualFileChoice file;
+  VirtualPointer puntatore;
   VirtualDesktop desktop;
   VirtualProgram programma;
 };

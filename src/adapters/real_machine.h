@@ -5,8 +5,10 @@
 #include "adapters/base/qt_event_loop.h"
 #include "adapters/base/qt_timer.h"
 #include "adapters/base/qt_winsock.h"
+#include "adapters/qt_cursor.h"
 #include "adapters/qt_desktop.h"
 #include "adapters/qt_dialogs.h"
+#include "adapters/qt_file_choice.h"
 #include "platform/machine.h"
 
 namespace lokera {
@@ -15,7 +17,9 @@ namespace lokera {
 class RealMachine {
  public:
   RealMachine() : ciclo_(orologio_) { fissa_fuso_orario(); }
-  Machine macchina() { return {orologio_, ciclo_, timer_, socket_, messaggi_, desktop_, programma_}; }
+  Machine macchina() {
+    return {orologio_, ciclo_, timer_, socket_, messaggi_, domande_, file_, puntatore_, desktop_, programma_};
+  }
 
  private:
   QtClock orologio_;
@@ -23,6 +27,9 @@ class RealMachine {
   QtTimers timer_;
   QtWinsocks socket_;
   QtMessageBox messaggi_;
+  QtInputBox domande_;
+  QtFileChoice file_;
+  QtCursor puntatore_;
   QtDesktop desktop_;
   QtProgram programma_;
 };

@@ -4,6 +4,8 @@
 #include "platform/desktop.h"
 #include "platform/dialogs.h"
 #include "platform/event_loop.h"
+#include "platform/file_choice.h"
+#include "platform/pointer.h"
 #include "platform/timer.h"
 #include "platform/winsock.h"
 
@@ -17,6 +19,9 @@ struct Machine {
   TimerFactory& timer;
   WinsockFactory& socket;
   MessageBox& messaggi;
+  InputBox& domande;
+  FileChoice& file;
+  Pointer& puntatore;
   Desktop& desktop;
   Program& programma;
 };
