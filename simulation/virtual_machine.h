@@ -8,6 +8,7 @@
 #include "simulation/virtual_dialogs.h"
 #include "simulation/virtual_file_choice.h"
 #include "simulation/virtual_input_box.h"
+#include "simulation/virtual_mscomm.h"
 #include "simulation/virtual_network.h"
 #include "simulation/virtual_pointer.h"
 #include "simulation/virtual_timer.h"
@@ -24,6 +25,7 @@ struct VirtualComputer {
   VirtualEventLoop& ciclo;
   VirtualTimers timer;
   VirtualWinsocks socket;
+  VirtualMSComms seriali;
   VirtualMessageBox messaggi;
   VirtualInputBox domande;
   VirtualFileChoice file;

@@ -3,6 +3,7 @@
 #include "adapters/base/fuso_orario.h"
 #include "adapters/base/qt_clock.h"
 #include "adapters/base/qt_event_loop.h"
+#include "adapters/base/qt_mscomm.h"
 #include "adapters/base/qt_timer.h"
 #include "adapters/base/qt_winsock.h"
 #include "adapters/qt_cursor.h"
@@ -16,9 +17,14 @@ namespace lokera {
 /// The computer that the program runs on. The application object must exist before it and outlive it.
 class RealMachine {
  public:
-  RealMachine() : ciclo_(orologio_) { fissa_fuso_orario(); }
+  /// `porte_seriali`: see QtMSComms.
+  explicit RealMachine(QStringList porte_seriali = QtMSComms::di_solito())
+      : ciclo_(orologio_), seriali_(std::move(porte_seriali)) {
+    fissa_fuso_orario();
+  }
   Machine macchina() {
-    return {orologio_, ciclo_, timer_, socket_, messaggi_, domande_, file_, puntatore_, desktop_, programma_};
+    return {orologio_, ciclo_, timer_,     socket_,  seriali_,  messaggi_,
+            domande_,  file_,  puntatore_, desktop_, programma_};
   }
 
  private:
@@ -26,6 +32,7 @@ class RealMachine {
   QtEventLoop ciclo_;
   QtTimers timer_;
   QtWinsocks socket_;
+  QtMSComms seriali_;
   QtMessageBox messaggi_;
   QtInputBox domande_;
   QtFileChoice file_;

@@ -5,6 +5,7 @@
 #include "platform/dialogs.h"
 #include "platform/event_loop.h"
 #include "platform/file_choice.h"
+#include "platform/mscomm.h"
 #include "platform/pointer.h"
 #include "platform/timer.h"
 #include "platform/winsock.h"
@@ -18,6 +19,7 @@ struct Machine {
   EventLoop& ciclo;
   TimerFactory& timer;
   WinsockFactory& socket;
+  MSCommFactory& seriali;
   MessageBox& messaggi;
   InputBox& domande;
   FileChoice& file;
