@@ -6,6 +6,7 @@
 #include "adapters/base/qt_mscomm.h"
 #include "adapters/base/qt_timer.h"
 #include "adapters/base/qt_winsock.h"
+#include "adapters/base/xlsx_spreadsheet.h"
 #include "adapters/qt_cursor.h"
 #include "adapters/qt_desktop.h"
 #include "adapters/qt_dialogs.h"
@@ -23,8 +24,8 @@ class RealMachine {
     fissa_fuso_orario();
   }
   Machine macchina() {
-    return {orologio_, ciclo_, timer_,     socket_,  seriali_,  messaggi_,
-            domande_,  file_,  puntatore_, desktop_, programma_};
+    return {orologio_, ciclo_, timer_, socket_,    seriali_, messaggi_,
+            domande_,  file_,  fogli_, puntatore_, desktop_, programma_};
   }
 
  private:
@@ -36,6 +37,7 @@ class RealMachine {
   QtMessageBox messaggi_;
   QtInputBox domande_;
   QtFileChoice file_;
+  XlsxSpreadsheet fogli_;
   QtCursor puntatore_;
   QtDesktop desktop_;
   QtProgram programma_;

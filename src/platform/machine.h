@@ -7,6 +7,7 @@
 #include "platform/file_choice.h"
 #include "platform/mscomm.h"
 #include "platform/pointer.h"
+#include "platform/spreadsheet.h"
 #include "platform/timer.h"
 #include "platform/winsock.h"
 
@@ -23,6 +24,7 @@ struct Machine {
   MessageBox& messaggi;
   InputBox& domande;
   FileChoice& file;
+  Spreadsheet& fogli;
   Pointer& puntatore;
   Desktop& desktop;
   Program& programma;
