@@ -11,6 +11,7 @@
 #include "simulation/virtual_mscomm.h"
 #include "simulation/virtual_network.h"
 #include "simulation/virtual_pointer.h"
+#include "simulation/virtual_printer.h"
 #include "simulation/virtual_spreadsheet.h"
 #include "simulation/virtual_timer.h"
 #include "simulation/virtual_winsock.h"
@@ -30,6 +31,7 @@ struct VirtualComputer {
   VirtualMessageBox messaggi;
   VirtualInputBox domande;
   VirtualFileChoice file;
+  VirtualPrinter stampante{file};
   VirtualSpreadsheet fogli;
   VirtualPointer puntatore;
   VirtualDesktop desktop;

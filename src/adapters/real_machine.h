@@ -11,6 +11,7 @@
 #include "adapters/qt_desktop.h"
 #include "adapters/qt_dialogs.h"
 #include "adapters/qt_file_choice.h"
+#include "adapters/qt_printer.h"
 #include "platform/machine.h"
 
 namespace lokera {
@@ -24,8 +25,8 @@ class RealMachine {
     fissa_fuso_orario();
   }
   Machine macchina() {
-    return {orologio_, ciclo_, timer_, socket_,    seriali_, messaggi_,
-            domande_,  file_,  fogli_, puntatore_, desktop_, programma_};
+    return {orologio_, ciclo_,     timer_, socket_,    seriali_, messaggi_, domande_,
+            file_,     stampante_, fogli_, puntatore_, desktop_, programma_};
   }
 
  private:
@@ -37,6 +38,7 @@ class RealMachine {
   QtMessageBox messaggi_;
   QtInputBox domande_;
   QtFileChoice file_;
+  QtPrinter stampante_{file_};
   XlsxSpreadsheet fogli_;
   QtCursor puntatore_;
   QtDesktop desktop_;

@@ -7,6 +7,7 @@
 #include "platform/file_choice.h"
 #include "platform/mscomm.h"
 #include "platform/pointer.h"
+#include "platform/printer.h"
 #include "platform/spreadsheet.h"
 #include "platform/timer.h"
 #include "platform/winsock.h"
@@ -24,6 +25,7 @@ struct Machine {
   MessageBox& messaggi;
   InputBox& domande;
   FileChoice& file;
+  Printer& stampante;
   Spreadsheet& fogli;
   Pointer& puntatore;
   Desktop& desktop;
