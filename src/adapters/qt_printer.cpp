@@ -101,10 +101,7 @@ void offri_foglio(QPageSetupDialog& dialogo, const ProprietaStampa& p, const QPa
 
 }  // namespace
 
-QtPrinter::QtPrinter(FileChoice& file) : file_(file) {
-  const QString predefinita = QPrinterInfo::defaultPrinterName();
-  proprieta_.stampante = predefinita.isEmpty() ? stampante_pdf() : predefinita;
-}
+QtPrinter::QtPrinter(FileChoice& file) : file_(file) {}
 
 QtPrinter::~QtPrinter() = default;
 
@@ -112,14 +109,21 @@ QStringList QtPrinter::stampanti() const {
   return QPrinterInfo::availablePrinterNames() + QStringList{stampante_pdf()};
 }
 
+const ProprietaStampa& QtPrinter::attuali() const {
+  if (!proprieta_.stampante.isEmpty()) return proprieta_;
+  const QString predefinita = QPrinterInfo::defaultPrinterName();
+  proprieta_.stampante = predefinita.isEmpty() ? stampante_pdf() : predefinita;
+  return proprieta_;
+}
+
 void QtPrinter::imposta(const ProprietaStampa& nuove) {
-  proprieta_ = combina(proprieta_, nuove, stampanti(), misura_foglio);
+  proprieta_ = combina(attuali(), nuove, stampanti(), misura_foglio);
   metrica_.reset();
   dispositivo_.reset();
 }
 
 std::optional<ProprietaStampa> QtPrinter::imposta_pagina(const ProprietaStampa& iniziali) {
-  const ProprietaStampa da = combina(proprieta_, iniziali, stampanti(), misura_foglio);
+  const ProprietaStampa da = combina(attuali(), iniziali, stampanti(), misura_foglio);
   const auto stampante = crea_dispositivo(da);
   Modale<QPageSetupDialog> dialogo(stampante.get());
   offri_foglio(*dialogo, da, stampante->pageLayout().pageSize());
@@ -128,7 +132,7 @@ std::optional<ProprietaStampa> QtPrinter::imposta_pagina(const ProprietaStampa& 
 }
 
 QPrinter& QtPrinter::dispositivo() const {
-  if (!dispositivo_) dispositivo_ = crea_dispositivo(proprieta_);
+  if (!dispositivo_) dispositivo_ = crea_dispositivo(attuali());
   return *dispositivo_;
 }
 
@@ -156,14 +160,14 @@ int QtPrinter::TextHeight(const Carattere& carattere) const {
 }
 
 EsitoStampa QtPrinter::stampa(const Documento& documento) {
-  if (proprieta_.stampante == stampante_pdf()) return stampa_su_file(documento);
-  const auto stampante = crea_dispositivo(proprieta_);
+  if (attuali().stampante == stampante_pdf()) return stampa_su_file(documento);
+  const auto stampante = crea_dispositivo(attuali());
   return esito(Disegno(*stampante, documento).disegna() ? QString() : qt_error_string(EIO));
 }
 
 EsitoStampa QtPrinter::stampa_su_file(const Documento& documento) {
   const auto stampante =
-      crea_dispositivo(proprieta_);  // of now: the properties may change while a file is chosen
+      crea_dispositivo(attuali());  // of now: the properties may change while a file is chosen
   const auto scelto = file_.salva(scelta_pdf(documento));
   if (!scelto) return {};
   FileIntero file(*scelto);

@@ -21,7 +21,7 @@ class QtPrinter : public Printer {
   Q_DISABLE_COPY_MOVE(QtPrinter)
 
   QStringList stampanti() const override;
-  ProprietaStampa proprieta() const override { return proprieta_; }
+  ProprietaStampa proprieta() const override { return attuali(); }
   void imposta(const ProprietaStampa& nuove) override;
   std::optional<ProprietaStampa> imposta_pagina(const ProprietaStampa& iniziali) override;
   int ScaleWidth() const override;
@@ -31,12 +31,15 @@ class QtPrinter : public Printer {
   EsitoStampa stampa(const Documento& documento) override;
 
  private:
+  const ProprietaStampa& attuali() const;
   QPrinter& dispositivo() const;
   const QFontMetricsF& metrica(const Carattere& carattere) const;
   EsitoStampa stampa_su_file(const Documento& documento);
 
   FileChoice& file_;
-  ProprietaStampa proprieta_;
+  // Without a printer until something is asked: the print service may take its time, and the program's start
+  // needs none.
+  mutable ProprietaStampa proprieta_;
   mutable std::unique_ptr<QPrinter> dispositivo_;  // made when something is measured
   mutable Carattere misurato_;                     // whose metrics are kept
   mutable std::optional<QFontMetricsF> metrica_;
