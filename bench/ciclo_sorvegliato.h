@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "adapters/qt_clock.h"
+#include "adapters/base/qt_clock.h"
 #include "platform/event_loop.h"
 
 namespace lokera::bench {

@@ -5,8 +5,8 @@
 #include <QTcpSocket>
 #include <QUdpSocket>
 
-#include "adapters/qt_clock.h"
-#include "adapters/qt_timer.h"
+#include "adapters/base/qt_clock.h"
+#include "adapters/base/qt_timer.h"
 #include "bench/figlio.h"
 #include "bench/misura.h"
 #include "bench/sito_misure.h"

@@ -22,7 +22,7 @@ constexpr char impossibile[] = "05";
 constexpr char non_valido[] = "13";
 constexpr char assente[] = "14";
 
-struct Risposta {
+struct RispostaCabinet {
   QByteArray codice;
   QByteArray dati = {};
 };
@@ -45,11 +45,11 @@ QByteArray quattro_cifre(int numero) {
   return QByteArray::number(numero).rightJustified(4, '0');
 }
 
-Risposta prova_collegamento(const Comando&) {
+RispostaCabinet prova_collegamento(const Comando&) {
   return {bene, "1"};
 }
 
-Risposta regola_orologio(const Comando& c) {
+RispostaCabinet regola_orologio(const Comando& c) {
   if (c.dati.size() != 15) return {non_valido};
   const auto giorno = numero_decimale(c.dati.first(1));
   const auto momento = momento_da_cifre(c.dati.sliced(1));
@@ -58,7 +58,7 @@ Risposta regola_orologio(const Comando& c) {
   return {bene};
 }
 
-Risposta leggi_record(const Comando& c) {
+RispostaCabinet leggi_record(const Comando& c) {
   const Archivio* archivio = c.archivio();
   if (c.dati.size() != 5) return {non_valido};
   const auto posizione = numero_decimale(c.dati.sliced(1));
@@ -68,7 +68,7 @@ Risposta leggi_record(const Comando& c) {
   return {bene, record};
 }
 
-Risposta scrivi_record(const Comando& c) {
+RispostaCabinet scrivi_record(const Comando& c) {
   Archivio* archivio = c.archivio();
   if (!archivio) return {fuori_limite};
   const bool operatore = archivio == &c.stato.operatori;
@@ -83,7 +83,7 @@ Risposta scrivi_record(const Comando& c) {
   return {bene};
 }
 
-Risposta cancella_record(const Comando& c) {
+RispostaCabinet cancella_record(const Comando& c) {
   Archivio* archivio = c.archivio();
   if (c.dati.size() != 5) return {non_valido};
   const auto posizione = numero_decimale(c.dati.sliced(1));
@@ -91,21 +91,21 @@ Risposta cancella_record(const Comando& c) {
   return {archivio->togli(*posizione) ? bene : assente};
 }
 
-Risposta svuota_archivio(const Comando& c) {
+RispostaCabinet svuota_archivio(const Comando& c) {
   Archivio* archivio = c.archivio();
   if (c.dati.size() != 1) return {non_valido};
   if (!archivio) return {fuori_limite};
   return {bene, quattro_cifre(archivio->svuota())};
 }
 
-Risposta conta_record(const Comando& c) {
+RispostaCabinet conta_record(const Comando& c) {
   const Archivio* archivio = c.archivio();
   if (c.dati.size() != 1) return {non_valido};
   if (!archivio) return {fuori_limite};
   return {bene, quattro_cifre(archivio->numero())};
 }
 
-Risposta leggi_transazione(const Comando& c) {
+RispostaCabinet leggi_transazione(const Comando& c) {
   const TransazioneMemorizzata* prima = c.stato.transazioni.prima();
   if (!prima) return {assente};
   c.sessione.letta = prima->n;
@@ -113,7 +113,7 @@ Risposta leggi_transazione(const Comando& c) {
   return {bene, testo_transazione(prima->movimento)};
 }
 
-Risposta conferma_transazione(const Comando& c) {
+RispostaCabinet conferma_transazione(const Comando& c) {
   const TransazioneMemorizzata* prima = c.stato.transazioni.prima();
   const quint64 letta = std::exchange(c.sessione.letta, 0);
   if (!prima || letta != prima->n) return {impossibile};
@@ -122,21 +122,21 @@ Risposta conferma_transazione(const Comando& c) {
   return {bene};
 }
 
-Risposta conta_transazioni(const Comando& c) {
+RispostaCabinet conta_transazioni(const Comando& c) {
   return {bene, quattro_cifre(c.stato.transazioni.numero())};
 }
 
-Risposta leggi_seriale(const Comando& c) {
+RispostaCabinet leggi_seriale(const Comando& c) {
   return {bene, c.stato.seriale};
 }
 
-Risposta leggi_orologio(const Comando& c) {
+RispostaCabinet leggi_orologio(const Comando& c) {
   const QDateTime ora = c.stato.orologio.adesso();
   const int giorno = ora.date().dayOfWeek() % 7 + 1;  // 1 is Sunday
   return {bene, QByteArray::number(giorno) + ora.toString(u"ddMMyyyyhhmmss"_s).toLatin1()};
 }
 
-Risposta registra_parametri(const Comando& c) {
+RispostaCabinet registra_parametri(const Comando& c) {
   struct Campo {
     int ParametriCabinet::*valore;
     int minimo;
@@ -162,14 +162,14 @@ Risposta registra_parametri(const Comando& c) {
 }
 
 // Behind the reply code the cabinet names itself and its release; nobody reads those fourteen characters.
-Risposta scoperta(const Comando& c) {
+RispostaCabinet scoperta(const Comando& c) {
   const ReteCabinet& r = c.stato.rete_in_uso;
   return {bene, c.stato.seriale + "01" + cifre_indirizzo(r.indirizzo) +
                     QByteArray::number(r.porta).rightJustified(5, '0') + cifre_indirizzo(r.maschera) +
                     cifre_indirizzo(r.gateway)};
 }
 
-Risposta registra_rete(const Comando& c) {
+RispostaCabinet registra_rete(const Comando& c) {
   if (c.dati.size() != 41) return {non_valido};
   const auto porta = numero_decimale(c.dati.sliced(12, 5));
   ReteCabinet nuova{indirizzo_da_cifre(c.dati.first(12)), 0, indirizzo_da_cifre(c.dati.sliced(17, 12)),
@@ -181,7 +181,7 @@ Risposta registra_rete(const Comando& c) {
   return {bene};
 }
 
-Risposta riavvia(const Comando& c) {
+RispostaCabinet riavvia(const Comando& c) {
   c.riavvio = true;
   return {};
 }
@@ -190,7 +190,7 @@ struct Voce {
   const char* codice;
   Porta porta;
   bool con_dati;  ///< false: anything behind the code makes the command invalid
-  Risposta (*esegui)(const Comando&);
+  RispostaCabinet (*esegui)(const Comando&);
 };
 
 constexpr Voce catalogo[] = {
@@ -212,7 +212,7 @@ constexpr Voce catalogo[] = {
     {"000A1", Porta::udp, true, registra_rete},
 };
 
-Risposta esegui(const Comando& comando, Porta porta, QByteArrayView codice) {
+RispostaCabinet esegui(const Comando& comando, Porta porta, QByteArrayView codice) {
   for (const Voce& voce : catalogo) {
     if (codice != voce.codice || porta != voce.porta) continue;
     if (!voce.con_dati && !comando.dati.isEmpty()) return {non_valido};
@@ -221,7 +221,7 @@ Risposta esegui(const Comando& comando, Porta porta, QByteArrayView codice) {
   return {sconosciuto};
 }
 
-QByteArray componi_risposta(QByteArrayView codice, const Risposta& risposta) {
+QByteArray componi_risposta(QByteArrayView codice, const RispostaCabinet& risposta) {
   // The verdict on a clock setting is one character.
   const QByteArray verdetto = codice == "00020" ? risposta.codice.last(1) : risposta.codice;
   return componi_frame(codice.toByteArray() + verdetto + risposta.dati);
@@ -238,7 +238,7 @@ QByteArray rispondi(StatoCabinet& stato, SessioneCabinet& sessione, Porta porta,
   if (calcola_bcc(testo) != campo_frame(frame, frame.size() - 2, 2)) {
     return componi_risposta(codice, {errore_bcc});
   }
-  const Risposta risposta = esegui({stato, sessione, testo.sliced(5), riavvio}, porta, codice);
+  const RispostaCabinet risposta = esegui({stato, sessione, testo.sliced(5), riavvio}, porta, codice);
   return riavvio ? QByteArray() : componi_risposta(codice, risposta);
 }
 

@@ -93,8 +93,9 @@ bool Giornata::prepara() {
   if (Errore e = crea_database(file, password_database(), riempi); e.fallito()) return fallita(e.descrizione);
   if (Errore e = seconda_.Open(file, password_database()); e.fallito()) return fallita(e.descrizione);
   const Machine m = vm_.macchina();
-  console_ = std::make_unique<Console>(
-      Machine{m.orologio, ciclo_, m.timer, m.socket, m.messaggi, m.desktop, m.programma});
+  console_ = std::make_unique<Console>(Machine{m.orologio, ciclo_, m.timer, m.socket, m.seriali, m.messaggi,
+                                               m.domande, m.file, m.stampante, m.fogli, m.puntatore,
+                                               m.desktop, m.programma});
   if (!console_->apri(cartella_.path())) return fallita(u"the console can't open its file"_s);
   if (!sito_.apri()) return fallita(u"an address is taken"_s);
 

@@ -6,10 +6,11 @@ using namespace Qt::StringLiterals;
 
 VirtualComputer::VirtualComputer(VirtualClock& orologio, VirtualEventLoop& ciclo, VirtualNetwork& rete,
                                  const QString& nome)
-    : orologio(orologio), ciclo(ciclo), timer(ciclo), socket(rete, nome) {}
+    : orologio(orologio), ciclo(ciclo), timer(ciclo), socket(rete, nome), seriali(ciclo) {}
 
 Machine VirtualComputer::macchina() {
-  return {orologio, ciclo, timer, socket, messaggi, desktop, programma};
+  return {orologio, ciclo,     timer, socket,    seriali, messaggi, domande,
+          file,     stampante, fogli, puntatore, desktop, programma};
 }
 
 VirtualMachine::VirtualMachine(quint64 seme, const QDateTime& inizio)

@@ -6,7 +6,13 @@
 #include "platform/machine.h"
 #include "platform/momento.h"
 #include "simulation/macchina/virtual_dialogs.h"
+#include "simulation/macchina/virtual_file_choice.h"
+#include "simulation/macchina/virtual_input_box.h"
+#include "simulation/macchina/virtual_mscomm.h"
 #include "simulation/macchina/virtual_network.h"
+#include "simulation/macchina/virtual_pointer.h"
+#include "simulation/macchina/virtual_printer.h"
+#include "simulation/macchina/virtual_spreadsheet.h"
 #include "simulation/macchina/virtual_timer.h"
 #include "simulation/macchina/virtual_winsock.h"
 
@@ -21,7 +27,13 @@ struct VirtualComputer {
   VirtualEventLoop& ciclo;
   VirtualTimers timer;
   VirtualWinsocks socket;
+  VirtualMSComms seriali;
   VirtualMessageBox messaggi;
+  VirtualInputBox domande;
+  VirtualFileChoice file;
+  VirtualPrinter stampante{file};
+  VirtualSpreadsheet fogli;
+  VirtualPointer puntatore;
   VirtualDesktop desktop;
   VirtualProgram programma;
 };

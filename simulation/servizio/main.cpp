@@ -4,10 +4,11 @@
 #include <QTimer>
 #include <QUdpSocket>
 
+#include "adapters/base/qt_clock.h"
+#include "adapters/base/qt_timer.h"
 #include "simulation/servizio/impianto.h"
 #include "simulation/servizio/real_rete.h"
 #include "simulation/servizio/segnali.h"
-#include "simulation/servizio/tempo_reale.h"
 
 namespace {
 
@@ -53,8 +54,8 @@ int esegui(const OpzioniSimulatore& opzioni) {
 
   RegistroEventi registro;
   registro.Riga = [&](const QByteArray& riga) { annota(registro_su, riga); };
-  const OrologioReale orologio;
-  TimerReali timer;
+  const QtClock orologio;
+  QtTimers timer;
   RealRete rete;
   Impianto impianto(opzioni, rete, orologio, timer, registro);
   if (opzioni.parla) impianto.Parla = stampa_frame;

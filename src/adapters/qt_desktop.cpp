@@ -15,6 +15,10 @@ void QtDesktop::apri_pagina(const QString& indirizzo) {
   QDesktopServices::openUrl(QUrl::fromUserInput(indirizzo));
 }
 
+bool QtDesktop::apri_file(const QString& file) {
+  return QDesktopServices::openUrl(QUrl::fromLocalFile(file));
+}
+
 void QtDesktop::svuota_appunti() {
   QGuiApplication::clipboard()->clear();
 }

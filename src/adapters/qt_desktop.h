@@ -11,6 +11,7 @@ namespace lokera {
 class QtDesktop : public Desktop {
  public:
   void apri_pagina(const QString& indirizzo) override;
+  bool apri_file(const QString& file) override;
   void svuota_appunti() override;
   void mostra_avviso(const QString& testo) override;
   void togli_avviso() override;

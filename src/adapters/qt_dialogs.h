@@ -7,8 +7,13 @@ namespace lokera {
 /// Boxes over the active window. Text is shown as it stands, never taken for markup.
 class QtMessageBox : public MessageBox {
  public:
-  void mostra(const QString& testo, const QString& titolo) override;
-  bool chiedi(const QString& testo, const QString& titolo) override;
+  Risposta apri(const Messaggio& messaggio) override;
+};
+
+class QtInputBox : public InputBox {
+ public:
+  std::optional<QString> chiedi(const QString& testo, const QString& titolo,
+                                const QString& iniziale) override;
 };
 
 }  // namespace lokera

@@ -5,7 +5,7 @@
 
 #include <memory>
 
-#include "adapters/istanza_unica.h"
+#include "adapters/base/istanza_unica.h"
 #include "adapters/real_machine.h"
 #include "supervisor/console.h"
 #include "windows/schermo.h"

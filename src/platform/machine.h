@@ -4,6 +4,11 @@
 #include "platform/desktop.h"
 #include "platform/dialogs.h"
 #include "platform/event_loop.h"
+#include "platform/file_choice.h"
+#include "platform/mscomm.h"
+#include "platform/pointer.h"
+#include "platform/printer.h"
+#include "platform/spreadsheet.h"
 #include "platform/timer.h"
 #include "platform/winsock.h"
 
@@ -16,7 +21,13 @@ struct Machine {
   EventLoop& ciclo;
   TimerFactory& timer;
   WinsockFactory& socket;
+  MSCommFactory& seriali;
   MessageBox& messaggi;
+  InputBox& domande;
+  FileChoice& file;
+  Printer& stampante;
+  Spreadsheet& fogli;
+  Pointer& puntatore;
   Desktop& desktop;
   Program& programma;
 };

@@ -11,7 +11,7 @@
 
 #include <gtest/gtest.h>
 
-#include "adapters/istanza_unica.h"
+#include "adapters/base/istanza_unica.h"
 #include "adapters/qt_desktop.h"
 #include "adapters/qt_dialogs.h"
 

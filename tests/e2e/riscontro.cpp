@@ -7,7 +7,7 @@
 #include <map>
 
 #include "access/giorno.h"
-#include "adapters/qt_clock.h"
+#include "adapters/base/qt_clock.h"
 #include "cards/maschera.h"
 #include "simulation/giornata/controlli.h"
 #include "store/date_jet.h"

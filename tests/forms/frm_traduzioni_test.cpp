@@ -54,7 +54,7 @@ TEST_F(FrmTraduzioni, DeletingAsksFirstAndTheEntryIsForgottenAtOnce) {
   messaggi.risposte = {true};
   EXPECT_TRUE(grd.utente_elimina(0));
   EXPECT_EQ(tabella(), QStringList{u"lokera|cabinet| "_s});
-  EXPECT_EQ(messaggi.mostrati[1], (VirtualMessageBox::Messaggio{u"Vuoi eliminare la voce?"_s, {}, true}));
+  EXPECT_EQ(messaggi.mostrati[1], domanda(u"Vuoi eliminare la voce?"_s));
   db.lingua_interfaccia = 1;
   EXPECT_EQ(traduttore.traduci(u" chiave"_s), u" chiave"_s);
 }

@@ -125,7 +125,7 @@ TEST_F(MovimentiInAttesaTest, FineLavoroChiedeSeQualcosaAspetta) {
   blocca();
   muove('1', "1000000001");
   EXPECT_EQ(fine_lavoro({}), std::pair(qsizetype{1}, false));
-  EXPECT_TRUE(b.vm.messaggi().mostrati.value(0).domanda);
+  EXPECT_EQ(b.vm.messaggi().mostrati.value(0).bottoni, Bottoni::si_no);
   EXPECT_EQ(fine_lavoro({true}), std::pair(qsizetype{1}, true));
   libera();
   EXPECT_EQ(fine_lavoro({}), std::pair(qsizetype{0}, true));

@@ -1,4 +1,4 @@
-#include "adapters/qt_event_loop.h"
+#include "adapters/base/qt_event_loop.h"
 
 #include <QCoreApplication>
 #include <QTimer>

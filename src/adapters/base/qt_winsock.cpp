@@ -1,4 +1,4 @@
-#include "adapters/qt_winsock.h"
+#include "adapters/base/qt_winsock.h"
 
 #include <QNetworkDatagram>
 #include <QSysInfo>

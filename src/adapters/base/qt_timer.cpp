@@ -1,4 +1,4 @@
-#include "adapters/qt_timer.h"
+#include "adapters/base/qt_timer.h"
 
 #include <QTimer>
 

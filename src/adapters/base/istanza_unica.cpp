@@ -1,4 +1,4 @@
-#include "adapters/istanza_unica.h"
+#include "adapters/base/istanza_unica.h"
 
 #include <QFileInfo>
 #include <QSysInfo>

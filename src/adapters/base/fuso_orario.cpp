@@ -1,4 +1,4 @@
-#include "adapters/fuso_orario.h"
+#include "adapters/base/fuso_orario.h"
 
 #include <QByteArray>
 

@@ -1,0 +1,83 @@
+#include "simulation/macchina/virtual_mscomm.h"
+
+#include <QtGlobal>
+
+#include <utility>
+
+namespace lokera::simulazione {
+
+class VirtualMSComm : public MSComm {
+ public:
+  explicit VirtualMSComm(VirtualMSComms& porte) : porte_(porte) {}
+  ~VirtualMSComm() override { chiudi(); }
+  Q_DISABLE_COPY_MOVE(VirtualMSComm)
+
+  void CommPort(int numero) override { numero_ = numero; }
+
+  bool PortOpen(bool aperta) override {
+    chiudi();
+    if (!aperta) return true;
+    if (!porte_.collegate_.contains(numero_) || porte_.aperte_.contains(numero_)) return false;
+    aperta_ = numero_;
+    porte_.aperte_[aperta_] = this;
+    return true;
+  }
+  bool PortOpen() const override { return aperta_ != 0; }
+
+  qsizetype InBufferCount() const override { return arrivati_.size(); }
+  QByteArray Input() override {
+    const QByteArray primo = arrivati_.first(std::min<qsizetype>(arrivati_.size(), 1));
+    arrivati_.remove(0, primo.size());
+    return primo;
+  }
+
+  void arriva(const QByteArray& dati) {
+    arrivati_ += dati;
+    annuncia();
+  }
+
+  void chiudi() {
+    arrivati_.clear();
+    if (aperta_ != 0) porte_.aperte_.erase(std::exchange(aperta_, 0));
+  }
+
+ private:
+  void annuncia() {
+    if (arrivati_.isEmpty() || dentro_ || std::exchange(annunciato_, true)) return;
+    porte_.ciclo_.fra(Monotonic(0), [this, vivo = std::weak_ptr(vita_)] {
+      if (!vivo.expired()) consegna();
+    });
+  }
+
+  void consegna() {
+    annunciato_ = false;
+    if (arrivati_.isEmpty()) return;
+    dentro_ = true;
+    if (const auto evento = OnComm) evento();
+    dentro_ = false;
+    annuncia();
+  }
+
+  VirtualMSComms& porte_;
+  int numero_ = 1;
+  int aperta_ = 0;  // the number that it is open with, 0 for closed
+  QByteArray arrivati_;
+  bool annunciato_ = false;
+  bool dentro_ = false;
+  std::shared_ptr<char> vita_ = std::make_shared<char>();
+};
+
+std::unique_ptr<MSComm> VirtualMSComms::crea_mscomm() {
+  return std::make_unique<VirtualMSComm>(*this);
+}
+
+void VirtualMSComms::scollega(int numero) {
+  collegate_.erase(numero);
+  if (const auto aperta = aperte_.find(numero); aperta != aperte_.end()) aperta->second->chiudi();
+}
+
+void VirtualMSComms::arriva(int numero, const QByteArray& dati) {
+  if (const auto aperta = aperte_.find(numero); aperta != aperte_.end()) aperta->second->arriva(dati);
+}
+
+}  // namespace lokera::simulazione

@@ -1,0 +1,180 @@
+#include "adapters/qt_printer.h"
+
+#include <QComboBox>
+#include <QFile>
+#include <QPageSetupDialog>
+#include <QPainter>
+#include <QPrinter>
+#include <QPrinterInfo>
+
+#include <cerrno>
+#include <cmath>
+
+#include "adapters/base/file_intero.h"
+#include "adapters/foglio.h"
+#include "adapters/modale.h"
+
+namespace lokera {
+
+namespace {
+
+constexpr double spessore = 10;  // of a line, in twips
+
+QFont font(const Carattere& carattere) {
+  QFont font(carattere.nome);
+  font.setPointSizeF(carattere.dimensione);
+  font.setBold(carattere.grassetto);
+  return font;
+}
+
+double punti_per_twip(const QPrinter& stampante) {
+  return double{1} * stampante.resolution() / twip_pollice;
+}
+
+/// One document on one printer.
+class Disegno {
+ public:
+  Disegno(QPrinter& stampante, const Documento& documento)
+      : stampante_(stampante), documento_(documento), scala_(punti_per_twip(stampante)) {}
+
+  bool disegna() {
+    stampante_.setDocName(documento_.titolo());
+    if (!matita_.begin(&stampante_)) return false;
+    matita_.setPen(QPen(Qt::black, spessore * scala_));
+    bool riuscito = true;
+    for (qsizetype i = 0; i < documento_.pagine().size(); ++i) {
+      if (i > 0) riuscito = stampante_.newPage() && riuscito;
+      for (const SegnoStampa& segno : documento_.pagine()[i]) disegna(segno);
+    }
+    return matita_.end() && riuscito && stampante_.printerState() != QPrinter::Error;
+  }
+
+ private:
+  void disegna(const SegnoStampa& segno) {
+    const QPointF da(segno.x * scala_, segno.y * scala_);
+    const QPointF a(segno.x2 * scala_, segno.y2 * scala_);
+    switch (segno.tipo) {
+      case SegnoStampa::Tipo::linea:
+        return matita_.drawLine(da, a);
+      case SegnoStampa::Tipo::riquadro:
+        return matita_.drawRect(QRectF(da, a));
+      case SegnoStampa::Tipo::testo:
+        prendi_font(segno.carattere, documento_.carattere(segno));
+        matita_.drawText(da + QPointF(0, ascesa_), segno.testo);
+    }
+  }
+
+  void prendi_font(qsizetype quale, const Carattere& carattere) {
+    if (std::exchange(in_uso_, quale) == quale) return;
+    matita_.setFont(font(carattere));
+    ascesa_ = QFontMetricsF(matita_.font(), &stampante_).ascent();
+  }
+
+  QPrinter& stampante_;
+  const Documento& documento_;
+  const double scala_;
+  QPainter matita_;
+  qsizetype in_uso_ = -1;
+  double ascesa_ = 0;
+};
+
+EsitoStampa esito(const QString& errore) {
+  return {errore.isEmpty(), errore};
+}
+
+// The writer of the file doesn't look whether the disk took all of it.
+bool finito(const QString& nome) {
+  constexpr qint64 coda = 16;
+  QFile file(nome);
+  return file.open(QIODevice::ReadOnly) && file.seek(std::max<qint64>(0, file.size() - coda)) &&
+         file.readAll().contains("%%EOF");
+}
+
+// The dialog has a list of papers that have a name, and would begin with another one.
+void offri_foglio(QPageSetupDialog& dialogo, const ProprietaStampa& p, const QPageSize& carta) {
+  auto* fogli = dialogo.findChild<QComboBox*>(u"pageSizeCombo"_s);
+  if (!fogli || carta.id() != QPageSize::Custom) return;
+  const auto cm = [](int twip) { return QString::number(double{1} * twip / twip_centimetro, 'f', 1); };
+  fogli->addItem(u"%1 x %2 cm"_s.arg(cm(p.larghezza), cm(p.lunghezza)), QVariant::fromValue(carta));
+  fogli->setCurrentIndex(fogli->count() - 1);
+}
+
+}  // namespace
+
+QtPrinter::QtPrinter(FileChoice& file) : file_(file) {}
+
+QtPrinter::~QtPrinter() = default;
+
+QStringList QtPrinter::stampanti() const {
+  return QPrinterInfo::availablePrinterNames() + QStringList{stampante_pdf()};
+}
+
+const ProprietaStampa& QtPrinter::attuali() const {
+  if (!proprieta_.stampante.isEmpty()) return proprieta_;
+  const QString predefinita = QPrinterInfo::defaultPrinterName();
+  proprieta_.stampante = predefinita.isEmpty() ? stampante_pdf() : predefinita;
+  return proprieta_;
+}
+
+void QtPrinter::imposta(const ProprietaStampa& nuove) {
+  proprieta_ = combina(attuali(), nuove, stampanti(), misura_foglio);
+  metrica_.reset();
+  dispositivo_.reset();
+}
+
+std::optional<ProprietaStampa> QtPrinter::imposta_pagina(const ProprietaStampa& iniziali) {
+  const ProprietaStampa da = combina(attuali(), iniziali, stampanti(), misura_foglio);
+  const auto stampante = crea_dispositivo(da);
+  Modale<QPageSetupDialog> dialogo(stampante.get());
+  offri_foglio(*dialogo, da, stampante->pageLayout().pageSize());
+  if (!dialogo.esegui() || dialogo->result() != QDialog::Accepted) return std::nullopt;
+  return con_pagina(da, stampante->pageLayout());
+}
+
+QPrinter& QtPrinter::dispositivo() const {
+  if (!dispositivo_) dispositivo_ = crea_dispositivo(attuali());
+  return *dispositivo_;
+}
+
+const QFontMetricsF& QtPrinter::metrica(const Carattere& carattere) const {
+  if (!metrica_ || misurato_ != carattere) metrica_.emplace(font(carattere), &dispositivo());
+  misurato_ = carattere;
+  return *metrica_;
+}
+
+int QtPrinter::ScaleWidth() const {
+  return static_cast<int>(dispositivo().pageLayout().paintRect(QPageLayout::Point).width() * twip_punto);
+}
+
+int QtPrinter::ScaleHeight() const {
+  return static_cast<int>(dispositivo().pageLayout().paintRect(QPageLayout::Point).height() * twip_punto);
+}
+
+int QtPrinter::TextWidth(const Carattere& carattere, const QString& testo) const {
+  const double punti = metrica(carattere).horizontalAdvance(testo);
+  return static_cast<int>(std::ceil(punti / punti_per_twip(dispositivo())));
+}
+
+int QtPrinter::TextHeight(const Carattere& carattere) const {
+  return static_cast<int>(std::ceil(metrica(carattere).lineSpacing() / punti_per_twip(dispositivo())));
+}
+
+EsitoStampa QtPrinter::stampa(const Documento& documento) {
+  if (attuali().stampante == stampante_pdf()) return stampa_su_file(documento);
+  const auto stampante = crea_dispositivo(attuali());
+  return esito(Disegno(*stampante, documento).disegna() ? QString() : qt_error_string(EIO));
+}
+
+EsitoStampa QtPrinter::stampa_su_file(const Documento& documento) {
+  const auto stampante =
+      crea_dispositivo(attuali());  // of now: the properties may change while a file is chosen
+  const auto scelto = file_.salva(scelta_pdf(documento));
+  if (!scelto) return {};
+  FileIntero file(*scelto);
+  if (!file.errore().isEmpty()) return esito(file.errore());
+  stampante->setOutputFileName(file.nome());
+  if (!Disegno(*stampante, documento).disegna() || !finito(file.nome())) return esito(qt_error_string(EIO));
+  return esito(file.completa());
+}
+
+}  // namespace lokera

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QByteArray>
+
+#include <functional>
+#include <memory>
+
+namespace lokera {
+
+/// A serial port that is only listened to: 9600 baud, 8 data bits, no parity, 1 stop bit.
+class MSComm {
+ public:
+  virtual ~MSComm() = default;
+
+  /// The port's number, from 1. Counts from the next opening.
+  virtual void CommPort(int numero) = 0;
+
+  /// Opens or closes. Whether the port is now as it was asked for: there may be no port of that number, or
+  /// somebody else holds it, another object of this program included. One that is open already is opened
+  /// anew. Closing drops what was not read.
+  virtual bool PortOpen(bool aperta) = 0;
+  /// False too after the device went away.
+  virtual bool PortOpen() const = 0;
+
+  /// How many bytes have come and were not read. More come only while the event loop runs.
+  virtual qsizetype InBufferCount() const = 0;
+  /// The oldest byte that was not read, a zero byte as good as any other; empty when there is none.
+  virtual QByteArray Input() = 0;
+
+  /// Something has come that is not read yet. Delivered from the event loop, never inside a delivery of the
+  /// same port: a handler that waits for more looks at InBufferCount, and what it leaves is announced after
+  /// it has returned. The port must not be destroyed inside.
+  std::function<void()> OnComm;
+};
+
+class MSCommFactory {
+ public:
+  virtual ~MSCommFactory() = default;
+  /// A new closed port.
+  virtual std::unique_ptr<MSComm> crea_mscomm() = 0;
+};
+
+}  // namespace lokera

@@ -1,0 +1,86 @@
+#include <gtest/gtest.h>
+
+#include "platform/comuni/macchina_di_prova.h"
+
+namespace lokera {
+namespace {
+
+struct Lettore {
+  Lettore() {
+    porta->CommPort(1);
+    porta->OnComm = [this] {
+      ++annunci;
+      while (porta->InBufferCount() > 0) letti += porta->Input();
+    };
+  }
+  bool arrivati(qsizetype quanti) {
+    return attesa.attendi(5, [&] { return letti.size() >= quanti; });
+  }
+
+  std::unique_ptr<MacchinaDiProva> m = crea_macchina_di_prova();
+  Machine pc = m->macchina();
+  PolledWait attesa{pc.orologio, pc.ciclo};
+  std::unique_ptr<MSComm> porta = pc.seriali.crea_mscomm();
+  QByteArray letti;
+  int annunci = 0;
+};
+
+TEST(MSComm, bytes_come_one_by_one_zeros_too) {
+  Lettore l;
+  EXPECT_TRUE(l.porta->Input().isEmpty());
+  ASSERT_TRUE(l.porta->PortOpen(true));
+  const QByteArray tessera = QByteArray::fromHex("ff0112345678000d0a00");
+  l.m->manda(tessera);
+  EXPECT_TRUE(l.arrivati(tessera.size()));
+  EXPECT_EQ(l.letti, tessera);
+}
+
+TEST(MSComm, a_handler_that_waits_for_more_is_not_entered_again) {
+  Lettore l;
+  ASSERT_TRUE(l.porta->PortOpen(true));
+  int dentro = 0;
+  l.porta->OnComm = [&] {
+    EXPECT_EQ(++dentro, 1);
+    if (++l.annunci == 1) {
+      l.m->manda("22");
+      EXPECT_TRUE(l.attesa.attendi(5, [&] { return l.porta->InBufferCount() >= 3; }));
+      l.letti += l.porta->Input();
+    }
+    if (l.annunci == 2) l.letti += "-" + l.porta->Input() + l.porta->Input();
+    --dentro;
+  };
+  l.m->manda("1");
+  EXPECT_TRUE(l.arrivati(4));  // what the first one left was announced after it
+  EXPECT_EQ(l.letti, "1-22");
+}
+
+TEST(MSComm, a_port_is_held_by_one_and_closing_drops_what_was_not_read) {
+  Lettore l;
+  ASSERT_TRUE(l.porta->PortOpen(true));
+  const auto altra = l.pc.seriali.crea_mscomm();
+  for (const int numero : {1, 0, 99}) {
+    altra->CommPort(numero);
+    EXPECT_FALSE(altra->PortOpen(true)) << numero;
+    EXPECT_FALSE(altra->PortOpen());
+  }
+  l.porta->OnComm = {};
+  l.m->manda("old");
+  EXPECT_TRUE(l.attesa.attendi(5, [&] { return l.porta->InBufferCount() == 3; }));
+  EXPECT_TRUE(l.porta->PortOpen(false));
+  EXPECT_EQ(l.porta->InBufferCount(), 0);
+  altra->CommPort(1);
+  EXPECT_TRUE(altra->PortOpen(true));
+  EXPECT_TRUE(altra->PortOpen(true));  // anew
+  EXPECT_EQ(altra->InBufferCount(), 0);
+}
+
+TEST(MSComm, a_device_that_goes_away_closes_its_port) {
+  Lettore l;
+  ASSERT_TRUE(l.porta->PortOpen(true));
+  l.m->stacca();
+  EXPECT_TRUE(l.attesa.attendi(5, [&] { return !l.porta->PortOpen(); }));
+  EXPECT_FALSE(l.porta->PortOpen(true));
+}
+
+}  // namespace
+}  // namespace lokera
