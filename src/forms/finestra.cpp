@@ -65,8 +65,4 @@ void Finestra::notifica(Controllo& controllo) {
   if (vista_) vista_->cambiato(controllo);
 }
 
-Controllo::Controllo(Finestra& finestra, QString nome) : finestra_(finestra), nome_(std::move(nome)) {
-  finestra_.controlli_.push_back(this);
-}
-
 }  // namespace lokera

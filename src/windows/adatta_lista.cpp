@@ -5,8 +5,6 @@ namespace lokera {
 
 namespace {
 
-constexpr int unita_per_pixel = 15;
-
 class AdattaLista : public AdattatoreDi<SSOleDBGrid, Lista> {
  public:
   AdattaLista(SSOleDBGrid& c, Lista& w) : AdattatoreDi(c, w) {
@@ -29,10 +27,8 @@ class AdattaLista : public AdattatoreDi<SSOleDBGrid, Lista> {
 
 }  // namespace
 
-std::unique_ptr<Adattatore> adatta_lista(Controllo& controllo, QWidget& widget) {
-  auto* grd = dynamic_cast<SSOleDBGrid*>(&controllo);
-  auto* lista = qobject_cast<Lista*>(&widget);
-  return grd && lista ? std::make_unique<AdattaLista>(*grd, *lista) : nullptr;
+std::unique_ptr<Adattatore> adatta_lista(SSOleDBGrid& grd, QWidget& widget) {
+  return adatta_a<AdattaLista, Lista>(grd, widget);
 }
 
 }  // namespace lokera

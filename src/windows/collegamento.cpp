@@ -6,8 +6,6 @@
 #include <QKeyEvent>
 #include <QMainWindow>
 
-#include "forms/ss_ole_db_grid.h"
-#include "supervisor/tabellone.h"
 #include "windows/disegno.h"
 
 namespace lokera {
@@ -47,12 +45,6 @@ class Blocco : public QObject {
   const QWidget& forma_;
 };
 
-/// The widget that a control is drawn by: a position's number stands in the lamp of its position.
-QString nome_widget(const Controllo& controllo) {
-  if (!dynamic_cast<const NumeroPosizione*>(&controllo)) return controllo.nome();
-  return QString(controllo.nome()).replace(u"Num_"_s, u"lampade_chiave_"_s);
-}
-
 }  // namespace
 
 Collegamento::Collegamento(Finestra& finestra, QWidget& forma, Traduttore& traduttore, const QRect& schermo)
@@ -80,7 +72,7 @@ void Collegamento::lega() {
   QHash<QString, QWidget*> restano = disegno;
   for (Controllo* c : finestra_->Controls()) {
     lega(*c, disegno);
-    restano.remove(nome_widget(*c));
+    restano.remove(c->disegno());
   }
   for (auto it = restano.cbegin(); it != restano.cend(); ++it) {
     if (!solo_contiene(*it.value()))
@@ -91,9 +83,9 @@ void Collegamento::lega() {
 }
 
 void Collegamento::lega(Controllo& controllo, const QHash<QString, QWidget*>& disegno) {
-  if (dynamic_cast<SSOleDBDropDown*>(&controllo)) return;  // drawn inside the cells
+  if (controllo.disegno().isEmpty()) return;
   if (menu_ && menu_->aggiorna(controllo)) return;
-  QWidget* widget = disegno.value(nome_widget(controllo));
+  QWidget* widget = disegno.value(controllo.disegno());
   auto adattatore = widget ? adatta(controllo, *widget, traduttore_) : nullptr;
   if (!adattatore) {
     discordanze_.append(widget ? u"%1: a %2 doesn't fit it"_s.arg(
