@@ -7,6 +7,7 @@
 #include "access/giorno.h"
 #include "forms/formato.h"
 #include "forms/messaggi.h"
+#include "forms/salvataggio_lista.h"
 
 namespace lokera {
 

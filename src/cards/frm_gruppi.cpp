@@ -1,6 +1,7 @@
 #include "cards/frm_gruppi.h"
 
 #include "forms/messaggi.h"
+#include "forms/salvataggio_lista.h"
 
 namespace lokera {
 

@@ -1,4 +1,4 @@
-#include "forms/griglia.h"
+#include "forms/salvataggio_lista.h"
 
 #include "forms/archivio.h"
 #include "store/date_jet.h"
