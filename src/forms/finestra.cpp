@@ -18,7 +18,8 @@ Finestra* ElencoFinestre::trova(QStringView nome) const {
   return it == finestre_.end() ? nullptr : *it;
 }
 
-Finestra::Finestra(ElencoFinestre& elenco, QString nome) : elenco_(elenco), nome_(std::move(nome)) {
+Finestra::Finestra(ElencoFinestre& elenco, QString nome, PostoFinestra posto)
+    : elenco_(elenco), nome_(std::move(nome)), posto_(posto) {
   elenco_.finestre_.push_back(this);
 }
 

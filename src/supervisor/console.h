@@ -5,7 +5,6 @@
 #include <functional>
 #include <memory>
 
-#include "forms/ambiente.h"
 #include "platform/machine.h"
 #include "supervisor/frm_main.h"
 #include "supervisor/gestore_finestre.h"
@@ -31,10 +30,11 @@ class Console {
   ServiziGriglia& griglie() { return griglie_; }
   GestoreFinestre& finestre() { return finestre_; }
   const Machine& macchina() const { return macchina_; }
-  /// What the windows are made with.
-  Ambiente ambiente();
+  const CatalogoFinestre& catalogo() const { return catalogo_; }
 
  private:
+  void riempi_catalogo();
+
   Machine macchina_;
   std::function<bool()> istanza_precedente_;
   Database db_;
@@ -43,6 +43,7 @@ class Console {
   Traduttore traduttore_;
   ServiziGriglia griglie_;
   std::unique_ptr<frm_Main> principale_;
+  CatalogoFinestre catalogo_;
   GestoreFinestre finestre_;
 };
 

@@ -8,6 +8,7 @@
 #include "access/giorno.h"
 #include "access/pannello_live.h"
 #include "cards/invio_tessere.h"
+#include "forms/didascalie.h"
 #include "forms/griglia.h"
 #include "link/sessione_download.h"
 #include "link/sessione_slave.h"
@@ -68,12 +69,11 @@ class frm_Main : public Finestra {
   Label lblStatus, lblStatusD, lblPorta, lblPortaD, lblSocket, lblSocketD;
   Label lblLetturaTrans, lblOrarioAgg, lblOrario;
   Label lblErrore;  ///< how many live movements wait, the last failure of the store: for who sits at the desk
-  // What stands beside the values.
-  Label lblTitID, lblTitNome, lblTitIndirizzo, lblTitModalita, lblTitOrarioAgg;
-  Label lblTitPorta, lblTitStato, lblTitLettura, lblTitTrans, lblTitUltima;
-  Label lblTitTabellone, lblTitLegenda, lblTitLive, lblTitOperatore, lblTitTessera, lblTitGruppo;
-  Label lblTitPrelievo, lblTitRiconsegna, lblTitEsitoSX, lblTitEsitoDX, lblTitAccesso;
 
+ private:
+  Didascalie didascalie_;
+
+ public:
   SessioneSlave slave;
   SessioneDownload download;
   Giorno giorno;
