@@ -18,6 +18,7 @@ class AdattaLampada : public AdattatoreDi<Shape, LampadaWidget> {
  public:
   AdattaLampada(Shape& c, LampadaWidget& w, Traduttore& traduttore)
       : AdattatoreDi(c, w), traduttore_(traduttore), tipo_(w.property("tipo").toString()) {}
+  void titolo_cambiato() override { aggiorna(); }  // its words follow the language
 
  protected:
   void mostra() override {

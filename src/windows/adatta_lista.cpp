@@ -15,12 +15,16 @@ class AdattaLista : public AdattatoreDi<SSOleDBGrid, Lista> {
     if (widget()) w_.tabella().scollega(vive);
   }
   void conferma() override { c_.Update(); }
+  // A list alone in its window is what the window is called.
+  void titolo_cambiato() override {
+    if (widget() && c_.Caption().trimmed().isEmpty())
+      w_.tabella().setAccessibleName(c_.finestra().Caption().trimmed());
+  }
 
  protected:
   void mostra() override {
     w_.titolo(c_.Caption().trimmed());
-    // A list alone in its window is what the window is called.
-    if (c_.Caption().trimmed().isEmpty()) w_.tabella().setAccessibleName(c_.finestra().Caption().trimmed());
+    titolo_cambiato();
     w_.tabella().viewport()->update();
   }
 };

@@ -50,10 +50,12 @@ class Blocco : public QObject {
 Collegamento::Collegamento(Finestra& finestra, QWidget& forma, Traduttore& traduttore, const QRect& schermo)
     : finestra_(&finestra), forma_(&forma), traduttore_(traduttore) {
   crea_menu();
-  if (schermo.isValid()) stirata_ = stira(forma, schermo);
+  if (schermo.isValid()) stirata_ = stira(forma, schermo, finestra.posto().si_adatta);
+  if (finestra.posto().modale) forma.setWindowModality(Qt::ApplicationModal);
   lega();
   forma.installEventFilter(this);
   finestra.vista(this);
+  for (const auto& [controllo, adattatore] : adattatori_) adattatore->aggiorna();
   cambiata(finestra);
 }
 
@@ -108,8 +110,7 @@ void Collegamento::cambiata(Finestra& finestra) {
   if (!forma_) return;
   forma_->setWindowTitle(finestra.Caption().trimmed());
   abilita_ingresso(finestra.Enabled());
-  // The words of lamps follow the language, which the title is set after.
-  for (const auto& [controllo, adattatore] : adattatori_) adattatore->aggiorna();
+  for (const auto& [controllo, adattatore] : adattatori_) adattatore->titolo_cambiato();
 }
 
 void Collegamento::cambiato(Controllo& controllo) {

@@ -293,6 +293,19 @@ TEST_F(ListaDisegnata, LongFillingIsShownByAndByAndWhole) {
   EXPECT_EQ(tabella().currentIndex().row(), righe - 1);
 }
 
+TEST(Collegamento, AModalWindowIsDrawnSoAndOneThatTheSizingLeavesAloneIsOnlyCentred) {
+  Banco banco;
+  ElencoFinestre elenco;
+  Finestra f(elenco, u"frmPrint"_s, {.modale = true, .si_adatta = false});
+  QWidget forma;
+  forma.resize(600, 400);
+  const Collegamento c(f, forma, banco.console->traduttore(), {0, 0, 1920, 1080});
+  EXPECT_FALSE(c.stirata());
+  EXPECT_EQ(forma.size(), QSize(600, 400));
+  EXPECT_NEAR(forma.x(), (1920 - 600) / 2, 4);
+  EXPECT_EQ(forma.windowModality(), Qt::ApplicationModal);
+}
+
 TEST(Collegamento, MismatchesAreNamed) {
   Banco banco;
   ElencoFinestre elenco;
