@@ -52,15 +52,19 @@ class AdattaTendina : public AdattatoreDi<Tendina, QComboBox> {
       c_.utente_sceglie_voce(voce);
       if (vivo) aggiorna();
     });
-    if (w.isEditable())
-      connect(w.lineEdit(), &QLineEdit::textEdited, this, [this](const QString& testo) { c_.Text = testo; });
+    if (!w.isEditable()) return;
+    w.setCompleter(nullptr);  // it would show the rest of a line that the rules know nothing of
+    connect(w.lineEdit(), &QLineEdit::textEdited, this, [this](const QString& testo) { c_.Text = testo; });
   }
 
  protected:
   void mostra() override {
     riempi();
+    const int cursore = w_.isEditable() ? w_.lineEdit()->cursorPosition() : 0;
     w_.setCurrentIndex(c_.voce_corrente());
-    if (w_.isEditable() && w_.currentText() != c_.Text()) w_.setEditText(c_.Text);
+    if (!w_.isEditable() || w_.currentText() == c_.Text()) return;
+    w_.setEditText(c_.Text);
+    w_.lineEdit()->setCursorPosition(cursore);
   }
 
  private:
