@@ -2,7 +2,6 @@
 
 #include <QBrush>
 #include <QFont>
-#include <QGuiApplication>
 
 #include "windows/lampada_widget.h"
 
@@ -64,7 +63,7 @@ QVariant ModelloGriglia::carattere(int riga) const {
   const AspettoRiga& a = aspetto(riga);
   const StileRiga stile = stile_riga(a.stile);
   if (!a.grassetto && !stile.grassetto && !stile.corsivo) return {};
-  QFont font = QGuiApplication::font();
+  QFont font;  // what isn't set here is the list's own
   font.setBold(a.grassetto || stile.grassetto);
   font.setItalic(stile.corsivo);
   return font;
