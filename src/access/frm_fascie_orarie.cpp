@@ -7,6 +7,8 @@
 #include "access/giorno.h"
 #include "forms/formato.h"
 #include "forms/messaggi.h"
+#include "forms/prepara_liste.h"
+#include "forms/salvataggio_lista.h"
 
 namespace lokera {
 
@@ -40,15 +42,6 @@ void riempi_gruppi(SSOleDBDropDown& elenco, Connection& c, const QString& sql) {
     elenco.AddItem({formatta(rs.valore(u"codice")), rs.testo(u"descrizione")});
 }
 
-template <class F>
-void con_colonna(SSOleDBGrid& grd, QStringView campo, F cambia) {
-  const int i = grd.colonna(campo);
-  if (i < 0) return;
-  Colonna c = grd.Columns(i);
-  cambia(c);
-  grd.imposta_colonna(i, c);
-}
-
 void prende_da(SSOleDBGrid& grd, QStringView campo, SSOleDBDropDown& elenco) {
   con_colonna(grd, campo, [&](Colonna& c) { c.elenco = &elenco; });
 }
@@ -72,8 +65,9 @@ int numero(const SSOleDBGrid& grd, int riga, QStringView campo) {
 
 }  // namespace
 
-frm_fascie_orarie::frm_fascie_orarie(const Ambiente& a)
-    : Finestra(a.finestre, u"frm_fascie_orarie"_s),
+frm_fascie_orarie::frm_fascie_orarie(ElencoFinestre& elenco, Database& db, ServiziGriglia& servizi,
+                                     const Clock& orologio)
+    : Finestra(elenco, u"frm_fascie_orarie"_s),
       grd(*this, u"grd"_s),
       grdG(*this, u"grdG"_s),
       drpGruOper(*this, u"drpGruOper"_s),
@@ -82,12 +76,14 @@ frm_fascie_orarie::frm_fascie_orarie(const Ambiente& a)
       drpGiorniG(*this, u"drpGiorniG"_s),
       lblOgniAnno(*this, u"lblOgniAnno"_s, u"0 = ogni anno"_s),
       Command5(*this, u"Command5"_s, u"registra modifiche"_s),
-      a_(a),
-      griglia_(grd, a_.griglie),
-      griglia_g_(grdG, a_.griglie) {
+      db_(db),
+      servizi_(servizi),
+      orologio_(orologio),
+      griglia_(grd, servizi),
+      griglia_g_(grdG, servizi) {
   grd.Caption = u"Fasce orarie"_s;
   grdG.Caption = u"Giorni particolari"_s;
-  for (SSOleDBGrid* g : {&grd, &grdG}) g->AllowAddNew = g->AllowDelete = g->AllowUpdate = true;
+  apri_a_modifiche({&grd, &grdG});
   // Lists that aren't whole must not replace their tables.
   Command5.Enabled = false;
   collega_eventi();
@@ -106,23 +102,21 @@ void frm_fascie_orarie::collega_eventi() {
 }
 
 void frm_fascie_orarie::Form_Load() {
-  Connection& c = a_.db.connessione_db;
-  Caption(a_.traduttore.traduci(u"Fasce orarie"_s));
-  griglia_.layout(c, nome(), grd.nome(), c, carica_fasce(), grd.Width());
-  griglia_g_.layout(c, nome(), grdG.nome(), c, carica_giorni(), grdG.Width());
+  prepara_liste(*this, servizi_, db_.connessione_db, u"Fasce orarie"_s,
+                {{griglia_, carica_fasce()}, {griglia_g_, carica_giorni()}});
   riempi_elenchi();
   imposta_colonne();
-  if (a_.db.lingua_interfaccia == 1) a_.traduttore.traduci_form(*this);
   Command5.Enabled = riempi_liste();
 }
 
 void frm_fascie_orarie::riempi_elenchi() {
-  Connection& c = a_.db.connessione_db;
+  Connection& c = db_.connessione_db;
   riempi_gruppi(drpGruChiavi, c, u"Select * from gruppi order by codice"_s);
   riempi_gruppi(drpGruOper, c, u"Select * from gruppi_utente order by codice"_s);
   for (SSOleDBDropDown* elenco : {&drpGiorni, &drpGiorniG}) {
     elenco->RemoveAll();
-    for (int g = Qt::Monday; g <= Qt::Sunday; ++g) elenco->AddItem({a_.traduttore.traduci(nome_giorno(g))});
+    for (int g = Qt::Monday; g <= Qt::Sunday; ++g)
+      elenco->AddItem({servizi_.traduttore.traduci(nome_giorno(g))});
   }
 }
 
@@ -137,7 +131,7 @@ void frm_fascie_orarie::imposta_colonne() {
 }
 
 bool frm_fascie_orarie::riempi_liste() {
-  Connection& c = a_.db.connessione_db;
+  Connection& c = db_.connessione_db;
   if (!griglia_.popola(c, carica_fasce()) || !griglia_g_.popola(c, carica_giorni())) return false;
   for (int riga = 0; riga < grdG.Rows(); ++riga) scrivi_giorno(riga);
   return true;
@@ -149,7 +143,7 @@ void frm_fascie_orarie::scrivi_giorno(int riga) {
   const QDate data(anno, numero(grdG, riga, u"MM"), numero(grdG, riga, u"GG"));
   const bool valida = data.isValid() && anno >= 100 && anno <= 9999;
   grdG.imposta_cella(riga, u"giorno_data",
-                     valida ? a_.traduttore.traduci(nome_giorno(data.dayOfWeek())) : QString());
+                     valida ? servizi_.traduttore.traduci(nome_giorno(data.dayOfWeek())) : QString());
 }
 
 void frm_fascie_orarie::grd_Change(int riga, int colonna) {
@@ -181,10 +175,10 @@ void frm_fascie_orarie::drpGruOper_CloseUp(int voce) {
 
 void frm_fascie_orarie::Command5_Click() {
   const Attesa attesa(*this);
-  Connection& c = a_.db.connessione_db;
+  Connection& c = db_.connessione_db;
   // Bands that stay as they were have had their effect today already; others have had none.
   EsecuzioniFasce esecuzioni;
-  FasceCambiate cambiate(a_.db, a_.traduttore, a_.orologio.adesso().date());
+  FasceCambiate cambiate(db_, servizi_.traduttore, orologio_.adesso().date());
   TabellaDaLista fasce{griglia_, u"delete from fascie_orarie"_s, u"select * from fascie_orarie"_s};
   fasce.prima = [&] {
     Errore e = cambiate.leggi_prima();
@@ -195,7 +189,7 @@ void frm_fascie_orarie::Command5_Click() {
                         u"select * from giorni_particolari"_s};
   giorni.dopo = [&] { return cambiate.accoda(); };
   if (!sostituisci_tabelle(c, {fasce, giorni})) return;
-  avvisa(a_.traduttore, a_.messaggi, u"Registrazione conclusa!"_s);
+  avvisa(servizi_.traduttore, servizi_.messaggi, u"Registrazione conclusa!"_s);
 }
 
 }  // namespace lokera

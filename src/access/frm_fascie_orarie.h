@@ -1,6 +1,7 @@
 #pragma once
 
-#include "forms/ambiente.h"
+#include "forms/griglia.h"
+#include "platform/clock.h"
 
 namespace lokera {
 
@@ -8,7 +9,7 @@ namespace lokera {
 /// `Command5`, which replaces both tables as a whole and queues the cards whose bands of today it changes.
 class frm_fascie_orarie : public Finestra {
  public:
-  explicit frm_fascie_orarie(const Ambiente& ambiente);
+  frm_fascie_orarie(ElencoFinestre& elenco, Database& db, ServiziGriglia& servizi, const Clock& orologio);
 
   void Form_Load() override;
   void Command5_Click();  ///< "registra modifiche"
@@ -32,7 +33,9 @@ class frm_fascie_orarie : public Finestra {
   void riempi_elenchi();
   void scrivi_giorno(int riga);
 
-  Ambiente a_;
+  Database& db_;
+  ServiziGriglia& servizi_;
+  const Clock& orologio_;
   griglia griglia_, griglia_g_;
 };
 

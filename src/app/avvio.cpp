@@ -26,7 +26,7 @@ Avvio::Avvio(const QString& cartella, const QRect& disponibile)
 bool Avvio::apri() {
   istanza_ = std::make_unique<IstanzaUnica>(QDir(cartella_).filePath(nome_file_database()));
   if (!console_.apri(cartella_)) return false;
-  schermo_ = std::make_unique<Schermo>(console_, disponibile_);
+  schermo_ = std::make_unique<SchermoConsole>(console_, disponibile_);
   schermo_->PrimaDiMostrare = [this] { testi_di_qt(); };
   return true;
 }

@@ -7,8 +7,7 @@
 
 #include "adapters/base/istanza_unica.h"
 #include "adapters/real_machine.h"
-#include "supervisor/console.h"
-#include "windows/schermo.h"
+#include "app/schermo_console.h"
 
 namespace lokera {
 
@@ -27,7 +26,7 @@ class Avvio {
   void carica() { console_.principale().Form_Load(); }
 
   Console& console() { return console_; }
-  Schermo& schermo() { return *schermo_; }
+  SchermoConsole& schermo() { return *schermo_; }
 
  private:
   void testi_di_qt();
@@ -37,7 +36,7 @@ class Avvio {
   RealMachine macchina_;
   std::unique_ptr<IstanzaUnica> istanza_;
   Console console_;
-  std::unique_ptr<Schermo> schermo_;
+  std::unique_ptr<SchermoConsole> schermo_;
   QTranslator testi_;
 };
 

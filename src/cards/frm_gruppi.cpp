@@ -1,6 +1,8 @@
 #include "cards/frm_gruppi.h"
 
 #include "forms/messaggi.h"
+#include "forms/prepara_liste.h"
+#include "forms/salvataggio_lista.h"
 
 namespace lokera {
 
@@ -16,33 +18,32 @@ TabellaGruppi gruppi_di_utenti() {
           u"DELETE FROM gruppi_utente"_s, u"SELECT * FROM gruppi_utente"_s};
 }
 
-frm_gruppi::frm_gruppi(const Ambiente& a, const TabellaGruppi& tabella)
-    : Finestra(a.finestre, tabella.finestra),
+frm_gruppi::frm_gruppi(ElencoFinestre& elenco, Connection& archivio, ServiziGriglia& servizi,
+                       const TabellaGruppi& tabella)
+    : Finestra(elenco, tabella.finestra),
       grd(*this, u"grd"_s),
       Command5(*this, u"Command5"_s, u"registra modifiche"_s),
-      a_(a),
+      archivio_(archivio),
+      servizi_(servizi),
       tabella_(tabella),
-      griglia_(grd, a_.griglie) {
-  grd.AllowAddNew = grd.AllowDelete = grd.AllowUpdate = true;
+      griglia_(grd, servizi) {
+  apri_a_modifiche({&grd});
   // A list that isn't whole must not replace the table.
   Command5.Enabled = false;
   Command5.Click = [this] { Command5_Click(); };
 }
 
 void frm_gruppi::Form_Load() {
-  Connection& c = a_.db.connessione_db;
-  Caption(a_.traduttore.traduci(tabella_.titolo));
-  griglia_.layout(c, nome(), grd.nome(), c, tabella_.carica, grd.Width());
-  a_.griglie.attesa.cedi();
-  Command5.Enabled = griglia_.popola(c, tabella_.carica);
-  if (a_.db.lingua_interfaccia == 1) a_.traduttore.traduci_form(*this);
+  prepara_liste(*this, servizi_, archivio_, tabella_.titolo, {{griglia_, tabella_.carica}});
+  servizi_.attesa.cedi();
+  Command5.Enabled = griglia_.popola(archivio_, tabella_.carica);
 }
 
 void frm_gruppi::Command5_Click() {
   const Attesa attesa(*this);
-  if (!sostituisci_tabelle(a_.db.connessione_db, {{griglia_, tabella_.cancella, tabella_.salva}})) return;
+  if (!sostituisci_tabelle(archivio_, {{griglia_, tabella_.cancella, tabella_.salva}})) return;
   grd.Row(0);
-  avvisa(a_.traduttore, a_.messaggi, u"Registrazione eseguita!"_s);
+  avvisa(servizi_.traduttore, servizi_.messaggi, u"Registrazione eseguita!"_s);
 }
 
 }  // namespace lokera

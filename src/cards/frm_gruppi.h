@@ -1,6 +1,6 @@
 #pragma once
 
-#include "forms/ambiente.h"
+#include "forms/griglia.h"
 
 namespace lokera {
 
@@ -18,7 +18,8 @@ TabellaGruppi gruppi_di_utenti();
 /// when the button is pressed is the whole new table.
 class frm_gruppi : public Finestra {
  public:
-  frm_gruppi(const Ambiente& ambiente, const TabellaGruppi& tabella);
+  frm_gruppi(ElencoFinestre& elenco, Connection& archivio, ServiziGriglia& servizi,
+             const TabellaGruppi& tabella);
 
   void Form_Load() override;
   void Command5_Click();  ///< "registra modifiche"
@@ -27,7 +28,8 @@ class frm_gruppi : public Finestra {
   CommandButton Command5;
 
  private:
-  Ambiente a_;
+  Connection& archivio_;
+  ServiziGriglia& servizi_;
   const TabellaGruppi tabella_;
   griglia griglia_;
 };

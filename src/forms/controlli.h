@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QVariant>
 
 #include <functional>
 #include <utility>
@@ -9,6 +10,9 @@
 #include "platform/letterali.h"
 
 namespace lokera {
+
+struct Campo;
+class VisitaControlli;
 
 /// Colours as 0xRRGGBB.
 using Colore = quint32;
@@ -46,6 +50,26 @@ class Controllo {
   Finestra& finestra() const { return finestra_; }
   void SetFocus() { finestra_.SetFocus(*this); }
 
+  /// Calls the visitor's function for the kind of this control.
+  virtual void accetta(VisitaControlli& visita) = 0;
+  /// The name of the widget that draws it; empty when it has none of its own.
+  virtual QString disegno() const { return nome_; }
+
+  /// The caption that belongs to the wording of its window and is translated with it; null when it has none.
+  virtual Proprieta<QString>* didascalia() { return nullptr; }
+  using Traduzione = std::function<QString(const QString&)>;
+  /// Puts its caption, and the captions of its columns, through `traduci`.
+  virtual void traduci_titoli(const Traduzione& traduci);
+
+  /// What binds it to a column of a record by its `Tag`; a control that is never bound does nothing.
+  /// `opzione` is the value that the `Tag` of an option button names.
+  virtual void svuota() {}
+  virtual void mostra_valore(const QVariant& /*valore*/, const QString& /*opzione*/) {}
+  /// What the column takes; invalid when it stays as it is. A text that the column would cut is cut here too.
+  virtual QVariant valore(const Campo& /*campo*/, const QString& /*opzione*/) { return {}; }
+  /// Whether its `Tag` names a value behind "=".
+  virtual bool e_opzione() const { return false; }
+
   Proprieta<bool> Enabled{*this, true};
   Proprieta<bool> Visible{*this, true};
   Proprieta<QString> Tag{*this, {}};
@@ -77,6 +101,12 @@ class Label : public Controllo {
   Label(Finestra& f, QString nome, const QString& caption) : Controllo(f, std::move(nome)) {
     Caption = caption;
   }
+  void accetta(VisitaControlli& visita) override;
+  Proprieta<QString>* didascalia() override { return &Caption; }
+  void svuota() override { Caption = QString(); }
+  void mostra_valore(const QVariant& valore, const QString& opzione) override;
+  QVariant valore(const Campo&, const QString&) override { return Caption(); }
+
   Proprieta<QString> Caption{*this, {}};
   Proprieta<Colore> ForeColor{*this, nero};
 };
@@ -86,6 +116,9 @@ class CommandButton : public Controllo {
   CommandButton(Finestra& f, QString nome, const QString& caption) : Controllo(f, std::move(nome)) {
     Caption = caption;
   }
+  void accetta(VisitaControlli& visita) override;
+  Proprieta<QString>* didascalia() override { return &Caption; }
+
   Proprieta<QString> Caption{*this, {}};
   std::function<void()> Click;
 };
@@ -97,6 +130,9 @@ class Menu : public Controllo {
       : Controllo(f, std::move(nome)), padre(std::move(padre)) {
     Caption = caption;
   }
+  void accetta(VisitaControlli& visita) override;
+  Proprieta<QString>* didascalia() override { return &Caption; }
+
   Proprieta<QString> Caption{*this, {}};
   const QString padre;
   std::function<void()> Click;
@@ -105,45 +141,76 @@ class Menu : public Controllo {
 class TextBox : public Controllo {
  public:
   using Controllo::Controllo;
+  void accetta(VisitaControlli& visita) override;
+  void svuota() override { Text = QString(); }
+  void mostra_valore(const QVariant& valore, const QString& opzione) override;
+  QVariant valore(const Campo& campo, const QString& opzione) override;
+
   Proprieta<QString> Text{*this, {}};
   Proprieta<bool> nascosto{*this, false};  ///< shows "*" for each character (PasswordChar)
   Proprieta<int> MaxLength{*this, 0};      ///< 0 for no limit
   std::function<void()> Change;            ///< after the user changed the text
 };
 
-/// A text with a mask; `Text` is "__/__/____" when it is empty.
+/// A date with a mask; `Text` is "__/__/____" when it is empty.
 class MaskEdBox : public Controllo {
  public:
   using Controllo::Controllo;
-  Proprieta<QString> Text{*this, u"__/__/____"_s};
+  void accetta(VisitaControlli& visita) override;
+  void svuota() override { Text = maschera_vuota.toString(); }
+  void mostra_valore(const QVariant& valore, const QString& opzione) override;
+
+  static constexpr QStringView maschera_vuota = u"__/__/____";
+  Proprieta<QString> Text{*this, maschera_vuota.toString()};
 };
 
 class CheckBox : public Controllo {
  public:
   using Controllo::Controllo;
+  void accetta(VisitaControlli& visita) override;
+  void svuota() override { Value = 0; }
+  void mostra_valore(const QVariant& valore, const QString& opzione) override;
+  QVariant valore(const Campo&, const QString&) override { return Value() == 1 ? 1 : 0; }
+
   Proprieta<QString> Caption{*this, {}};
   Proprieta<int> Value{*this, 0};  ///< 0 or 1
   std::function<void()> Click;
 };
 
+/// One of a group. When the user chooses it, the others of its group are put out before `Click`.
 class OptionButton : public Controllo {
  public:
   using Controllo::Controllo;
+  void accetta(VisitaControlli& visita) override;
+  void svuota() override { Value = false; }
+  void mostra_valore(const QVariant& valore, const QString& opzione) override;
+  QVariant valore(const Campo&, const QString& opzione) override {
+    return Value() ? QVariant(opzione) : QVariant();
+  }
+  bool e_opzione() const override { return true; }
+
   Proprieta<QString> Caption{*this, {}};
   Proprieta<bool> Value{*this, false};
-};
-
-class ComboBox : public Controllo {
- public:
-  using Controllo::Controllo;
-  Proprieta<QString> Text{*this, {}};
+  std::function<void()> Click;
 };
 
 /// A coloured lamp.
 class Shape : public Controllo {
  public:
   using Controllo::Controllo;
+  void accetta(VisitaControlli& visita) override;
   Proprieta<Colore> FillColor{*this, grigio};
+};
+
+/// A position's number on the board, written in the lamp of its position.
+class NumeroPosizione : public Controllo {
+ public:
+  using Controllo::Controllo;
+  void accetta(VisitaControlli& visita) override;
+  QString disegno() const override { return QString(nome()).replace(u"Num_"_s, u"lampade_chiave_"_s); }
+
+  Proprieta<QString> Caption{*this, {}};
+  Proprieta<Colore> ForeColor{*this, nero};
 };
 
 /// A panel that holds other controls. `Top` is set from the drawing before Form_Load and moves the panel
@@ -151,6 +218,7 @@ class Shape : public Controllo {
 class SSPanel : public Controllo {
  public:
   using Controllo::Controllo;
+  void accetta(VisitaControlli& visita) override;
   Proprieta<int> Top{*this, 0};
 };
 

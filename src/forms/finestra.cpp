@@ -18,7 +18,8 @@ Finestra* ElencoFinestre::trova(QStringView nome) const {
   return it == finestre_.end() ? nullptr : *it;
 }
 
-Finestra::Finestra(ElencoFinestre& elenco, QString nome) : elenco_(elenco), nome_(std::move(nome)) {
+Finestra::Finestra(ElencoFinestre& elenco, QString nome, PostoFinestra posto)
+    : elenco_(elenco), nome_(std::move(nome)), posto_(posto) {
   elenco_.finestre_.push_back(this);
 }
 
@@ -63,10 +64,6 @@ void Finestra::chiudi() {
 
 void Finestra::notifica(Controllo& controllo) {
   if (vista_) vista_->cambiato(controllo);
-}
-
-Controllo::Controllo(Finestra& finestra, QString nome) : finestra_(finestra), nome_(std::move(nome)) {
-  finestra_.controlli_.push_back(this);
 }
 
 }  // namespace lokera

@@ -33,16 +33,23 @@ class VistaFinestra {
   virtual void distrutta(Finestra& /*finestra*/) {}
 };
 
+/// How a window stands among the others and on the screen.
+struct PostoFinestra {
+  bool modale = false;    ///< while it is open the others take no input
+  bool si_adatta = true;  ///< the sizing rule may stretch it to the screen
+};
+
 /// A window as state: its title and its controls under their own names. It is loaded while it lives. The
 /// class of a window's rules derives from it and has the controls as members.
 class Finestra {
  public:
-  Finestra(ElencoFinestre& elenco, QString nome);
+  Finestra(ElencoFinestre& elenco, QString nome, PostoFinestra posto = {});
   virtual ~Finestra();
   Finestra(const Finestra&) = delete;
   Finestra& operator=(const Finestra&) = delete;
 
   const QString& nome() const { return nome_; }
+  const PostoFinestra& posto() const { return posto_; }
   const QString& Caption() const { return titolo_; }
   void Caption(const QString& titolo);
   bool Enabled() const { return abilitata_; }
@@ -87,6 +94,7 @@ class Finestra {
 
   ElencoFinestre& elenco_;
   const QString nome_;
+  const PostoFinestra posto_;
   QString titolo_;
   bool abilitata_ = true;
   bool chiusa_ = false;

@@ -1,32 +1,32 @@
 #include "forms/frm_traduzioni.h"
 
 #include "forms/messaggi.h"
+#include "forms/prepara_liste.h"
 
 namespace lokera {
 
 using namespace Qt::StringLiterals;
 
-frm_traduzioni::frm_traduzioni(const Ambiente& a)
-    : Finestra(a.finestre, u"frm_traduzioni"_s),
+frm_traduzioni::frm_traduzioni(ElencoFinestre& elenco, Database& db, ServiziGriglia& servizi,
+                               const Clock& orologio)
+    : Finestra(elenco, u"frm_traduzioni"_s),
       grd(*this, u"grd"_s),
-      a_(a),
-      griglia_(grd, a_.griglie),
-      maschera_(a.db, a.messaggi, a.orologio) {
+      archivio_(db.connessione_db),
+      servizi_(servizi),
+      griglia_(grd, servizi),
+      maschera_(db, servizi.messaggi, orologio) {
   maschera_.Form(this);
-  grd.AllowAddNew = grd.AllowDelete = grd.AllowUpdate = true;
+  apri_a_modifiche({&grd});
   grd.AfterUpdate = [this](int riga) { grd_AfterUpdate(riga); };
   grd.BeforeDelete = [this](int riga) { return grd_BeforeDelete(riga); };
 }
 
 void frm_traduzioni::Form_Load() {
-  Connection& c = a_.db.connessione_db;
-  Caption(a_.traduttore.traduci(u"Traduzioni"_s));
-  griglia_.layout(c, nome(), grd.nome(), c, u"Select top 1 * from traduzioni order by italiano"_s,
-                  grd.Width());
+  prepara_liste(*this, servizi_, archivio_, u"Traduzioni"_s,
+                {{griglia_, u"Select top 1 * from traduzioni order by italiano"_s}});
   allarga(u"italiano");
   allarga(u"tedesco");
-  griglia_.popola(c, u"Select * from traduzioni order by italiano"_s);
-  if (a_.db.lingua_interfaccia == 1) a_.traduttore.traduci_form(*this);
+  griglia_.popola(archivio_, u"Select * from traduzioni order by italiano"_s);
 }
 
 bool frm_traduzioni::Form_Unload() {
@@ -36,18 +36,14 @@ bool frm_traduzioni::Form_Unload() {
 
 /// Half of the list for the column, with room for the row marks and the scroll bar.
 void frm_traduzioni::allarga(QStringView campo) {
-  const int i = grd.colonna(campo);
-  if (i < 0 || grd.Width() <= 2000) return;
-  Colonna c = grd.Columns(i);
-  c.Width = grd.Width() / 2 - 1000;
-  grd.imposta_colonna(i, c);
+  if (grd.Width() > 2000) con_colonna(grd, campo, [&](Colonna& c) { c.Width = grd.Width() / 2 - 1000; });
 }
 
 /// Returns what went wrong, empty for nothing. No record is held when it returns.
 QString frm_traduzioni::registra(const QString& italiano, const QString& tedesco) {
   Recordset rs;
-  if (const Errore e = rs.Open(u"Select * from traduzioni where  italiano = ?"_s, a_.db.connessione_db,
-                               {italiano}, Cursore::aggiornabile);
+  if (const Errore e = rs.Open(u"Select * from traduzioni where  italiano = ?"_s, archivio_, {italiano},
+                               Cursore::aggiornabile);
       e.fallito())
     return e.descrizione;
   Errore errore;
@@ -64,16 +60,15 @@ void frm_traduzioni::grd_AfterUpdate(int riga) {
   const QString errore = registra(grd.cella(riga, u"italiano"), grd.cella(riga, u"tedesco"));
   if (errore.isEmpty()) return;
   const Attesa attesa(*this);
-  a_.messaggi.mostra(a_.traduttore.traduci(u"errore in registrazione voce"_s) + u'\r' + errore);
+  servizi_.messaggi.mostra(servizi_.traduttore.traduci(u"errore in registrazione voce"_s) + u'\r' + errore);
 }
 
 bool frm_traduzioni::grd_BeforeDelete(int riga) {
   const Attesa attesa(*this);
   const QString italiano = grd.cella(riga, u"italiano");
-  if (!conferma(a_.traduttore, a_.messaggi, u"Vuoi eliminare la voce?"_s)) return false;
-  const Errore errore =
-      a_.db.connessione_db.Execute(u"delete from traduzioni where  italiano = ?"_s, {italiano});
-  if (errore.fallito()) a_.messaggi.mostra(errore.descrizione);
+  if (!conferma(servizi_.traduttore, servizi_.messaggi, u"Vuoi eliminare la voce?"_s)) return false;
+  const Errore errore = archivio_.Execute(u"delete from traduzioni where  italiano = ?"_s, {italiano});
+  if (errore.fallito()) servizi_.messaggi.mostra(errore.descrizione);
   return !errore.fallito();
 }
 

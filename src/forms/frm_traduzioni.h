@@ -1,6 +1,6 @@
 #pragma once
 
-#include "forms/ambiente.h"
+#include "forms/griglia.h"
 #include "forms/zan_form.h"
 
 namespace lokera {
@@ -8,7 +8,7 @@ namespace lokera {
 /// The editor of the translation table. A row is stored when it is left.
 class frm_traduzioni : public Finestra {
  public:
-  explicit frm_traduzioni(const Ambiente& ambiente);
+  frm_traduzioni(ElencoFinestre& elenco, Database& db, ServiziGriglia& servizi, const Clock& orologio);
 
   void Form_Load() override;
   bool Form_Unload() override;  ///< the row in edit is stored first
@@ -21,7 +21,8 @@ class frm_traduzioni : public Finestra {
   void allarga(QStringView campo);
   QString registra(const QString& italiano, const QString& tedesco);
 
-  Ambiente a_;
+  Connection& archivio_;
+  ServiziGriglia& servizi_;
   griglia griglia_;
   ZanForm maschera_;
 };

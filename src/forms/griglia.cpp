@@ -5,6 +5,7 @@
 
 #include "forms/formato.h"
 #include "forms/lettura_a_tratti.h"
+#include "forms/salvataggio_lista.h"
 
 namespace lokera {
 
@@ -231,6 +232,15 @@ Errore griglia::riempi_tratto(LetturaATratti& lettura) {
     if (orologio.monotono() > fine && lettura.sospendi()) break;
   }
   return {};
+}
+
+void griglia::salva_record(Recordset& rs, int riga) {
+  SalvataggioLista(*this).salva_record(rs, riga);
+}
+
+void griglia::salva_tutto(Recordset& rs, const QString& valori) {
+  SalvataggioLista salvataggio(*this);
+  if (!salvataggio.scrivi_tutto(rs, valori)) salvataggio.mostra_errore();
 }
 
 bool griglia::popolamento_fallito(const Errore& errore) {

@@ -1,10 +1,8 @@
 #pragma once
 
-#include <QHash>
 #include <QString>
 #include <QVariant>
 
-#include <functional>
 #include <vector>
 
 #include "forms/ss_ole_db_grid.h"
@@ -16,7 +14,6 @@
 namespace lokera {
 
 class LetturaATratti;
-struct TabellaDaLista;
 
 /// What the lists of the windows need of the console; lives as long as it.
 struct ServiziGriglia {
@@ -54,16 +51,10 @@ class griglia {
   /// Writes every row of the list as a new row of `rs`. `valori`: field names and values in turn, each ended
   /// by a tab. On a failure shows the message, closes `rs` and stops; `errore_salvataggio` says so. The
   /// caller has begun the transaction and ends it. The message lets the loop run, so inside a transaction use
-  /// `scrivi_tutto`, end the transaction, then `mostra_errore`; `sostituisci_tabelle` does all of it.
+  /// a `SalvataggioLista`, end the transaction, then show its error; `sostituisci_tabelle` does all of it.
   void salva_tutto(Recordset& rs, const QString& valori = {});
+  /// Whether the last saving failed.
   bool errore_salvataggio() const { return errore_salvataggio_; }
-
-  /// Called for each row after its cells were copied and before it is stored.
-  using Completa = std::function<void(Recordset& rs, int riga)>;
-  /// salva_tutto without the message. Returns whether all rows were written; on a failure the current row is
-  /// the one that was refused.
-  bool scrivi_tutto(Recordset& rs, const QString& valori = {}, const Completa& completa = {});
-  void mostra_errore();
 
   Colore colore1 = colore_di_serie;
   Colore colore2 = colore_di_serie;
@@ -71,7 +62,7 @@ class griglia {
   SSOleDBGrid& grd() const { return grd_; }
 
  private:
-  friend bool sostituisci_tabelle(Connection& conn, const std::vector<TabellaDaLista>& tabelle);
+  friend class SalvataggioLista;
 
   bool colonne_da_tabella(Connection& conn, const QString& nome_form, const QString& nome_griglia);
   void colonne_da_modello(Connection& conn, const QString& sql);
@@ -80,36 +71,11 @@ class griglia {
   bool riempi(LetturaATratti& lettura);
   Errore riempi_tratto(LetturaATratti& lettura);
   bool popolamento_fallito(const Errore& errore);
-  void annota(const Errore& errore);
-  void salva_cella(Recordset& rs, int riga, int colonna, int indice);
-  bool salva_riga(Recordset& rs, int riga, const std::vector<int>& indici, const QStringList& valori,
-                  const Completa& completa);
-  void salva_record(Recordset& rs, int riga, const std::vector<int>& indici);
-  QVariant data_letta(const QString& testo);
-  std::vector<int> indici(const Recordset& rs) const;  ///< the field of each column, -1 for none
-  Errore riscrivi(Connection& conn, const TabellaDaLista& tabella);
 
   SSOleDBGrid& grd_;
   ServiziGriglia& servizi_;
   QStringList riservati_;
   bool errore_salvataggio_ = false;
-  QHash<QString, QVariant> date_lette_;  ///< of the save under way
-  int riga_rifiutata_ = -1;
-  Errore errore_;  ///< the first of the last saving
 };
-
-/// One table that takes the rows of a list in place of its own.
-struct TabellaDaLista {
-  griglia& lista;
-  QString cancella;  ///< statement that empties the table
-  QString apri;      ///< query whose rows are the table
-  griglia::Completa completa = {};
-  std::function<Errore()> prima = {};  ///< runs inside the transaction, before the table is emptied
-  std::function<Errore()> dopo = {};   ///< the same, once the table has its new rows
-};
-
-/// Replaces the tables by the lists in one transaction, all or nothing. On a failure everything is as it was
-/// and, with the transaction ended, the message is shown; returns false.
-bool sostituisci_tabelle(Connection& conn, const std::vector<TabellaDaLista>& tabelle);
 
 }  // namespace lokera

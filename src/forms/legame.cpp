@@ -7,7 +7,7 @@ namespace lokera {
 Legame legame(const Controllo& controllo) {
   Legame l;
   QString tag = controllo.Tag();
-  const qsizetype uguale = dynamic_cast<const OptionButton*>(&controllo) ? tag.indexOf(u'=') : -1;
+  const qsizetype uguale = controllo.e_opzione() ? tag.indexOf(u'=') : -1;
   if (uguale >= 0) {
     l.valore = tag.sliced(uguale + 1).trimmed();
     tag.truncate(uguale);

@@ -45,13 +45,17 @@ void stira(Geometria& c, double rw, double rh) {
 
 }  // namespace
 
+void centra_form(GeometriaFinestra& finestra, double larghezza_schermo, double altezza_schermo) {
+  finestra.left = larghezza_schermo / 2 - finestra.width / 2;
+  finestra.top = altezza_schermo / 2 - finestra.height / 2;
+}
+
 bool ridimensiona_form(GeometriaFinestra& finestra, std::vector<Geometria>& controlli,
                        double larghezza_schermo, double altezza_schermo, double parcheggio) {
   if (finestra.width <= 0 || finestra.height <= 0) return false;
   const float rw = rapporto(larghezza_schermo, finestra.width);
   const float rh = rapporto(altezza_schermo, finestra.height);
-  finestra.left = larghezza_schermo / 2 - finestra.width / 2;
-  finestra.top = altezza_schermo / 2 - finestra.height / 2;
+  centra_form(finestra, larghezza_schermo, altezza_schermo);
   if (rh < 1.01F) return false;
   for (Geometria& c : controlli) {
     sposta(c, rw, rh, parcheggio);

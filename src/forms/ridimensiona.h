@@ -30,6 +30,9 @@ struct GeometriaFinestra {
   double left = 0, top = 0, width = 0, height = 0;
 };
 
+/// Centres the window on the screen; all there is to one that the sizing leaves alone.
+void centra_form(GeometriaFinestra& finestra, double larghezza_schermo, double altezza_schermo);
+
 /// Centres the window on the screen and, when the screen is at least one per cent taller than the window,
 /// stretches its controls by the ratio of screen to window. Returns whether the controls were stretched; the
 /// window itself then takes the whole screen. Controls at a negative `left` are parked off the window: they

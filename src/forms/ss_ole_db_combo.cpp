@@ -1,6 +1,5 @@
 #include "forms/ss_ole_db_combo.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace lokera {
@@ -15,25 +14,15 @@ void SSOleDBCombo::imposta_colonna(int i, const Colonna& colonna) {
   notifica();
 }
 
-void SSOleDBCombo::RemoveAll() {
-  voci_.clear();
-  notifica();
+void SSOleDBCombo::traduci_titoli(const Traduzione& traduci) {
+  traduci_colonne(*this, traduci);
 }
 
-void SSOleDBCombo::AddItem(const QStringList& voce) {
-  voci_.push_back(voce);
-  notifica();
-}
-
-int SSOleDBCombo::voce_corrente() const {
-  const auto it = std::ranges::find_if(voci_, [&](const QStringList& v) { return v.value(0) == Text(); });
-  return it == voci_.end() ? -1 : static_cast<int>(it - voci_.begin());
-}
-
-void SSOleDBCombo::utente_sceglie_voce(int voce) {
-  if (voce < 0 || voce >= static_cast<int>(voci_.size())) return;
-  Text = voci_[static_cast<size_t>(voce)].value(0);
-  if (CloseUp) CloseUp(voce);
+QString SSOleDBCombo::riga(int voce) const {
+  QStringList celle = voci()[static_cast<size_t>(voce)];
+  for (int i = Cols() - 1; i >= 0; --i)
+    if (!Columns(i).Visible && i < celle.size()) celle.removeAt(i);
+  return celle.join(u"   "_s);
 }
 
 }  // namespace lokera

@@ -1,40 +1,43 @@
 #pragma once
 
-#include <QStringList>
-
-#include <functional>
 #include <vector>
 
-#include "forms/ss_ole_db_grid.h"
+#include "forms/colonna.h"
+#include "forms/tendina.h"
 
 namespace lokera {
 
-/// A text with a drop-down list of several columns. Entries and columns are counted from 0.
-class SSOleDBCombo : public Controllo {
+/// A drop-down list of several columns under a text that may also be typed.
+class SSOleDBCombo : public Tendina {
  public:
-  using Controllo::Controllo;
-  Proprieta<QString> Text{*this, {}};
+  using Tendina::Tendina;
+  void svuota() override { Text = QString(); }
+  void traduci_titoli(const Traduzione& traduci) override;
+
+  int DataFieldList = 0;       ///< the column that holds an entry's value
+  int DataFieldToDisplay = 0;  ///< the one that is shown for it
 
   int Cols() const { return static_cast<int>(colonne_.size()); }
   const Colonna& Columns(int i) const { return colonne_[static_cast<size_t>(i)]; }
   void imposta_colonne(std::vector<Colonna> colonne);
   void imposta_colonna(int i, const Colonna& colonna);
 
-  void RemoveAll();
-  void AddItem(const QStringList& voce);
-  const std::vector<QStringList>& voci() const { return voci_; }
+  void AddItem(const QStringList& voce) { aggiungi(voce); }
+  /// Its columns, but for hidden ones.
+  QString riga(int voce) const override;
+  bool scrivibile() const override { return true; }
 
-  const QString& Value() const {
-    return Text();
-  }                           ///< the first column of the entry that was chosen, or what was typed
-  int voce_corrente() const;  ///< -1 when the text is none of the entries
+  std::function<void(int voce)> CloseUp;  ///< the user chose this entry
 
-  void utente_sceglie_voce(int voce);  ///< from the view: the text becomes the entry's first column
-  std::function<void(int voce)> CloseUp;
+ protected:
+  int colonna_testo() const override { return DataFieldToDisplay; }
+  int colonna_valore() const override { return DataFieldList; }
+  void scelta(int voce) override {
+    if (const auto chiusa = CloseUp) chiusa(voce);
+  }
 
  private:
   std::vector<Colonna> colonne_;
-  std::vector<QStringList> voci_;
 };
 
 }  // namespace lokera

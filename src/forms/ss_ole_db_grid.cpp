@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "forms/visita_controlli.h"
+
 namespace lokera {
 
 namespace {
@@ -10,6 +12,19 @@ bool stesso_nome(QStringView a, QStringView b) {
   return a.compare(b, Qt::CaseInsensitive) == 0;
 }
 }  // namespace
+
+void SSOleDBGrid::accetta(VisitaControlli& visita) {
+  visita.visita(*this);
+}
+
+void SSOleDBDropDown::accetta(VisitaControlli& visita) {
+  visita.visita(*this);
+}
+
+void SSOleDBGrid::traduci_titoli(const Traduzione& traduci) {
+  Controllo::traduci_titoli(traduci);
+  traduci_colonne(*this, traduci);
+}
 
 bool SSOleDBGrid::valida(int riga, int colonna) const {
   return riga >= 0 && riga < Rows() && colonna >= 0 && colonna < Cols();
@@ -103,6 +118,20 @@ void SSOleDBGrid::imposta_cella(int riga, QStringView campo, const QString& test
   imposta_cella(riga, colonna(campo), testo);
 }
 
+AspettoRiga SSOleDBGrid::aspetto(int riga) const {
+  AspettoRiga a;
+  if (riga < 0 || riga >= Rows()) return a;
+  if (RowLoaded) RowLoaded(riga, a);
+  if (riga == riga_ && stile_riga(ActiveRowStyleSet()).grassetto) a.grassetto = true;
+  return a;
+}
+
+QString SSOleDBGrid::mostrata(const AspettoRiga& aspetto, int riga, int colonna) const {
+  const auto it =
+      std::ranges::find_if(aspetto.celle, [&](const auto& cella) { return cella.first == colonna; });
+  return it == aspetto.celle.end() ? cella(riga, colonna) : it->second;
+}
+
 bool SSOleDBGrid::spuntata(int riga, int colonna) const {
   return cella(riga, colonna) == testo_spuntato;
 }
@@ -116,6 +145,11 @@ void SSOleDBGrid::Col(int col) {
 }
 
 void SSOleDBGrid::sposta(int riga, int col) {
+  if (riga != riga_) conferma();
+  muovi(riga, col);
+}
+
+void SSOleDBGrid::muovi(int riga, int col) {
   if (riga != riga_) riga = lascia_riga(riga);
   if (riga >= Rows() || (riga == riga_ && col == col_)) return;
   riga_ = riga;
@@ -124,16 +158,23 @@ void SSOleDBGrid::sposta(int riga, int col) {
   if (RowColChange) RowColChange();
 }
 
-/// Commits the row that is being left. Returns the number that row `verso` has then.
-int SSOleDBGrid::lascia_riga(int verso) {
+void SSOleDBGrid::conferma() {
   if (vista_) vista_->modifica_da_confermare();
+}
+
+/// Returns the number that row `verso` has then.
+int SSOleDBGrid::lascia_riga(int verso) {
   const int nuova = nuova_;
-  Update();
+  chiudi_riga();
   return nuova >= 0 && verso > nuova ? verso - 1 : verso;  // an untouched new row went away
 }
 
 void SSOleDBGrid::Update() {
-  if (vista_) vista_->modifica_da_confermare();
+  conferma();
+  chiudi_riga();
+}
+
+void SSOleDBGrid::chiudi_riga() {
   scarta_riga_nuova();
   const int riga = std::exchange(modificata_, -1);
   if (riga >= 0 && AfterUpdate) AfterUpdate(riga);

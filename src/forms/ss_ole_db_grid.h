@@ -6,33 +6,16 @@
 #include <optional>
 #include <vector>
 
+#include "forms/colonna.h"
 #include "forms/controlli.h"
 #include "forms/righe.h"
+#include "forms/stile_riga.h"
 
 namespace lokera {
-
-enum class Allineamento { sinistra, centro, destra };
-enum class StileCella { testo, spunta };
-
-class SSOleDBDropDown;
 
 /// What a check box column holds in a row that is checked and in one that is not.
 constexpr QStringView testo_spuntato = u"-1";
 constexpr QStringView testo_non_spuntato = u"0";
-
-/// One column of a list. Widths are the grid's own units (1/15 of a pixel).
-struct Colonna {
-  QString Caption;
-  QString campo;  ///< the field it shows and saves; empty for a computed column
-  int Width = 1000;
-  bool Visible = true;
-  Allineamento allineamento = Allineamento::sinistra;
-  StileCella stile = StileCella::testo;
-  QString formato;    ///< number format; empty for none
-  int caratteri = 0;  ///< largest number of characters; 0 for no limit
-  bool bloccata = false;
-  SSOleDBDropDown* elenco = nullptr;  ///< takes its values from this list; not owned
-};
 
 /// Who draws a list. Called at once on each change; must not change the state.
 class VistaGriglia {
@@ -59,6 +42,9 @@ struct Cella {
 class SSOleDBGrid : public Controllo {
  public:
   using Controllo::Controllo;
+  void accetta(VisitaControlli& visita) override;
+  Proprieta<QString>* didascalia() override { return &Caption; }
+  void traduci_titoli(const Traduzione& traduci) override;
 
   Proprieta<QString> Caption{*this, {}};
   Proprieta<int> Width{*this, 0};             ///< the grid's own units; set from the drawing before Form_Load
@@ -68,6 +54,7 @@ class SSOleDBGrid : public Controllo {
 
   Proprieta<Colore> BackColorEven{*this, bianco};  ///< of every other row, from the first
   Proprieta<Colore> BackColorOdd{*this, bianco};
+  Proprieta<QString> ActiveRowStyleSet{*this, {}};  ///< style of the current row, over its own
 
   int Cols() const { return static_cast<int>(colonne_.size()); }
   const Colonna& Columns(int i) const { return colonne_[static_cast<size_t>(i)]; }
@@ -86,6 +73,12 @@ class SSOleDBGrid : public Controllo {
   QString cella(int riga, QStringView campo) const;
   void imposta_cella(int riga, int colonna, const QString& testo);
   void imposta_cella(int riga, QStringView campo, const QString& testo);
+
+  /// The row as it shows: what RowLoaded makes of it, with the style of the current row. Nothing of it is
+  /// kept, so a list pays for the rows that are drawn, or read for a print, and for no others.
+  AspettoRiga aspetto(int riga) const;
+  /// The text that the cell shows then.
+  QString mostrata(const AspettoRiga& aspetto, int riga, int colonna) const;
 
   int Row() const { return riga_; }
   void Row(int riga);  ///< moves the current row; out of range is ignored. Calls RowColChange when it moves
@@ -115,6 +108,7 @@ class SSOleDBGrid : public Controllo {
   bool utente_avanti();
   bool utente_indietro();
   void utente_seleziona(std::vector<int> righe);
+  void utente_allarga(int colonna, int larghezza);  ///< the column's border was dragged; grid's units
 
   /// The cell after or before a given one; hidden columns are passed over and, where the list is edited in
   /// place, locked ones too. None past the ends.
@@ -123,7 +117,7 @@ class SSOleDBGrid : public Controllo {
 
   const std::vector<int>& selezionate() const {
     return selezionate_;
-  }                                                     ///< rows marked by the user, ascending
+  }  ///< rows marked by the user, ascending; the current row isn't one for being current
   quint64 svuotamenti() const { return svuotamenti_; }  ///< how often the rows were all removed
 
   /// While false the view isn't told of added rows (see ReDraw).
@@ -132,6 +126,9 @@ class SSOleDBGrid : public Controllo {
   qsizetype byte_occupati() const { return righe_.byte_occupati(); }
   void vista(VistaGriglia* vista) { vista_ = vista; }
 
+  /// Called for each row that is about to be drawn, in the middle of drawing: reads the row, fills the look,
+  /// changes nothing else.
+  std::function<void(int riga, AspettoRiga& aspetto)> RowLoaded;
   std::function<void()> Click;
   std::function<void()> RowColChange;
   std::function<void(int riga, int colonna)> Change;  ///< the user changed a cell
@@ -145,8 +142,14 @@ class SSOleDBGrid : public Controllo {
   void togli(int riga);
   void riga_aggiunta();
   void scarta_riga_nuova();
+  /// The cell in edit is handed over once for each gesture, before anything is read that it could change;
+  /// what follows doesn't ask for it again.
+  void conferma();
   void sposta(int riga, int col);
+  void muovi(int riga, int col);
   int lascia_riga(int verso);
+  void chiudi_riga();
+  int aggiungi_riga();
   bool vai(std::optional<Cella> dove);
 
   std::vector<Colonna> colonne_;
@@ -165,6 +168,8 @@ class SSOleDBGrid : public Controllo {
 class SSOleDBDropDown : public Controllo {
  public:
   using Controllo::Controllo;
+  void accetta(VisitaControlli& visita) override;
+  QString disegno() const override { return {}; }  // inside the cells
   void RemoveAll() { voci_.clear(); }
   void AddItem(const QStringList& voce) { voci_.push_back(voce); }
   const std::vector<QStringList>& voci() const { return voci_; }

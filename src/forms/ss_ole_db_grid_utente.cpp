@@ -46,11 +46,16 @@ void SSOleDBGrid::utente_clicca(int riga, int colonna) {
 
 int SSOleDBGrid::utente_aggiunge_riga() {
   if (!Enabled() || !AllowAddNew()) return -1;
-  Update();
+  conferma();
+  return aggiungi_riga();
+}
+
+int SSOleDBGrid::aggiungi_riga() {
+  chiudi_riga();
   righe_.aggiungi({});
   const int riga = Rows() - 1;
   if (vista_) vista_->righe_aggiunte(riga, 1);
-  Row(riga);
+  muovi(riga, col_);
   nuova_ = riga_;
   vai(cella_dopo({riga_, -1}));  // whatever column the user came from, a row is written from its start
   return riga_;
@@ -74,6 +79,10 @@ bool SSOleDBGrid::utente_elimina(int riga) {
 void SSOleDBGrid::utente_seleziona(std::vector<int> righe) {
   std::ranges::sort(righe);
   selezionate_ = std::move(righe);
+}
+
+void SSOleDBGrid::utente_allarga(int colonna, int larghezza) {
+  if (colonna >= 0 && colonna < Cols()) colonne_[static_cast<size_t>(colonna)].Width = larghezza;
 }
 
 bool SSOleDBGrid::raggiungibile(int colonna) const {
@@ -102,19 +111,19 @@ std::optional<Cella> SSOleDBGrid::cella_prima(Cella da) const {
 }
 
 bool SSOleDBGrid::vai(std::optional<Cella> dove) {
-  if (dove) utente_sceglie(dove->riga, dove->colonna);
+  if (dove && valida(dove->riga, dove->colonna)) muovi(dove->riga, dove->colonna);
   return dove.has_value();
 }
 
 bool SSOleDBGrid::utente_avanti() {
-  if (vista_) vista_->modifica_da_confermare();
+  conferma();
   if (const auto dopo = cella_dopo({riga_, col_})) return vai(dopo);
   if (nuova_ >= 0 && nuova_ == riga_) return false;  // one empty row at the end is enough
-  return utente_aggiunge_riga() >= 0;
+  return Enabled() && AllowAddNew() && aggiungi_riga() >= 0;
 }
 
 bool SSOleDBGrid::utente_indietro() {
-  if (vista_) vista_->modifica_da_confermare();
+  conferma();
   return vai(cella_prima({riga_, col_}));
 }
 

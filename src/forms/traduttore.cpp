@@ -5,7 +5,7 @@
 #include <optional>
 #include <utility>
 
-#include "forms/ss_ole_db_combo.h"
+#include "forms/controlli.h"
 #include "forms/vocabolario.h"
 
 namespace lokera {
@@ -139,32 +139,10 @@ QString Traduttore::traduci(const QString& testo, bool forse_gia_tradotto) {
                                 QString::fromUtf8(*trovato));
 }
 
-template <class C>
-bool Traduttore::traduci_caption(Controllo& controllo) {
-  auto* c = dynamic_cast<C*>(&controllo);
-  if (c && !senza_blank(c->Caption()).isEmpty()) c->Caption = traduci(c->Caption(), true);
-  return c;
-}
-
-template <class C>
-bool Traduttore::traduci_colonne(Controllo& controllo) {
-  auto* c = dynamic_cast<C*>(&controllo);
-  for (int i = 0; c && i < c->Cols(); ++i) {
-    Colonna colonna = c->Columns(i);
-    colonna.Caption = traduci(colonna.Caption, true);
-    if (colonna.Caption != c->Columns(i).Caption) c->imposta_colonna(i, colonna);
-  }
-  return c;
-}
-
 void Traduttore::traduci_form(Finestra& finestra) {
   if (!pronto()) return;
-  for (Controllo* c : finestra.Controls()) {
-    if (traduci_caption<CommandButton>(*c) || traduci_caption<Label>(*c) || traduci_caption<Menu>(*c))
-      continue;
-    traduci_caption<SSOleDBGrid>(*c);
-    traduci_colonne<SSOleDBGrid>(*c) || traduci_colonne<SSOleDBCombo>(*c);
-  }
+  const auto traduci_di_nuovo = [this](const QString& testo) { return traduci(testo, true); };
+  for (Controllo* c : finestra.Controls()) c->traduci_titoli(traduci_di_nuovo);
 }
 
 }  // namespace lokera

@@ -9,7 +9,6 @@
 
 namespace lokera {
 
-class Controllo;
 class Finestra;
 
 /// Turns the program's Italian wording into the second language of the installation.
@@ -40,10 +39,6 @@ class Traduttore {
   /// A caption may be in the second language already, when its window is translated once more; such a text is
   /// none that the table lacks.
   QString traduci(const QString& testo, bool forse_gia_tradotto);
-  template <class C>
-  bool traduci_caption(Controllo& controllo);
-  template <class C>
-  bool traduci_colonne(Controllo& controllo);
 
   Database& db_;
   std::unique_ptr<Memoria> memoria_;

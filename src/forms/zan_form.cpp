@@ -1,31 +1,11 @@
 #include "forms/zan_form.h"
 
-#include "forms/legame.h"
-#include "forms/ss_ole_db_combo.h"
+#include "forms/controlli.h"
 #include "platform/momento.h"
 
 namespace lokera {
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-/// Text of a mask that nothing was typed into.
-const QString& maschera_vuota() {
-  static const QString maschera = u"__/__/____"_s;
-  return maschera;
-}
-
-void svuota(Controllo& controllo) {
-  if (auto* t = dynamic_cast<TextBox*>(&controllo)) t->Text = QString();
-  if (auto* c = dynamic_cast<SSOleDBCombo*>(&controllo)) c->Text = QString();
-  if (auto* c = dynamic_cast<CheckBox*>(&controllo)) c->Value = 0;
-  if (auto* l = dynamic_cast<Label*>(&controllo)) l->Caption = QString();
-  if (auto* m = dynamic_cast<MaskEdBox*>(&controllo)) m->Text = maschera_vuota();
-  if (auto* o = dynamic_cast<OptionButton*>(&controllo)) o->Value = false;
-}
-
-}  // namespace
 
 void pulisci_valori(Recordset& rs) {
   for (int i = 0; i < rs.conta_campi(); ++i) {
@@ -48,15 +28,13 @@ void ZanForm::update_record(Recordset& rs) {
   errore_ = rs.Update().descrizione;
 }
 
-void ZanForm::blocca_record(const QString& tabella, const QString& chiave, const QString& operatore,
-                            bool& bloccato) {
-  bloccato = false;
+bool ZanForm::blocca_record(const QString& tabella, const QString& chiave, const QString& operatore) {
   const QString chi = chiave.trimmed();
   Recordset rs;
   if (rs.Open(u"select * from securety_locks where tabella = ? and chiave = ?"_s, db_.connessione_db,
               {tabella, chi}, Cursore::aggiornabile)
           .fallito())
-    return;
+    return false;
   const QDateTime preso = rs.valore(u"data").toDateTime();
   // Only the days of the month are compared: a lock of the 30th still stands on the 1st.
   const bool scaduto = preso.isValid() && preso.date().day() < orologio_.adesso().date().day();
@@ -65,11 +43,11 @@ void ZanForm::blocca_record(const QString& tabella, const QString& chiave, const
   if (!libero && altro.compare(operatore, Qt::CaseInsensitive) != 0) {
     rs.Close();
     mostra_blocco(chiave, altro);
-    return;
+    return false;
   }
   if (libero) (void)rs.AddNew();
   scrivi_blocco(rs, tabella, chi, operatore);
-  bloccato = true;
+  return true;
 }
 
 void ZanForm::scrivi_blocco(Recordset& rs, const QString& tabella, const QString& chiave,
@@ -100,7 +78,7 @@ void ZanForm::sblocca_record(const QString& tabella, const QString& chiave, cons
 void ZanForm::pulisci() {
   if (!finestra_) return;
   for (Controllo* controllo : finestra_->Controls())
-    if (!controllo->Tag().trimmed().isEmpty()) svuota(*controllo);
+    if (!controllo->Tag().trimmed().isEmpty()) controllo->svuota();
 }
 
 }  // namespace lokera

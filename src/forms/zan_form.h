@@ -27,8 +27,8 @@ class ZanForm {
 
   void update_record(Recordset& rs);
 
-  /// `bloccato` becomes true when the record is `operatore`'s. A lock of another user shows a message.
-  void blocca_record(const QString& tabella, const QString& chiave, const QString& operatore, bool& bloccato);
+  /// Whether the record is `operatore`'s now. A lock of another user shows a message.
+  bool blocca_record(const QString& tabella, const QString& chiave, const QString& operatore);
   void sblocca_record(const QString& tabella, const QString& chiave, const QString& operatore);
 
   void pulisci();

@@ -2,8 +2,11 @@
 
 #include <utility>
 
+#include "access/frm_fascie_orarie.h"
+#include "cards/frm_gruppi.h"
+#include "forms/frm_traduzioni.h"
 #include "supervisor/attesa_blocco.h"
-#include "supervisor/finestre.h"
+#include "supervisor/frm_operatori.h"
 
 namespace lokera {
 
@@ -15,8 +18,8 @@ Console::Console(const Machine& macchina, std::function<bool()> istanza_preceden
       attesa_(macchina.orologio, macchina.ciclo),
       traduttore_(db_),
       griglie_{traduttore_, macchina.messaggi, attesa_},
-      finestre_(elenco_, macchina.timer) {
-  finestre_.crea = [this](const QString& nome) { return crea_finestra(ambiente(), nome); };
+      finestre_(elenco_, catalogo_, macchina.timer) {
+  riempi_catalogo();
 }
 
 Console::~Console() = default;
@@ -37,8 +40,23 @@ bool Console::apri(const QString& cartella) {
   return true;
 }
 
-Ambiente Console::ambiente() {
-  return {db_, elenco_, traduttore_, macchina_.messaggi, griglie_, macchina_.desktop, macchina_.orologio};
+// A window opens by its name once it stands here; each takes what it uses.
+void Console::riempi_catalogo() {
+  Connection& archivio = db_.connessione_db;
+  const Clock& orologio = macchina_.orologio;
+  for (const TabellaGruppi& tabella : {gruppi_di_chiavi(), gruppi_di_utenti()})
+    catalogo_.aggiungi(tabella.finestra, [this, &archivio, tabella] {
+      return std::make_unique<frm_gruppi>(elenco_, archivio, griglie_, tabella);
+    });
+  catalogo_.aggiungi(u"frm_operatori"_s, [this, &archivio] {
+    return std::make_unique<frm_operatori>(elenco_, archivio, griglie_, macchina_.desktop);
+  });
+  catalogo_.aggiungi(u"frm_fascie_orarie"_s, [this, &orologio] {
+    return std::make_unique<frm_fascie_orarie>(elenco_, db_, griglie_, orologio);
+  });
+  catalogo_.aggiungi(u"frm_traduzioni"_s, [this, &orologio] {
+    return std::make_unique<frm_traduzioni>(elenco_, db_, griglie_, orologio);
+  });
 }
 
 }  // namespace lokera

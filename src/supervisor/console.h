@@ -5,7 +5,6 @@
 #include <functional>
 #include <memory>
 
-#include "forms/ambiente.h"
 #include "platform/machine.h"
 #include "supervisor/gestore_finestre.h"
 #include "supervisor/supervisore.h"
@@ -32,10 +31,11 @@ class Console {
   ServiziGriglia& griglie() { return griglie_; }
   GestoreFinestre& finestre() { return finestre_; }
   const Machine& macchina() const { return macchina_; }
-  /// What the windows are made with.
-  Ambiente ambiente();
+  const CatalogoFinestre& catalogo() const { return catalogo_; }
 
  private:
+  void riempi_catalogo();
+
   Machine macchina_;
   std::function<bool()> istanza_precedente_;
   Database db_;
@@ -44,6 +44,7 @@ class Console {
   Traduttore traduttore_;
   ServiziGriglia griglie_;
   std::unique_ptr<Supervisore> parti_;
+  CatalogoFinestre catalogo_;
   GestoreFinestre finestre_;
 };
 

@@ -10,6 +10,31 @@ namespace {
 
 constexpr int intervallo_orologio_ms = 30000;
 
+/// What stands beside the values.
+constexpr Didascalia didascalie[] = {
+    {u"lblTitID", u"lokera nr."},
+    {u"lblTitNome", u"nome"},
+    {u"lblTitIndirizzo", u"indirizzo IP"},
+    {u"lblTitModalita", u"modalità di funzionamento"},
+    {u"lblTitOrarioAgg", u"orario agg. tessere"},
+    {u"lblTitPorta", u"porta"},
+    {u"lblTitStato", u"stato"},
+    {u"lblTitLettura", u"lettura transazioni"},
+    {u"lblTitTrans", u"transazioni lette"},
+    {u"lblTitUltima", u"ultima transazione"},
+    {u"lblTitTabellone", u"situazione della lokera"},
+    {u"lblTitLegenda", u"legenda"},
+    {u"lblTitLive", u"pannello operazioni"},
+    {u"lblTitOperatore", u"operatore"},
+    {u"lblTitTessera", u"codice tessera"},
+    {u"lblTitGruppo", u"gruppo"},
+    {u"lblTitPrelievo", u"prelievo"},
+    {u"lblTitRiconsegna", u"riconsegna"},
+    {u"lblTitEsitoSX", u"esito"},
+    {u"lblTitEsitoDX", u"esito"},
+    {u"lblTitAccesso", u"Accesso"},
+};
+
 const QString& release() {
   static const QString testo = u"30/11/2008"_s;
   return testo;
@@ -32,27 +57,7 @@ frm_Main::frm_Main(ElencoFinestre& finestre, const Clock& orologio, TimerFactory
       lblOrarioAgg(*this, u"lblOrarioAgg"_s, u"00.00"_s),
       lblOrario(*this, u"lblOrario"_s),
       lblErrore(*this, u"lblErrore"_s),
-      lblTitID(*this, u"lblTitID"_s, u"lokera nr."_s),
-      lblTitNome(*this, u"lblTitNome"_s, u"nome"_s),
-      lblTitIndirizzo(*this, u"lblTitIndirizzo"_s, u"indirizzo IP"_s),
-      lblTitModalita(*this, u"lblTitModalita"_s, u"modalità di funzionamento"_s),
-      lblTitOrarioAgg(*this, u"lblTitOrarioAgg"_s, u"orario agg. tessere"_s),
-      lblTitPorta(*this, u"lblTitPorta"_s, u"porta"_s),
-      lblTitStato(*this, u"lblTitStato"_s, u"stato"_s),
-      lblTitLettura(*this, u"lblTitLettura"_s, u"lettura transazioni"_s),
-      lblTitTrans(*this, u"lblTitTrans"_s, u"transazioni lette"_s),
-      lblTitUltima(*this, u"lblTitUltima"_s, u"ultima transazione"_s),
-      lblTitTabellone(*this, u"lblTitTabellone"_s, u"situazione della lokera"_s),
-      lblTitLegenda(*this, u"lblTitLegenda"_s, u"legenda"_s),
-      lblTitLive(*this, u"lblTitLive"_s, u"pannello operazioni"_s),
-      lblTitOperatore(*this, u"lblTitOperatore"_s, u"operatore"_s),
-      lblTitTessera(*this, u"lblTitTessera"_s, u"codice tessera"_s),
-      lblTitGruppo(*this, u"lblTitGruppo"_s, u"gruppo"_s),
-      lblTitPrelievo(*this, u"lblTitPrelievo"_s, u"prelievo"_s),
-      lblTitRiconsegna(*this, u"lblTitRiconsegna"_s, u"riconsegna"_s),
-      lblTitEsitoSX(*this, u"lblTitEsitoSX"_s, u"esito"_s),
-      lblTitEsitoDX(*this, u"lblTitEsitoDX"_s, u"esito"_s),
-      lblTitAccesso(*this, u"lblTitAccesso"_s, u"Accesso"_s),
+      didascalie_(*this, didascalie),
       timerOrario(timer.crea_timer()),
       orologio_(orologio),
       traduttore_(traduttore) {

@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "forms/controlli.h"
+#include "forms/didascalie.h"
 #include "forms/traduttore.h"
 #include "link/lokera_corrente.h"
 #include "platform/clock.h"
@@ -44,11 +45,11 @@ class frm_Main : public Finestra {
   Label lblStatus, lblStatusD, lblPorta, lblPortaD, lblSocket, lblSocketD;
   Label lblLetturaTrans, lblOrarioAgg, lblOrario;
   Label lblErrore;  ///< how many live movements wait, the last failure of the store: for who sits at the desk
-  // What stands beside the values.
-  Label lblTitID, lblTitNome, lblTitIndirizzo, lblTitModalita, lblTitOrarioAgg;
-  Label lblTitPorta, lblTitStato, lblTitLettura, lblTitTrans, lblTitUltima;
-  Label lblTitTabellone, lblTitLegenda, lblTitLive, lblTitOperatore, lblTitTessera, lblTitGruppo;
-  Label lblTitPrelievo, lblTitRiconsegna, lblTitEsitoSX, lblTitEsitoDX, lblTitAccesso;
+
+ private:
+  Didascalie didascalie_;
+
+ public:
   std::unique_ptr<Timer> timerOrario;
 
  private:

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "forms/messaggi.h"
+#include "forms/prepara_liste.h"
 
 namespace lokera {
 
@@ -23,8 +24,9 @@ int riga_di(const SSOleDBGrid& grd, const QString& utente) {
 
 }  // namespace
 
-frm_operatori::frm_operatori(const Ambiente& a)
-    : Finestra(a.finestre, u"frm_operatori"_s),
+frm_operatori::frm_operatori(ElencoFinestre& elenco, Connection& archivio, ServiziGriglia& servizi,
+                             Desktop& desktop)
+    : Finestra(elenco, u"frm_operatori"_s),
       grd(*this, u"grd"_s),
       lblUser(*this, u"lblUser"_s, u"utente"_s),
       lblPwd(*this, u"lblPwd"_s, u"password"_s),
@@ -38,8 +40,10 @@ frm_operatori::frm_operatori(const Ambiente& a)
       Command1(*this, u"Command1"_s, u"registra"_s),
       Command2(*this, u"Command2"_s, u"annulla mod."_s),
       Command3(*this, u"Command3"_s, u"elimina"_s),
-      a_(a),
-      griglia_(grd, a_.griglie) {
+      archivio_(archivio),
+      servizi_(servizi),
+      desktop_(desktop),
+      griglia_(grd, servizi) {
   Check1.Caption = u"utente supervisore"_s;
   maschera_password();
   collega_eventi();
@@ -50,10 +54,10 @@ void frm_operatori::collega_eventi() {
   grd.RowColChange = [this] { grd_RowColChange(); };
   // Nothing that was copied elsewhere gets into a password by a slip, and none gets out.
   txtPwd.GotFocus = [this] {
-    a_.desktop.svuota_appunti();
+    desktop_.svuota_appunti();
     txtConfermaPwd.Text = QString();
   };
-  txtConfermaPwd.GotFocus = [this] { a_.desktop.svuota_appunti(); };
+  txtConfermaPwd.GotFocus = [this] { desktop_.svuota_appunti(); };
   const auto blocca_elenco = [this] { grd.Enabled = false; };
   for (TextBox* t : {&txtUser, &txtPwd, &txtConfermaPwd}) t->Change = blocca_elenco;
   Check1.Click = blocca_elenco;
@@ -65,13 +69,10 @@ void frm_operatori::collega_eventi() {
 }
 
 void frm_operatori::Form_Load() {
-  Connection& c = a_.db.connessione_db;
-  Caption(a_.traduttore.traduci(u"   Operatori"_s));
   griglia_.riserva(u"pwd"_s);
-  griglia_.layout(c, nome(), grd.nome(), c, elenco_utenti(), grd.Width());
-  griglia_.popola(c, elenco_utenti());
-  Check1.Caption = a_.traduttore.traduci(u"utente supervisore"_s);
-  if (a_.db.lingua_interfaccia == 1) a_.traduttore.traduci_form(*this);
+  prepara_liste(*this, servizi_, archivio_, u"   Operatori"_s, {{griglia_, elenco_utenti()}});
+  Check1.Caption = servizi_.traduttore.traduci(u"utente supervisore"_s);
+  griglia_.popola(archivio_, elenco_utenti());
   grd_RowColChange();
 }
 
@@ -104,7 +105,7 @@ void frm_operatori::svuota_password() {
 /// Reads the list again and stands on the user, when it is there. No password is in the boxes after it.
 void frm_operatori::ricarica(QString utente) {
   const QString cercato = std::move(utente);
-  griglia_.popola(a_.db.connessione_db, elenco_utenti());
+  griglia_.popola(archivio_, elenco_utenti());
   if (const int riga = riga_di(grd, cercato); riga >= 0) grd.Row(riga);
   grd_RowColChange();
   svuota_password();
@@ -114,19 +115,20 @@ void frm_operatori::ricarica(QString utente) {
 void frm_operatori::Command1_Click() {
   const Attesa attesa(*this);
   if (txtPwd.Text().isEmpty() || txtConfermaPwd.Text().isEmpty())
-    return avvisa(a_.traduttore, a_.messaggi, u"Non sono state apportate modifiche."_s);
+    return avvisa(servizi_.traduttore, servizi_.messaggi, u"Non sono state apportate modifiche."_s);
   if (txtPwd.Text() != txtConfermaPwd.Text())
-    return avvisa(a_.traduttore, a_.messaggi, u"La password non corrisponde con quella di conferma."_s);
+    return avvisa(servizi_.traduttore, servizi_.messaggi,
+                  u"La password non corrisponde con quella di conferma."_s);
   if (txtUser.Text().trimmed().isEmpty())
-    return avvisa(a_.traduttore, a_.messaggi, u"Inserire il nome dell'utente."_s);
-  if (const Errore e = registra(); e.fallito()) return a_.messaggi.mostra(e.descrizione);
+    return avvisa(servizi_.traduttore, servizi_.messaggi, u"Inserire il nome dell'utente."_s);
+  if (const Errore e = registra(); e.fallito()) return servizi_.messaggi.mostra(e.descrizione);
   if (stato_ == Stato::nuovo) abilita_comandi(Stato::modifica);
   ricarica(txtUser.Text());
 }
 
 Errore frm_operatori::registra() {
   Recordset rs;
-  Errore e = rs.Open(u"SELECT * FROM operatori WHERE user = ?"_s, a_.db.connessione_db, {txtUser.Text()},
+  Errore e = rs.Open(u"SELECT * FROM operatori WHERE user = ?"_s, archivio_, {txtUser.Text()},
                      Cursore::aggiornabile);
   if (!e.fallito() && rs.eof()) e = rs.AddNew();
   if (!e.fallito()) e = rs.imposta(u"user", txtUser.Text());
@@ -163,15 +165,15 @@ void frm_operatori::Command2_Click() {
 
 Errore frm_operatori::elimina() {
   Recordset rs;
-  Errore e = rs.Open(u"SELECT * FROM operatori WHERE user =?"_s, a_.db.connessione_db, {txtUser.Text()},
-                     Cursore::aggiornabile);
+  Errore e =
+      rs.Open(u"SELECT * FROM operatori WHERE user =?"_s, archivio_, {txtUser.Text()}, Cursore::aggiornabile);
   if (!e.fallito() && !rs.eof()) e = rs.Delete();
   return e;
 }
 
 void frm_operatori::Command3_Click() {
   const Attesa attesa(*this);
-  if (const Errore e = elimina(); e.fallito()) return a_.messaggi.mostra(e.descrizione);
+  if (const Errore e = elimina(); e.fallito()) return servizi_.messaggi.mostra(e.descrizione);
   ricarica();
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "forms/ambiente.h"
+#include "forms/griglia.h"
+#include "platform/desktop.h"
 
 namespace lokera {
 
@@ -8,7 +9,7 @@ namespace lokera {
 /// isn't stored the list can't be left for another user.
 class frm_operatori : public Finestra {
  public:
-  explicit frm_operatori(const Ambiente& ambiente);
+  frm_operatori(ElencoFinestre& elenco, Connection& archivio, ServiziGriglia& servizi, Desktop& desktop);
 
   enum class Stato { consultazione, modifica, nuovo };
 
@@ -36,7 +37,9 @@ class frm_operatori : public Finestra {
   Errore registra();
   Errore elimina();
 
-  Ambiente a_;
+  Connection& archivio_;
+  ServiziGriglia& servizi_;
+  Desktop& desktop_;
   griglia griglia_;
   Stato stato_ = Stato::consultazione;
 };

@@ -2,8 +2,9 @@
 
 namespace lokera {
 
-GestoreFinestre::GestoreFinestre(const ElencoFinestre& elenco, TimerFactory& timer)
-    : elenco_(elenco), pulizia_(timer.crea_timer()) {
+GestoreFinestre::GestoreFinestre(const ElencoFinestre& elenco, const CatalogoFinestre& catalogo,
+                                 TimerFactory& timer)
+    : elenco_(elenco), catalogo_(catalogo), pulizia_(timer.crea_timer()) {
   pulizia_->Interval(1);
   pulizia_->Evento = [this] { togli_chiuse(); };
 }
@@ -13,7 +14,10 @@ Finestra* GestoreFinestre::apri(const QString& nome) {
     if (in_primo_piano) in_primo_piano(*aperta);
     return aperta;
   }
-  std::unique_ptr<Finestra> nuova = crea ? crea(nome) : nullptr;
+  return apri(catalogo_.crea(nome));
+}
+
+Finestra* GestoreFinestre::apri(std::unique_ptr<Finestra> nuova) {
   if (!nuova) return nullptr;
   Finestra* finestra = nuova.get();
   finestre_.push_back(std::move(nuova));

@@ -6,6 +6,7 @@
 
 #include "forms/finestra.h"
 #include "platform/timer.h"
+#include "supervisor/catalogo_finestre.h"
 
 namespace lokera {
 
@@ -13,23 +14,24 @@ namespace lokera {
 /// its closing; while it lives it is counted among the loaded ones.
 class GestoreFinestre {
  public:
-  GestoreFinestre(const ElencoFinestre& elenco, TimerFactory& timer);
+  GestoreFinestre(const ElencoFinestre& elenco, const CatalogoFinestre& catalogo, TimerFactory& timer);
 
-  /// Makes the window of that name; null for a name that is none. Set by the owner.
-  std::function<std::unique_ptr<Finestra>(const QString& nome)> crea;
   /// Binds a new window to what draws it, before its Form_Load; brings an open one to the front. May be
   /// empty.
   std::function<void(Finestra& finestra)> collega;
   std::function<void(Finestra& finestra)> in_primo_piano;
 
-  /// Opens the window non-modal; when it is open already it only comes to the front. Null when there is none
+  /// Opens the window; when it is open already it only comes to the front. Null when there is none
   /// of that name. Form_Load may run the loop.
   Finestra* apri(const QString& nome);
+  /// The same with a window that the caller has made; it is taken over.
+  Finestra* apri(std::unique_ptr<Finestra> nuova);
 
  private:
   void togli_chiuse();
 
   const ElencoFinestre& elenco_;
+  const CatalogoFinestre& catalogo_;
   std::unique_ptr<Timer> pulizia_;
   std::vector<std::unique_ptr<Finestra>> finestre_;
 };

@@ -10,14 +10,6 @@
 
 namespace lokera {
 
-/// A position's number on the board.
-class NumeroPosizione : public Controllo {
- public:
-  using Controllo::Controllo;
-  Proprieta<QString> Caption{*this, {}};
-  Proprieta<Colore> ForeColor{*this, nero};
-};
-
 /// The board: 144 numbered lamps in 8 panels of 18, for the key positions of the current cabinet. Displayed
 /// positions count from 1; `posizione` of a key counts from 0.
 class Tabellone {

@@ -2,7 +2,7 @@
 #include <QComboBox>
 #include <QLineEdit>
 
-#include "forms/ss_ole_db_combo.h"
+#include "forms/tendina.h"
 #include "windows/adattatori.h"
 
 namespace lokera {
@@ -42,47 +42,35 @@ class AdattaMaschera : public AdattatoreDi<MaskEdBox, QLineEdit> {
   }
 };
 
-class AdattaCombo : public AdattatoreDi<ComboBox, QComboBox> {
+class AdattaTendina : public AdattatoreDi<Tendina, QComboBox> {
  public:
-  AdattaCombo(ComboBox& c, QComboBox& w) : AdattatoreDi(c, w) {
-    connect(&w, &QComboBox::textActivated, this, [this](const QString& testo) { c_.Text = testo; });
-    if (w.isEditable())
-      connect(w.lineEdit(), &QLineEdit::textEdited, this, [this](const QString& testo) { c_.Text = testo; });
-  }
-
- protected:
-  void mostra() override {
-    if (w_.currentText() == c_.Text()) return;
-    w_.setCurrentIndex(w_.findText(c_.Text));
-    if (w_.isEditable()) w_.setEditText(c_.Text);
-  }
-};
-
-/// A drop-down list of several columns: the list shows them all, the text is the first.
-class AdattaComboColonne : public AdattatoreDi<SSOleDBCombo, QComboBox> {
- public:
-  AdattaComboColonne(SSOleDBCombo& c, QComboBox& w) : AdattatoreDi(c, w) {
-    w.setEditable(true);
+  AdattaTendina(Tendina& c, QComboBox& w) : AdattatoreDi(c, w) {
+    if (c.scrivibile()) w.setEditable(true);
     w.setInsertPolicy(QComboBox::NoInsert);
     connect(&w, &QComboBox::activated, this, [this](int voce) {
       const QPointer<QWidget> vivo = widget();
       c_.utente_sceglie_voce(voce);
       if (vivo) aggiorna();
     });
+    if (!w.isEditable()) return;
+    w.setCompleter(nullptr);  // it would show the rest of a line that the rules know nothing of
     connect(w.lineEdit(), &QLineEdit::textEdited, this, [this](const QString& testo) { c_.Text = testo; });
   }
 
  protected:
   void mostra() override {
     riempi();
+    const int cursore = w_.isEditable() ? w_.lineEdit()->cursorPosition() : 0;
     w_.setCurrentIndex(c_.voce_corrente());
-    if (w_.currentText() != c_.Text()) w_.setEditText(c_.Text);
+    if (!w_.isEditable() || w_.currentText() == c_.Text()) return;
+    w_.setEditText(c_.Text);
+    w_.lineEdit()->setCursorPosition(cursore);
   }
 
  private:
   void riempi() {
     QStringList righe;
-    for (const QStringList& voce : c_.voci()) righe.append(voce.join(u"   "_s));
+    for (int i = 0; i < static_cast<int>(c_.voci().size()); ++i) righe.append(c_.riga(i));
     if (righe == righe_) return;
     righe_ = righe;
     w_.clear();
@@ -91,20 +79,18 @@ class AdattaComboColonne : public AdattatoreDi<SSOleDBCombo, QComboBox> {
   QStringList righe_;
 };
 
-template <class A, class C, class W>
-std::unique_ptr<Adattatore> prova(Controllo& controllo, QWidget& widget) {
-  auto* c = dynamic_cast<C*>(&controllo);
-  auto* w = qobject_cast<W*>(&widget);
-  return c && w ? std::make_unique<A>(*c, *w) : nullptr;
-}
-
 }  // namespace
 
-std::unique_ptr<Adattatore> adatta_casella(Controllo& c, QWidget& w) {
-  if (auto a = prova<AdattaTesto, TextBox, QLineEdit>(c, w)) return a;
-  if (auto a = prova<AdattaMaschera, MaskEdBox, QLineEdit>(c, w)) return a;
-  if (auto a = prova<AdattaCombo, ComboBox, QComboBox>(c, w)) return a;
-  return prova<AdattaComboColonne, SSOleDBCombo, QComboBox>(c, w);
+std::unique_ptr<Adattatore> adatta_casella(TextBox& testo, QWidget& widget) {
+  return adatta_a<AdattaTesto, QLineEdit>(testo, widget);
+}
+
+std::unique_ptr<Adattatore> adatta_casella(MaskEdBox& data, QWidget& widget) {
+  return adatta_a<AdattaMaschera, QLineEdit>(data, widget);
+}
+
+std::unique_ptr<Adattatore> adatta_casella(Tendina& tendina, QWidget& widget) {
+  return adatta_a<AdattaTendina, QComboBox>(tendina, widget);
 }
 
 }  // namespace lokera

@@ -1,5 +1,4 @@
 // Lamps and the numbers in them.
-#include "supervisor/tabellone.h"
 #include "windows/adattatori.h"
 #include "windows/lampada_widget.h"
 
@@ -19,6 +18,7 @@ class AdattaLampada : public AdattatoreDi<Shape, LampadaWidget> {
  public:
   AdattaLampada(Shape& c, LampadaWidget& w, Traduttore& traduttore)
       : AdattatoreDi(c, w), traduttore_(traduttore), tipo_(w.property("tipo").toString()) {}
+  void titolo_cambiato() override { aggiorna(); }  // its words follow the language
 
  protected:
   void mostra() override {
@@ -55,12 +55,13 @@ class AdattaLampada : public AdattatoreDi<Shape, LampadaWidget> {
     return {Aspetto::tratteggio, parola(u"lblKeyN")};
   }
   bool uguale(QStringView legenda) const {
-    const auto* lampada = dynamic_cast<Shape*>(c_.finestra().controllo(legenda));
+    const auto* lampada = come<Shape>(c_.finestra().controllo(legenda));
     return lampada && lampada->FillColor() == c_.FillColor();
   }
   QString parola(QStringView etichetta) const {
-    const auto* label = dynamic_cast<Label*>(c_.finestra().controllo(etichetta));
-    return label ? label->Caption() : QString();
+    Controllo* label = c_.finestra().controllo(etichetta);
+    const Proprieta<QString>* testo = label ? label->didascalia() : nullptr;
+    return testo ? testo->operator()() : QString();
   }
   /// The drawing names the labels that speak for the lamp ("etichette"); other words stand for themselves.
   QString nome_parlato() const {
@@ -89,14 +90,11 @@ class AdattaNumero : public AdattatoreDi<NumeroPosizione, LampadaWidget> {
 }  // namespace
 
 std::unique_ptr<Adattatore> adatta_lampada(Shape& shape, QWidget& widget, Traduttore& traduttore) {
-  auto* lampada = qobject_cast<LampadaWidget*>(&widget);
-  return lampada ? std::make_unique<AdattaLampada>(shape, *lampada, traduttore) : nullptr;
+  return adatta_a<AdattaLampada, LampadaWidget>(shape, widget, traduttore);
 }
 
-std::unique_ptr<Adattatore> adatta_numero(Controllo& controllo, QWidget& widget) {
-  auto* numero = dynamic_cast<NumeroPosizione*>(&controllo);
-  auto* lampada = qobject_cast<LampadaWidget*>(&widget);
-  return numero && lampada ? std::make_unique<AdattaNumero>(*numero, *lampada) : nullptr;
+std::unique_ptr<Adattatore> adatta_numero(NumeroPosizione& numero, QWidget& widget) {
+  return adatta_a<AdattaNumero, LampadaWidget>(numero, widget);
 }
 
 }  // namespace lokera

@@ -5,8 +5,6 @@ namespace lokera {
 
 namespace {
 
-constexpr int unita_per_pixel = 15;
-
 class AdattaLista : public AdattatoreDi<SSOleDBGrid, Lista> {
  public:
   AdattaLista(SSOleDBGrid& c, Lista& w) : AdattatoreDi(c, w) {
@@ -17,22 +15,24 @@ class AdattaLista : public AdattatoreDi<SSOleDBGrid, Lista> {
     if (widget()) w_.tabella().scollega(vive);
   }
   void conferma() override { c_.Update(); }
+  // A list alone in its window is what the window is called.
+  void titolo_cambiato() override {
+    if (widget() && c_.Caption().trimmed().isEmpty())
+      w_.tabella().setAccessibleName(c_.finestra().Caption().trimmed());
+  }
 
  protected:
   void mostra() override {
     w_.titolo(c_.Caption().trimmed());
-    // A list alone in its window is what the window is called.
-    if (c_.Caption().trimmed().isEmpty()) w_.tabella().setAccessibleName(c_.finestra().Caption().trimmed());
+    titolo_cambiato();
     w_.tabella().viewport()->update();
   }
 };
 
 }  // namespace
 
-std::unique_ptr<Adattatore> adatta_lista(Controllo& controllo, QWidget& widget) {
-  auto* grd = dynamic_cast<SSOleDBGrid*>(&controllo);
-  auto* lista = qobject_cast<Lista*>(&widget);
-  return grd && lista ? std::make_unique<AdattaLista>(*grd, *lista) : nullptr;
+std::unique_ptr<Adattatore> adatta_lista(SSOleDBGrid& grd, QWidget& widget) {
+  return adatta_a<AdattaLista, Lista>(grd, widget);
 }
 
 }  // namespace lokera

@@ -21,6 +21,8 @@ class Adattatore : public QObject {
   void aggiorna();
   /// `vive` is false when the control is gone already.
   virtual void scollega(bool /*vive*/) {}
+  /// The window has a new title, and with it perhaps another language.
+  virtual void titolo_cambiato() {}
   /// What the user has begun is handed over, since the window is about to close.
   virtual void conferma() {}
   QWidget* widget() const { return widget_; }

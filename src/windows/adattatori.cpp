@@ -82,6 +82,7 @@ class AdattaOpzione : public AdattatoreDi<OptionButton, QRadioButton> {
  public:
   AdattaOpzione(OptionButton& c, QRadioButton& w) : AdattatoreDi(c, w) {
     connect(&w, &QRadioButton::toggled, this, [this](bool accesa) { c_.Value = accesa; });
+    connect(&w, &QRadioButton::clicked, this, [this] { chiama(c_.Click); });
   }
 
  protected:
@@ -112,25 +113,37 @@ class AdattaPannello : public AdattatoreDi<SSPanel, QFrame> {
   }
 };
 
-template <class A, class C, class W>
-std::unique_ptr<Adattatore> prova(Controllo& controllo, QWidget& widget) {
-  auto* c = dynamic_cast<C*>(&controllo);
-  auto* w = qobject_cast<W*>(&widget);
-  return c && w ? std::make_unique<A>(*c, *w) : nullptr;
-}
+/// Finds the adapter by the control's kind.
+class Adatta : public VisitaControlli {
+ public:
+  Adatta(QWidget& widget, Traduttore& traduttore) : w_(widget), traduttore_(traduttore) {}
+  void visita(Label& c) override { trovato = adatta_a<AdattaLabel, QLabel>(c, w_); }
+  void visita(CommandButton& c) override { trovato = adatta_a<AdattaPulsante, QPushButton>(c, w_); }
+  void visita(CheckBox& c) override { trovato = adatta_a<AdattaSpunta, QCheckBox>(c, w_); }
+  void visita(OptionButton& c) override { trovato = adatta_a<AdattaOpzione, QRadioButton>(c, w_); }
+  void visita(SSPanel& c) override {
+    if (!qobject_cast<QLabel*>(&w_)) trovato = adatta_a<AdattaPannello, QFrame>(c, w_);
+  }
+  void visita(TextBox& c) override { trovato = adatta_casella(c, w_); }
+  void visita(MaskEdBox& c) override { trovato = adatta_casella(c, w_); }
+  void visita(Tendina& c) override { trovato = adatta_casella(c, w_); }
+  void visita(Shape& c) override { trovato = adatta_lampada(c, w_, traduttore_); }
+  void visita(NumeroPosizione& c) override { trovato = adatta_numero(c, w_); }
+  void visita(SSOleDBGrid& c) override { trovato = adatta_lista(c, w_); }
+
+  std::unique_ptr<Adattatore> trovato;
+
+ private:
+  QWidget& w_;
+  Traduttore& traduttore_;
+};
 
 }  // namespace
 
 std::unique_ptr<Adattatore> adatta(Controllo& c, QWidget& w, Traduttore& traduttore) {
-  if (auto* shape = dynamic_cast<Shape*>(&c)) return adatta_lampada(*shape, w, traduttore);
-  if (auto a = prova<AdattaLabel, Label, QLabel>(c, w)) return a;
-  if (auto a = prova<AdattaPulsante, CommandButton, QPushButton>(c, w)) return a;
-  if (auto a = prova<AdattaSpunta, CheckBox, QCheckBox>(c, w)) return a;
-  if (auto a = prova<AdattaOpzione, OptionButton, QRadioButton>(c, w)) return a;
-  if (auto a = prova<AdattaPannello, SSPanel, QFrame>(c, w); a && !qobject_cast<QLabel*>(&w)) return a;
-  if (auto a = adatta_casella(c, w)) return a;
-  if (auto a = adatta_numero(c, w)) return a;
-  return adatta_lista(c, w);
+  Adatta adatta(w, traduttore);
+  c.accetta(adatta);
+  return std::move(adatta.trovato);
 }
 
 }  // namespace lokera

@@ -2,6 +2,7 @@
 
 #include <functional>
 
+#include "forms/visita_controlli.h"
 #include "windows/adattatore.h"
 
 namespace lokera {
@@ -21,9 +22,18 @@ class AdattatoreDi : public Adattatore {
   W& w_;
 };
 
+/// The adapter A when the widget is a W, null when it is another.
+template <class A, class W, class C, class... Altro>
+std::unique_ptr<Adattatore> adatta_a(C& controllo, QWidget& widget, Altro&... altro) {
+  auto* w = qobject_cast<W*>(&widget);
+  return w ? std::make_unique<A>(controllo, *w, altro...) : nullptr;
+}
+
 std::unique_ptr<Adattatore> adatta_lampada(Shape& shape, QWidget& widget, Traduttore& traduttore);
-std::unique_ptr<Adattatore> adatta_numero(Controllo& numero, QWidget& widget);
-std::unique_ptr<Adattatore> adatta_lista(Controllo& controllo, QWidget& widget);
-std::unique_ptr<Adattatore> adatta_casella(Controllo& controllo, QWidget& widget);
+std::unique_ptr<Adattatore> adatta_numero(NumeroPosizione& numero, QWidget& widget);
+std::unique_ptr<Adattatore> adatta_lista(SSOleDBGrid& grd, QWidget& widget);
+std::unique_ptr<Adattatore> adatta_casella(TextBox& testo, QWidget& widget);
+std::unique_ptr<Adattatore> adatta_casella(MaskEdBox& data, QWidget& widget);
+std::unique_ptr<Adattatore> adatta_casella(Tendina& tendina, QWidget& widget);
 
 }  // namespace lokera

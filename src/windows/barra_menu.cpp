@@ -3,6 +3,7 @@
 #include <QMenu>
 #include <QSet>
 
+#include "forms/visita_controlli.h"
 #include "windows/adattatore.h"
 
 namespace lokera {
@@ -10,9 +11,9 @@ namespace lokera {
 BarraMenu::BarraMenu(const Finestra& finestra, QMenuBar& barra) {
   QSet<QString> padri;
   for (Controllo* c : finestra.Controls())
-    if (const auto* voce = dynamic_cast<Menu*>(c)) padri.insert(voce->padre);
+    if (const auto* voce = come<Menu>(c)) padri.insert(voce->padre);
   for (Controllo* c : finestra.Controls())
-    if (auto* voce = dynamic_cast<Menu*>(c)) aggiungi(*voce, barra, padri.contains(voce->nome()));
+    if (auto* voce = come<Menu>(c)) aggiungi(*voce, barra, padri.contains(voce->nome()));
 }
 
 void BarraMenu::aggiungi(Menu& voce, QMenuBar& barra, bool contiene) {

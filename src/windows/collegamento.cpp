@@ -6,8 +6,6 @@
 #include <QKeyEvent>
 #include <QMainWindow>
 
-#include "forms/ss_ole_db_grid.h"
-#include "supervisor/tabellone.h"
 #include "windows/disegno.h"
 
 namespace lokera {
@@ -47,21 +45,17 @@ class Blocco : public QObject {
   const QWidget& forma_;
 };
 
-/// The widget that a control is drawn by: a position's number stands in the lamp of its position.
-QString nome_widget(const Controllo& controllo) {
-  if (!dynamic_cast<const NumeroPosizione*>(&controllo)) return controllo.nome();
-  return QString(controllo.nome()).replace(u"Num_"_s, u"lampade_chiave_"_s);
-}
-
 }  // namespace
 
 Collegamento::Collegamento(Finestra& finestra, QWidget& forma, Traduttore& traduttore, const QRect& schermo)
     : finestra_(&finestra), forma_(&forma), traduttore_(traduttore) {
   crea_menu();
-  if (schermo.isValid()) stirata_ = stira(forma, schermo);
+  if (schermo.isValid()) stirata_ = stira(forma, schermo, finestra.posto().si_adatta);
+  if (finestra.posto().modale) forma.setWindowModality(Qt::ApplicationModal);
   lega();
   forma.installEventFilter(this);
   finestra.vista(this);
+  for (const auto& [controllo, adattatore] : adattatori_) adattatore->aggiorna();
   cambiata(finestra);
 }
 
@@ -80,7 +74,7 @@ void Collegamento::lega() {
   QHash<QString, QWidget*> restano = disegno;
   for (Controllo* c : finestra_->Controls()) {
     lega(*c, disegno);
-    restano.remove(nome_widget(*c));
+    restano.remove(c->disegno());
   }
   for (auto it = restano.cbegin(); it != restano.cend(); ++it) {
     if (!solo_contiene(*it.value()))
@@ -91,9 +85,9 @@ void Collegamento::lega() {
 }
 
 void Collegamento::lega(Controllo& controllo, const QHash<QString, QWidget*>& disegno) {
-  if (dynamic_cast<SSOleDBDropDown*>(&controllo)) return;  // drawn inside the cells
+  if (controllo.disegno().isEmpty()) return;
   if (menu_ && menu_->aggiorna(controllo)) return;
-  QWidget* widget = disegno.value(nome_widget(controllo));
+  QWidget* widget = disegno.value(controllo.disegno());
   auto adattatore = widget ? adatta(controllo, *widget, traduttore_) : nullptr;
   if (!adattatore) {
     discordanze_.append(widget ? u"%1: a %2 doesn't fit it"_s.arg(
@@ -116,8 +110,7 @@ void Collegamento::cambiata(Finestra& finestra) {
   if (!forma_) return;
   forma_->setWindowTitle(finestra.Caption().trimmed());
   abilita_ingresso(finestra.Enabled());
-  // The words of lamps follow the language, which the title is set after.
-  for (const auto& [controllo, adattatore] : adattatori_) adattatore->aggiorna();
+  for (const auto& [controllo, adattatore] : adattatori_) adattatore->titolo_cambiato();
 }
 
 void Collegamento::cambiato(Controllo& controllo) {

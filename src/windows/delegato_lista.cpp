@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPainter>
+#include <QPointer>
 
 #include <algorithm>
 
@@ -56,10 +57,10 @@ QWidget* DelegatoLista::crea_scelta(QWidget* padre, const QModelIndex& indice) c
   scelta->setAccessibleName(c.Caption);
   for (const QStringList& voce : c.elenco->voci()) scelta->addItem(voce.join(u"   "_s));
   scelta->view()->setMinimumWidth(scelta->view()->sizeHintForColumn(0) + 30);
-  connect(scelta, &QComboBox::activated, this, [this, scelta] {
+  connect(scelta, &QComboBox::activated, this, [this, editor = QPointer<QWidget>(scelta)] {
     auto* delegato = const_cast<DelegatoLista*>(this);
-    Q_EMIT delegato->commitData(scelta);
-    Q_EMIT delegato->closeEditor(scelta);
+    Q_EMIT delegato->commitData(editor);
+    if (editor) Q_EMIT delegato->closeEditor(editor);
   });
   return scelta;
 }
@@ -101,14 +102,14 @@ void DelegatoLista::updateEditorGeometry(QWidget* editor, const QStyleOptionView
 }
 
 bool DelegatoLista::eventFilter(QObject* oggetto, QEvent* evento) {
-  auto* editor = qobject_cast<QWidget*>(oggetto);
+  const QPointer<QWidget> editor = qobject_cast<QWidget*>(oggetto);
   if (!editor || evento->type() != QEvent::KeyPress) return QStyledItemDelegate::eventFilter(oggetto, evento);
   const auto& battuta = *static_cast<QKeyEvent*>(evento);
   const int tasto = battuta.key();
   const bool in_avanti = tasto == Qt::Key_Return || tasto == Qt::Key_Enter || tasto == Qt::Key_Tab;
   if (!in_avanti && tasto != Qt::Key_Backtab) return QStyledItemDelegate::eventFilter(oggetto, evento);
   Q_EMIT commitData(editor);
-  Q_EMIT closeEditor(editor);
+  if (editor) Q_EMIT closeEditor(editor);  // a handler's box may have outlived it
   if (battuta.modifiers().testFlag(Qt::ControlModifier))
     Q_EMIT esce(in_avanti);
   else if (in_avanti)

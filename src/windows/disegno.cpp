@@ -86,7 +86,7 @@ bool solo_contiene(const QWidget& widget) {
   return contenitore(widget);
 }
 
-bool stira(QWidget& forma, const QRect& schermo) {
+bool stira(QWidget& forma, const QRect& schermo, bool adatta) {
   const auto* principale = qobject_cast<QMainWindow*>(&forma);
   const QWidget* centro = principale ? principale->centralWidget() : &forma;
   std::vector<QWidget*> widget;
@@ -96,7 +96,11 @@ bool stira(QWidget& forma, const QRect& schermo) {
                          [](const QWidget* w) { return geometria(*w); });
   GeometriaFinestra finestra{0, 0, forma.width() + 2.0 * bordo,
                              static_cast<double>(forma.height() + barra_titolo(forma))};
-  const bool stirata = ridimensiona_form(finestra, controlli, schermo.width(), schermo.height(), parcheggio);
+  bool stirata = false;
+  if (adatta)
+    stirata = ridimensiona_form(finestra, controlli, schermo.width(), schermo.height(), parcheggio);
+  else
+    centra_form(finestra, schermo.width(), schermo.height());
   if (!stirata) {
     forma.move(schermo.x() + std::max(0, static_cast<int>(finestra.left)),
                schermo.y() + std::max(0, static_cast<int>(finestra.top)));

@@ -2,12 +2,15 @@
 
 #include <QEvent>
 
-#include "supervisor/tabellone.h"
 #include "ui_frm_main.h"
 
 namespace lokera {
 
 using namespace Qt::StringLiterals;
+
+namespace {
+constexpr int lampade_pannello = 18;
+}
 
 FormaPrincipale::FormaPrincipale() : ui_(std::make_unique<Ui::frm_Main>()) {
   ui_->setupUi(this);
@@ -22,12 +25,11 @@ FormaPrincipale::FormaPrincipale() : ui_(std::make_unique<Ui::frm_Main>()) {
 FormaPrincipale::~FormaPrincipale() = default;
 
 void FormaPrincipale::crea_lampade() {
-  for (int p = 0; p < Tabellone::pannelli; ++p) {
-    auto* pannello = findChild<QFrame*>(u"pnlK_%1"_s.arg(p));
-    const int passo = pannello->width() / Tabellone::posizioni_pannello;
-    for (int i = 0; i < Tabellone::posizioni_pannello; ++i) {
+  for (int p = 0; auto* pannello = findChild<QFrame*>(u"pnlK_%1"_s.arg(p)); ++p) {
+    const int passo = pannello->width() / lampade_pannello;
+    for (int i = 0; i < lampade_pannello; ++i) {
       auto* lampada = new LampadaWidget(pannello);
-      const int posizione = p * Tabellone::posizioni_pannello + i + 1;
+      const int posizione = p * lampade_pannello + i + 1;
       lampada->setObjectName(u"lampade_chiave_%1"_s.arg(posizione));
       lampada->setProperty("tipo", u"chiave"_s);
       lampada->setGeometry(i * passo, 1, passo, pannello->height() - 2);

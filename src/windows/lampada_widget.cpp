@@ -15,12 +15,14 @@ LampadaWidget::LampadaWidget(QWidget* padre)
     : QWidget(padre), colore_(qcolor(grigio)), colore_numero_(Qt::black) {}
 
 void LampadaWidget::mostra(Aspetto aspetto, Colore colore) {
+  if (aspetto == aspetto_ && qcolor(colore) == colore_) return;
   aspetto_ = aspetto;
   colore_ = qcolor(colore);
   update();
 }
 
 void LampadaWidget::numero(const QString& numero, Colore colore) {
+  if (numero == numero_ && qcolor(colore) == colore_numero_) return;
   numero_ = numero;
   colore_numero_ = qcolor(colore);
   update();

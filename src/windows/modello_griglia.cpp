@@ -1,6 +1,7 @@
 #include "windows/modello_griglia.h"
 
 #include <QBrush>
+#include <QFont>
 
 #include "windows/lampada_widget.h"
 
@@ -32,6 +33,7 @@ ModelloGriglia::~ModelloGriglia() {
 }
 
 void ModelloGriglia::lascia(bool vive) {
+  dimentica_aspetti();
   if (!grd_) return;
   beginResetModel();
   if (vive) grd_->vista(nullptr);
@@ -51,6 +53,27 @@ QVariant ModelloGriglia::sfondo(int riga) const {
   return QBrush(qcolor(colore));
 }
 
+const AspettoRiga& ModelloGriglia::aspetto(int riga) const {
+  if (riga != riga_letta_) letto_ = grd_->aspetto(riga);
+  riga_letta_ = riga;
+  return letto_;
+}
+
+QVariant ModelloGriglia::carattere(int riga) const {
+  const AspettoRiga& a = aspetto(riga);
+  const StileRiga stile = stile_riga(a.stile);
+  if (!a.grassetto && !stile.grassetto && !stile.corsivo) return {};
+  QFont font;  // what isn't set here is the list's own
+  font.setBold(a.grassetto || stile.grassetto);
+  font.setItalic(stile.corsivo);
+  return font;
+}
+
+QVariant ModelloGriglia::testo(int riga) const {
+  const Colore colore = stile_riga(aspetto(riga).stile).testo;
+  return colore == nero ? QVariant() : QVariant(QBrush(qcolor(colore)));
+}
+
 QVariant ModelloGriglia::data(const QModelIndex& indice, int ruolo) const {
   if (!grd_ || !indice.isValid()) return {};
   const int riga = indice.row();
@@ -60,7 +83,7 @@ QVariant ModelloGriglia::data(const QModelIndex& indice, int ruolo) const {
   switch (ruolo) {
     case Qt::DisplayRole:
     case Qt::ToolTipRole:
-      return spunta ? QVariant() : grd_->cella(riga, colonna);
+      return spunta ? QVariant() : grd_->mostrata(aspetto(riga), riga, colonna);
     case Qt::EditRole:
       return grd_->cella(riga, colonna);
     case Qt::TextAlignmentRole:
@@ -69,6 +92,12 @@ QVariant ModelloGriglia::data(const QModelIndex& indice, int ruolo) const {
       return spunta ? QVariant(grd_->spuntata(riga, colonna) ? Qt::Checked : Qt::Unchecked) : QVariant();
     case Qt::BackgroundRole:
       return sfondo(riga);
+    case Qt::ForegroundRole:
+      return testo(riga);
+    case Qt::FontRole:
+      return carattere(riga);
+    case Qt::AccessibleDescriptionRole:
+      return aspetto(riga).stile;
     default:
       return {};
   }
@@ -96,6 +125,7 @@ QVariant ModelloGriglia::headerData(int sezione, Qt::Orientation verso, int ruol
 }
 
 void ModelloGriglia::colonne_cambiate() {
+  dimentica_aspetti();
   beginResetModel();
   righe_ = grd_->Rows();
   endResetModel();
@@ -117,11 +147,13 @@ void ModelloGriglia::allinea() {
 }
 
 void ModelloGriglia::righe_cambiate() {
+  dimentica_aspetti();
   allinea();
   if (righe_ > 0 && columnCount() > 0) Q_EMIT dataChanged(index(0, 0), index(righe_ - 1, columnCount() - 1));
 }
 
 void ModelloGriglia::riga_cambiata(int riga) {
+  dimentica_aspetti();
   if (riga < righe_ && columnCount() > 0) Q_EMIT dataChanged(index(riga, 0), index(riga, columnCount() - 1));
 }
 
@@ -131,6 +163,7 @@ void ModelloGriglia::righe_aggiunte(int prima, int quante) {
 }
 
 void ModelloGriglia::riga_corrente(int riga) {
+  dimentica_aspetti();
   allinea();
   Q_EMIT corrente(riga);
 }

@@ -27,6 +27,9 @@ class ModelloGriglia : public QAbstractTableModel, public VistaGriglia {
   Qt::ItemFlags flags(const QModelIndex& indice) const override;
   QVariant headerData(int sezione, Qt::Orientation verso, int ruolo = Qt::DisplayRole) const override;
 
+  /// The looks of rows that were drawn hold no longer; before each drawing.
+  void dimentica_aspetti() { riga_letta_ = -1; }
+
   void colonne_cambiate() override;
   void righe_cambiate() override;
   void riga_cambiata(int riga) override;
@@ -42,9 +45,14 @@ class ModelloGriglia : public QAbstractTableModel, public VistaGriglia {
   /// Shows as many rows as the list holds by now.
   void allinea();
   QVariant sfondo(int riga) const;
+  QVariant carattere(int riga) const;
+  QVariant testo(int riga) const;
+  const AspettoRiga& aspetto(int riga) const;
 
   SSOleDBGrid* grd_;
   int righe_ = 0;
+  mutable int riga_letta_ = -1;  ///< the row that `letto_` is of: its cells are drawn one after the other
+  mutable AspettoRiga letto_;
   QTimer accodate_;  ///< rows of a long filling are shown by and by: a view pays for each time
 };
 

@@ -1,7 +1,8 @@
 #include "windows/schermo.h"
 
-#include <QGuiApplication>
+#include <QApplication>
 #include <QScreen>
+#include <QWindow>
 
 #include <utility>
 
@@ -9,30 +10,25 @@
 
 namespace lokera {
 
-Schermo::Schermo(Console& console, const QRect& disponibile)
-    : console_(console),
+Schermo::Schermo(Traduttore& traduttore, const QRect& disponibile)
+    : traduttore_(traduttore),
       disponibile_(disponibile.isValid() ? disponibile
-                                         : QGuiApplication::primaryScreen()->availableGeometry()) {
-  console.griglie().larghezza_schermo = disponibile_.width();
-  console.finestre().collega = [this](Finestra& f) { apri(f); };
-  console.finestre().in_primo_piano = [this](Finestra& f) { in_primo_piano(f); };
-  QWidget* principale = disegna(console.principale());
-  console.principale().Show = [this, principale] {
-    if (PrimaDiMostrare) PrimaDiMostrare();
-    principale->show();
-  };
+                                         : QGuiApplication::primaryScreen()->availableGeometry()) {}
+
+namespace {
+
+/// A window that the others wait for must not get lost behind them.
+void tieni_sopra(QWidget& forma, const QWidget& sotto) {
+  (void)forma.winId();  // makes its handle
+  forma.windowHandle()->setTransientParent(sotto.windowHandle());
 }
 
-Schermo::~Schermo() {
-  console_.finestre().collega = nullptr;
-  console_.finestre().in_primo_piano = nullptr;
-  console_.principale().Show = nullptr;
-}
+}  // namespace
 
 QWidget* Schermo::disegna(Finestra& finestra) {
   std::unique_ptr<QWidget> forma = crea_forma(finestra.nome());
   if (!forma) return nullptr;
-  auto collegamento = std::make_unique<Collegamento>(finestra, *forma, console_.traduttore(), disponibile_);
+  auto collegamento = std::make_unique<Collegamento>(finestra, *forma, traduttore_, disponibile_);
   collegamento->Finita = [this, f = &finestra] { togli(f); };
   QWidget* disegno = forma.get();
   finestre_[&finestra] = {std::move(forma), std::move(collegamento)};
@@ -40,12 +36,12 @@ QWidget* Schermo::disegna(Finestra& finestra) {
 }
 
 void Schermo::apri(Finestra& finestra) {
+  const QWidget* sotto = QApplication::activeWindow();
   QWidget* forma = disegna(finestra);
-  // Shown when its loading first lets the loop run: by then it is in its language, and a long list shows
-  // its progress.
-  if (forma)
-    QMetaObject::invokeMethod(
-        forma, [forma] { forma->show(); }, Qt::QueuedConnection);
+  if (!forma) return;
+  if (finestra.posto().modale && sotto) tieni_sopra(*forma, *sotto);
+  QMetaObject::invokeMethod(
+      forma, [forma] { forma->show(); }, Qt::QueuedConnection);
 }
 
 void Schermo::togli(const Finestra* finestra) {

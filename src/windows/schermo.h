@@ -3,43 +3,43 @@
 #include <QObject>
 #include <QRect>
 
-#include <functional>
 #include <memory>
 #include <unordered_map>
 
-#include "supervisor/console.h"
 #include "windows/collegamento.h"
 
 namespace lokera {
 
-/// What a person sees of a console: draws its windows, each as long as its rules live. The console outlives
-/// it.
+/// What a person sees: draws windows, each as long as its rules live. Windows and screen may go away in
+/// either order.
 class Schermo : public QObject {
  public:
-  /// `disponibile`: where windows may stand; empty for the free part of the primary screen.
-  explicit Schermo(Console& console, const QRect& disponibile = {});
-  ~Schermo() override;
-  Q_DISABLE_COPY_MOVE(Schermo)
+  /// `disponibile`: where windows may stand; empty for the free part of the primary screen. `traduttore`
+  /// lives as long as the screen.
+  explicit Schermo(Traduttore& traduttore, const QRect& disponibile = {});
+
+  const QRect& disponibile() const { return disponibile_; }
+
+  /// Draws a window before its Form_Load. Not shown yet; null for a window that has no drawing.
+  QWidget* disegna(Finestra& finestra);
+  /// The same, and shows it when its loading first lets the loop run: by then it is in its language, and a
+  /// long list shows its progress.
+  void apri(Finestra& finestra);
+  void in_primo_piano(const Finestra& finestra);
 
   /// Null when the window isn't drawn.
   QWidget* forma(const Finestra& finestra) const;
   Collegamento* collegamento(const Finestra& finestra) const;
-
-  /// Just before the main window shows itself, the language being known.
-  std::function<void()> PrimaDiMostrare;
 
  private:
   struct Disegnata {
     std::unique_ptr<QWidget> forma;
     std::unique_ptr<Collegamento> collegamento;
   };
-  QWidget* disegna(Finestra& finestra);
-  void apri(Finestra& finestra);
-  void in_primo_piano(const Finestra& finestra);
   void togli(const Finestra* finestra);
 
-  Console& console_;
-  QRect disponibile_;
+  Traduttore& traduttore_;
+  const QRect disponibile_;
   std::unordered_map<const Finestra*, Disegnata> finestre_;
 };
 

@@ -8,10 +8,6 @@
 
 namespace lokera {
 
-namespace {
-constexpr int unita_per_pixel = 15;
-}
-
 TabellaLista::TabellaLista(QWidget* padre) : QTableView(padre) {
   verticalHeader()->hide();
   verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
@@ -39,6 +35,8 @@ void TabellaLista::collega(SSOleDBGrid& grd) {
   connect(modello_, &ModelloGriglia::corrente, this, &TabellaLista::segui);
   connect(modello_, &ModelloGriglia::conferma, this, &TabellaLista::conferma);
   connect(modello_, &QAbstractItemModel::modelReset, this, &TabellaLista::disponi_colonne);
+  connect(horizontalHeader(), &QHeaderView::sectionResized, this,
+          [this](int colonna, int, int pixel) { allargata(colonna, pixel); });
   disponi_colonne();
   segui(grd.Row());
 }
@@ -49,6 +47,7 @@ void TabellaLista::scollega(bool vive) {
 
 void TabellaLista::disponi_colonne() {
   if (!grd()) return;
+  const QScopedValueRollback guida(dispone_, true);
   // Words may take the room that is left; an hour or a number would stand far from its row's others.
   bool allarga = false;
   for (int i = 0; i < grd()->Cols(); ++i) {
@@ -61,13 +60,20 @@ void TabellaLista::disponi_colonne() {
   segui(grd()->Row());
 }
 
+// A column that takes the room that is left is as wide as the list makes it; hiding one tells a width of 0.
+void TabellaLista::allargata(int colonna, int pixel) {
+  const QHeaderView& testata = *horizontalHeader();
+  const bool ultima = testata.stretchLastSection() && testata.visualIndex(colonna) == testata.count() - 1;
+  if (!dispone_ && !ultima && pixel > 0 && grd()) grd()->utente_allarga(colonna, pixel * unita_per_pixel);
+}
+
 void TabellaLista::segui(int riga) {
   if (!grd()) return;
   const QScopedValueRollback guida(segue_, true);
   const QModelIndex dove = riga < 0 ? QModelIndex() : modello_->index(riga, grd()->Col());
   if (dove.isValid() && isColumnHidden(dove.column()))
     selectRow(riga);
-  else
+  else if (dove != currentIndex() || !selectionModel()->hasSelection())
     setCurrentIndex(dove);
   if (dove.isValid()) scrollTo(dove);
 }
@@ -88,14 +94,34 @@ void TabellaLista::currentChanged(const QModelIndex& corrente, const QModelIndex
   if (io && grd() && grd()->Row() != currentIndex().row()) segui(grd()->Row());
 }
 
+// Ctrl on the row that is highlighted because it is the current one selects it.
+QItemSelectionModel::SelectionFlags TabellaLista::selectionCommand(const QModelIndex& indice,
+                                                                   const QEvent* evento) const {
+  const bool premuto = evento && evento->type() == QEvent::MouseButtonPress;
+  if (premuto && grd() && indice.row() == grd()->Row() && grd()->selezionate().empty() &&
+      static_cast<const QMouseEvent*>(evento)->modifiers() == Qt::ControlModifier)
+    return QItemSelectionModel::Select | QItemSelectionModel::Rows;
+  return QTableView::selectionCommand(indice, evento);
+}
+
 void TabellaLista::selectionChanged(const QItemSelection& scelte, const QItemSelection& lasciate) {
   QTableView::selectionChanged(scelte, lasciate);
+  riferisci_scelta();
+}
+
+void TabellaLista::riferisci_scelta() {
   if (!grd()) return;
   std::vector<int> righe;
   const QItemSelection tutte = selectionModel()->selection();
   for (const QItemSelectionRange& tratto : tutte)
     for (int riga = tratto.top(); riga <= tratto.bottom(); ++riga) righe.push_back(riga);
+  if (segue_ || (righe.size() <= 1 && !sceglie_)) righe.clear();
   grd()->utente_seleziona(std::move(righe));
+}
+
+void TabellaLista::paintEvent(QPaintEvent* evento) {
+  if (modello_) modello_->dimentica_aspetti();
+  QTableView::paintEvent(evento);
 }
 
 void TabellaLista::avanti() {
@@ -154,7 +180,14 @@ bool TabellaLista::tasto(int codice, Qt::KeyboardModifiers modi) {
   }
 }
 
+namespace {
+bool con_scelta(const QInputEvent& evento) {
+  return evento.modifiers().testAnyFlags(Qt::ControlModifier | Qt::ShiftModifier);
+}
+}  // namespace
+
 void TabellaLista::keyPressEvent(QKeyEvent* evento) {
+  sceglie_ = con_scelta(*evento);
   if (!grd() || !tasto(evento->key(), evento->modifiers() & ~Qt::KeypadModifier))
     QTableView::keyPressEvent(evento);
 }
@@ -162,8 +195,13 @@ void TabellaLista::keyPressEvent(QKeyEvent* evento) {
 // Beside a row's last cell the row is meant, below the last row a new one.
 void TabellaLista::mousePressEvent(QMouseEvent* evento) {
   const QPoint dove = evento->position().toPoint();
-  if (evento->button() != Qt::LeftButton || indexAt(dove).isValid() || !grd())
-    return QTableView::mousePressEvent(evento);
+  sceglie_ = con_scelta(*evento);
+  if (evento->button() != Qt::LeftButton || indexAt(dove).isValid() || !grd()) {
+    const QPointer<TabellaLista> io(this);
+    QTableView::mousePressEvent(evento);
+    if (io) riferisci_scelta();
+    return;
+  }
   conferma();
   if (const int riga = rowAt(dove.y()); riga >= 0)
     setCurrentIndex(modello_->index(riga, grd()->Col()));

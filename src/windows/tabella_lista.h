@@ -13,6 +13,9 @@ namespace lokera {
 /// Keys: Return (and Tab where cells can be edited) goes to the next cell, past the last one to a new row;
 /// Insert, or Down from the last row, adds a row; Delete or Ctrl+Delete removes the current one; Space turns
 /// a check; F2 or typing edits a cell, Esc leaves it as it was; Ctrl+Tab leaves the list.
+///
+/// The current row is highlighted and no more than that. Rows are selected with Ctrl or Shift, or several by
+/// dragging over them.
 class TabellaLista : public QTableView {
   Q_OBJECT
  public:
@@ -25,10 +28,13 @@ class TabellaLista : public QTableView {
   void conferma();
 
  protected:
+  void paintEvent(QPaintEvent* evento) override;
   void keyPressEvent(QKeyEvent* evento) override;
   void mousePressEvent(QMouseEvent* evento) override;
   void mouseReleaseEvent(QMouseEvent* evento) override;
   void currentChanged(const QModelIndex& corrente, const QModelIndex& precedente) override;
+  QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& indice,
+                                                       const QEvent* evento) const override;
   void selectionChanged(const QItemSelection& scelte, const QItemSelection& lasciate) override;
   bool focusNextPrevChild(bool avanti) override;
 
@@ -40,10 +46,14 @@ class TabellaLista : public QTableView {
   void avanti();
   void indietro();
   void disponi_colonne();
+  void allargata(int colonna, int pixel);
+  void riferisci_scelta();
   void segui(int riga);
 
   QPointer<ModelloGriglia> modello_;
-  bool segue_ = false;  ///< the list moves the view, not the user
+  bool segue_ = false;    ///< the list moves the view, not the user
+  bool dispone_ = false;  ///< the list sets the columns' widths, not the user
+  bool sceglie_ = false;  ///< the last key or button came with Ctrl or Shift
 };
 
 }  // namespace lokera

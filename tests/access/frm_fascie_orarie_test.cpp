@@ -40,7 +40,7 @@ class FrmFascieOrarie : public BancoFinestre {
     EXPECT_TRUE(grd.utente_sceglie_voce(grd.Row(), grd.Col(), voce));
   }
 
-  frm_fascie_orarie finestra{ambiente};
+  frm_fascie_orarie finestra{elenco, db, griglie, vm.orologio()};
   SSOleDBGrid& grd = finestra.grd;
   SSOleDBGrid& grdG = finestra.grdG;
 };

@@ -3,7 +3,7 @@
 #include <QTemporaryDir>
 
 #include "aiuti/righe.h"
-#include "forms/ambiente.h"
+#include "forms/griglia.h"
 #include "platform/letterali.h"
 #include "simulation/macchina/virtual_machine.h"
 #include "store/schema_base.h"
@@ -38,7 +38,6 @@ class BancoFinestre : public ::testing::Test {
   Traduttore traduttore{db};
   PolledWait attesa{vm.orologio(), vm.ciclo()};
   ServiziGriglia griglie{traduttore, messaggi, attesa};
-  const Ambiente ambiente{db, elenco, traduttore, messaggi, griglie, vm.desktop(), vm.orologio()};
 };
 
 /// Types into the cells one after the other, each left with Return, from the current cell on.

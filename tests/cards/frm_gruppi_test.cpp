@@ -21,7 +21,7 @@ class FrmGruppi : public BancoFinestre, public ::testing::WithParamInterface<Cas
   QString nome() const { return QString::fromUtf16(GetParam().nome); }
   QStringList tabella() { return righe(u"select codice, descrizione from %1 order by codice"_s.arg(nome())); }
 
-  frm_gruppi finestra{ambiente, GetParam().tabella()};
+  frm_gruppi finestra{elenco, db.connessione_db, griglie, GetParam().tabella()};
   SSOleDBGrid& grd = finestra.grd;
 };
 

@@ -20,7 +20,7 @@ class FrmTraduzioni : public BancoFinestre {
     return righe(u"select italiano, inglese, tedesco from traduzioni order by italiano"_s);
   }
 
-  frm_traduzioni finestra{ambiente};
+  frm_traduzioni finestra{elenco, db, griglie, vm.orologio()};
   SSOleDBGrid& grd = finestra.grd;
 };
 

@@ -1,6 +1,5 @@
-#include "forms/griglia.h"
-
 #include "forms/archivio.h"
+#include "forms/salvataggio_lista.h"
 #include "store/date_jet.h"
 
 namespace lokera {

@@ -24,9 +24,7 @@ class Legami : public Archivio {
     EXPECT_FALSE(rs.Open(sql, conn, {}, Cursore::aggiornabile).fallito());
   }
   bool blocca(const QString& operatore, const QString& chiave = u"7"_s) {
-    bool bloccato = false;
-    zan.blocca_record(u"prova"_s, chiave, operatore, bloccato);
-    return bloccato;
+    return zan.blocca_record(u"prova"_s, chiave, operatore);
   }
   QStringList blocchi() { return righe(u"select chiave, operatore, data from securety_locks"_s); }
 
@@ -120,6 +118,33 @@ TEST_F(Legami, ALockKeepsOthersOutUntilItIsReleasedOrStale) {
   zan.sblocca_record(u"prova"_s, u"7"_s, u"ugo"_s);
   EXPECT_TRUE(blocchi().isEmpty());
   EXPECT_EQ(messaggi.mostrati.size(), 2);
+}
+
+TEST_F(Legami, ADropDownListShowsAWordAndHoldsItsValue) {
+  ComboBox lingua(f, u"cmbLingua"_s);
+  lingua.Tag = u"codice"_s;
+  lingua.AddItem(u"italiano"_s, u"0"_s);
+  lingua.AddItem(u"inglese"_s, u"1"_s);
+  SSOleDBCombo operatore(f, u"cmbOper"_s);
+  operatore.DataFieldToDisplay = 1;
+  operatore.AddItem({QString(), QString()});
+  for (const QString& codice : {u"01"_s, u"02"_s}) operatore.AddItem({codice, u"Rossi Mario"_s});
+  int scelta = -1;
+  operatore.CloseUp = [&](int voce) { scelta = voce; };
+  sql(u"insert into prova (codice) values (1)"_s);
+  zan.popola(u"select * from prova"_s);
+  EXPECT_EQ(lingua.Text() + lingua.Value(), u"inglese1"_s);
+  lingua.utente_sceglie_voce(0);
+  EXPECT_EQ(lingua.Text() + lingua.Value(), u"italiano0"_s);
+  operatore.utente_sceglie_voce(2);
+  EXPECT_EQ(operatore.Text() + operatore.Value(), u"Rossi Mario02"_s) << "of two with one name the chosen";
+  EXPECT_EQ(scelta, 2);
+  operatore.Value(u"01"_s);
+  EXPECT_EQ(operatore.voce_corrente(), 1);
+  operatore.Value(u"99"_s);
+  EXPECT_EQ(operatore.Text() + operatore.Value(), u"9999"_s) << "a value that no entry has";
+  operatore.Text = QString();
+  EXPECT_EQ(operatore.Value(), QString());
 }
 
 }  // namespace

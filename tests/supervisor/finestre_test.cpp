@@ -1,5 +1,3 @@
-#include "supervisor/finestre.h"
-
 #include "aiuti/banco.h"
 
 namespace lokera::prova {

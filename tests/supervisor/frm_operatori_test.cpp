@@ -24,7 +24,7 @@ class FrmOperatori : public BancoFinestre {
   }
   QString password() const { return f.txtPwd.Text() + u'/' + f.txtConfermaPwd.Text(); }
 
-  frm_operatori f{ambiente};
+  frm_operatori f{elenco, db.connessione_db, griglie, vm.desktop()};
 };
 
 TEST_F(FrmOperatori, TheRowIsShownBesideTheList) {
@@ -102,7 +102,7 @@ TEST_F(FrmOperatori, AnEditBegunAfterOneWasLeftHasTheRowInItsBoxes) {
 TEST_F(FrmOperatori, ThePasswordColumnIsHiddenWhateverTheLayoutSays) {
   for (const char* layout : {"update layout_griglie set visibile = 1", "delete from layout_griglie"}) {
     sql(QString::fromLatin1(layout));
-    frm_operatori altra{ambiente};
+    frm_operatori altra{elenco, db.connessione_db, griglie, vm.desktop()};
     altra.grd.Width = 20'000;
     altra.Form_Load();
     const SSOleDBGrid& grd = altra.grd;

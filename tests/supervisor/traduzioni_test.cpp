@@ -44,8 +44,7 @@ TEST(Traduzioni, NoWindowShowsATextThatTheTableLacks) {
   const QStringList tradotti = testi(b, true);
   b.main().Form_Load();
   ASSERT_EQ(b.db().lingua_interfaccia, 1);
-  for (const QString& nome : {u"frm_gruppi"_s, u"frm_gruppi_utenti"_s, u"frm_operatori"_s,
-                              u"frm_fascie_orarie"_s, u"frm_traduzioni"_s})
+  for (const QString& nome : b.console->catalogo().nomi())
     ASSERT_TRUE(b.console->finestre().apri(nome)) << nome.toStdString();
   EXPECT_EQ(testi(b, false).join(u"\n").toStdString(), "");
   for (const Finestra* f : b.console->elenco().tutte())

@@ -4,7 +4,7 @@
 #include <QKeyEvent>
 
 #include "aiuti/banco.h"
-#include "windows/schermo.h"
+#include "app/schermo_console.h"
 
 namespace lokera::prova {
 
@@ -12,8 +12,8 @@ namespace lokera::prova {
 class BancoDisegnato : public Banco {
  public:
   explicit BancoDisegnato(const QRect& disponibile = {0, 0, 1280, 800}) : disponibile_(disponibile) {}
-  Schermo& schermo() {
-    if (!schermo_) schermo_ = std::make_unique<Schermo>(*console, disponibile_);
+  SchermoConsole& schermo() {
+    if (!schermo_) schermo_ = std::make_unique<SchermoConsole>(*console, disponibile_);
     return *schermo_;
   }
   QWidget& forma() { return *schermo().forma(main()); }
@@ -31,7 +31,7 @@ class BancoDisegnato : public Banco {
 
  private:
   QRect disponibile_;
-  std::unique_ptr<Schermo> schermo_;
+  std::unique_ptr<SchermoConsole> schermo_;
 };
 
 /// Editors that were closed go away.

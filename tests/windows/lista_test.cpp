@@ -1,9 +1,12 @@
 // Windows made for the test: lists by keyboard, and either end going first.
 #include "windows/lista.h"
 
+#include <QAbstractItemView>
 #include <QComboBox>
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QSet>
 
 #include "windows/ambiente.h"
 
@@ -161,6 +164,103 @@ TEST_F(ListaDisegnata, ChoiceIsPickedOrTyped) {
   EXPECT_EQ(riga(0).at(0), u"10"_s) << "what the first letters were completed to";
 }
 
+TEST_F(ListaDisegnata, RowsAreSelectedByTheUserOnlyAndColumnsKeepTheWidthOfADrag) {
+  const auto clic = [this](int riga, Qt::KeyboardModifiers modi) {
+    const QPointF dove = tabella().visualRect(tabella().model()->index(riga, 1)).center();
+    QMouseEvent giu(QEvent::MouseButtonPress, dove, dove, Qt::LeftButton, Qt::LeftButton, modi);
+    QApplication::sendEvent(tabella().viewport(), &giu);
+    QMouseEvent su(QEvent::MouseButtonRelease, dove, dove, Qt::LeftButton, {}, modi);
+    QApplication::sendEvent(tabella().viewport(), &su);
+    return r->grd.selezionate();
+  };
+  using Righe = std::vector<int>;
+  r->grd.Row(1);
+  EXPECT_EQ(r->grd.selezionate(), Righe()) << "the current row isn't selected for being current";
+  EXPECT_EQ(clic(0, {}), Righe());
+  EXPECT_EQ(clic(0, Qt::ControlModifier), Righe{0});
+  EXPECT_EQ(clic(1, Qt::ControlModifier), (Righe{0, 1}));
+  EXPECT_EQ(clic(0, {}), Righe());
+  EXPECT_EQ(clic(1, Qt::ShiftModifier), (Righe{0, 1}));
+  const int prima = r->grd.Columns(0).Width;
+  tabella().horizontalHeader()->resizeSection(1, 123);
+  EXPECT_EQ(r->grd.Columns(1).Width, 123 * 15);
+  EXPECT_EQ(r->grd.Columns(0).Width, prima);
+}
+
+TEST_F(ListaDisegnata, OnlyDrawnRowsAreLoaded) {
+  r->grd.RemoveAll();
+  for (int i = 0; i < 100000; ++i) r->grd.AddItem(QByteArrayView("10\tuno\ta\t0"));
+  QSet<int> lette;
+  int chiamate = 0;
+  r->grd.RowLoaded = [&](int riga, AspettoRiga& a) {
+    lette.insert(riga);
+    ++chiamate;
+    a.stile = u"scaduto"_s;
+    a.celle = {{2, u"OUT"_s}};
+  };
+  QCoreApplication::processEvents();
+  lette.clear();
+  chiamate = 0;
+  tabella().viewport()->repaint();
+  EXPECT_LE(lette.size(), tabella().height() / tabella().rowHeight(0) + 1);
+  EXPECT_EQ(chiamate, lette.size()) << "once for all cells of a row";
+  const QModelIndex cella = tabella().model()->index(5, 2);
+  EXPECT_EQ(cella.data().toString(), u"OUT"_s);
+  EXPECT_TRUE(cella.data(Qt::FontRole).value<QFont>().italic());
+  EXPECT_EQ(cella.data(Qt::AccessibleDescriptionRole).toString(), u"scaduto"_s);
+}
+
+TEST_F(ListaDisegnata, OneGestureHandsAnEditOverOnce) {
+  const struct {
+    const char* gesto;
+    int colonna;
+    std::function<void(QWidget&)> fai;
+  } gesti[] = {
+      {"Return", 1, [](QWidget& w) { premi(w, Qt::Key_Return); }},
+      {"Tab", 1, [](QWidget& w) { premi(w, Qt::Key_Tab); }},
+      {"Ctrl+Tab", 1, [](QWidget& w) { premi(w, Qt::Key_Tab, {}, Qt::ControlModifier); }},
+      {"Return in a choice", 0, [](QWidget& w) { premi(w, Qt::Key_Return); }},
+      {"Return in its list", 0,
+       [](QWidget& w) {
+         QComboBox& scelta = *qobject_cast<QComboBox*>(&w);
+         scelta.showPopup();
+         scelta.view()->setCurrentIndex(scelta.model()->index(1, 0));
+         premi(*scelta.view(), Qt::Key_Return);
+       }},
+      {"elsewhere", 1, [this](QWidget&) { forma->findChild<QPushButton*>()->setFocus(); }},
+      {"save", 1, [this](QWidget&) { r->grd.Update(); }},
+  };
+  int consegne = 0, uscite = 0;
+  // What a handler says in a box takes the focus out of the cell, and the cell's editor goes away meanwhile.
+  const auto altrove = [this] {
+    forma->findChild<QPushButton*>()->setFocus();
+    ripulisci();
+  };
+  r->grd.Change = [&](int, int) {
+    ++consegne;
+    altrove();
+  };
+  r->drp.CloseUp = [&](int) {
+    ++uscite;
+    altrove();
+  };
+  for (const auto& [gesto, colonna, fai] : gesti) {
+    tabella().setFocus();
+    r->grd.utente_sceglie(0, colonna);
+    r->grd.imposta_cella(0, colonna, u"10"_s);
+    premi(tabella(), Qt::Key_F2);
+    auto* w = tabella().viewport()->findChild<QWidget*>(QString(), Qt::FindDirectChildrenOnly);
+    ASSERT_TRUE(w) << gesto;
+    if (auto* riga = qobject_cast<QLineEdit*>(w)) riga->setText(u"a"_s);
+    if (auto* scelta = qobject_cast<QComboBox*>(w)) scelta->setEditText(u"20"_s);
+    consegne = uscite = 0;
+    fai(*w);
+    ripulisci();
+    EXPECT_EQ(consegne, 1) << gesto;
+    EXPECT_EQ(uscite, colonna == 0) << gesto;
+  }
+}
+
 TEST_F(ListaDisegnata, EitherEndMayGoFirst) {
   premi(tabella(), Qt::Key_F2);
   bool finita = false;
@@ -193,6 +293,19 @@ TEST_F(ListaDisegnata, LongFillingIsShownByAndByAndWhole) {
   EXPECT_EQ(tabella().currentIndex().row(), righe - 1);
 }
 
+TEST(Collegamento, AModalWindowIsDrawnSoAndOneThatTheSizingLeavesAloneIsOnlyCentred) {
+  Banco banco;
+  ElencoFinestre elenco;
+  Finestra f(elenco, u"frmPrint"_s, {.modale = true, .si_adatta = false});
+  QWidget forma;
+  forma.resize(600, 400);
+  const Collegamento c(f, forma, banco.console->traduttore(), {0, 0, 1920, 1080});
+  EXPECT_FALSE(c.stirata());
+  EXPECT_EQ(forma.size(), QSize(600, 400));
+  EXPECT_NEAR(forma.x(), (1920 - 600) / 2, 4);
+  EXPECT_EQ(forma.windowModality(), Qt::ApplicationModal);
+}
+
 TEST(Collegamento, MismatchesAreNamed) {
   Banco banco;
   ElencoFinestre elenco;
@@ -205,9 +318,10 @@ TEST(Collegamento, MismatchesAreNamed) {
   const Collegamento c(r, *forma, banco.console->traduttore());
   QStringList trovate = c.discordanze();
   trovate.sort();
-  EXPECT_EQ(trovate,
-            (QStringList{u"Command5: a control without a widget"_s, u"Command9: a control without a widget"_s,
-                         u"txtDiTroppo: a widget without a control"_s}));
+  EXPECT_EQ(
+      trovate,
+      (QStringList{u"Command5: a control without a widget"_s, u"Command9: a control without a widget"_s,
+                   u"drp: a widget without a control"_s, u"txtDiTroppo: a widget without a control"_s}));
 }
 
 }  // namespace

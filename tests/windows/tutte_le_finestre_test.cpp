@@ -5,8 +5,8 @@
 #include <QDir>
 
 #include "aiuti/banco.h"
+#include "app/schermo_console.h"
 #include "windows/misura.h"
-#include "windows/schermo.h"
 
 namespace lokera::prova {
 namespace {
@@ -42,7 +42,7 @@ class TutteLeFinestre : public ::testing::TestWithParam<Vista> {
   TutteLeFinestre() {
     riempi();
     b.console->griglie().larghezza_schermo = GetParam().schermo.width();
-    schermo = std::make_unique<Schermo>(*b.console, QRect({0, 0}, GetParam().schermo));
+    schermo = std::make_unique<SchermoConsole>(*b.console, QRect({0, 0}, GetParam().schermo));
     b.main().Form_Load();
     finestra = &b.main();
     scrivi_a_lungo();
@@ -56,7 +56,7 @@ class TutteLeFinestre : public ::testing::TestWithParam<Vista> {
   void tab_come_si_legge();
   void ognuno_col_suo_nome();
   Banco b;
-  std::unique_ptr<Schermo> schermo;
+  std::unique_ptr<SchermoConsole> schermo;
   Finestra* finestra = nullptr;
   QWidget* forma = nullptr;
 };

@@ -1,8 +1,9 @@
-// Saving a list back.
+#include "forms/salvataggio_lista.h"
+
 #include <cmath>
+#include <optional>
 
 #include "forms/formato.h"
-#include "forms/griglia.h"
 #include "forms/zan_form.h"
 
 namespace lokera {
@@ -37,11 +38,13 @@ QVariant valore(const QString& testo, TipoCampo tipo) {
 
 }  // namespace
 
-void griglia::annota(const Errore& errore) {
+SalvataggioLista::SalvataggioLista(griglia& lista) : lista_(lista), grd_(lista.grd()) {}
+
+void SalvataggioLista::annota(const Errore& errore) {
   if (!errore_.fallito()) errore_ = errore;
 }
 
-void griglia::salva_cella(Recordset& rs, int riga, int colonna, int indice) {
+void SalvataggioLista::salva_cella(Recordset& rs, int riga, int colonna, int indice) {
   const QString testo = grd_.cella(riga, colonna);
   if (grd_.Columns(colonna).stile == StileCella::spunta)
     return annota(rs.imposta(indice, testo == testo_spuntato));
@@ -54,12 +57,12 @@ void griglia::salva_cella(Recordset& rs, int riga, int colonna, int indice) {
 }
 
 // The same hours come again and again in one list.
-QVariant griglia::data_letta(const QString& testo) {
+QVariant SalvataggioLista::data_letta(const QString& testo) {
   const auto nota = date_lette_.constFind(testo);
   return nota != date_lette_.cend() ? *nota : *date_lette_.insert(testo, data(testo));
 }
 
-std::vector<int> griglia::indici(const Recordset& rs) const {
+std::vector<int> SalvataggioLista::indici(const Recordset& rs) const {
   std::vector<int> campi;
   for (int i = 0; i < grd_.Cols(); ++i) {
     const QString& nome = grd_.Columns(i).campo;
@@ -68,24 +71,24 @@ std::vector<int> griglia::indici(const Recordset& rs) const {
   return campi;
 }
 
-void griglia::salva_record(Recordset& rs, int riga) {
-  salva_record(rs, riga, indici(rs));
+void SalvataggioLista::salva_record(Recordset& rs, int riga) {
+  salva_celle(rs, riga, indici(rs));
 }
 
-void griglia::salva_record(Recordset& rs, int riga, const std::vector<int>& indici) {
+void SalvataggioLista::salva_celle(Recordset& rs, int riga, const std::vector<int>& indici) {
   for (size_t i = 0; i < indici.size(); ++i)
     if (indici[i] >= 0) salva_cella(rs, riga, static_cast<int>(i), indici[i]);
   pulisci_valori(rs);
 }
 
-bool griglia::salva_riga(Recordset& rs, int riga, const std::vector<int>& indici, const QStringList& valori,
-                         const Completa& completa) {
+bool SalvataggioLista::salva_riga(Recordset& rs, int riga, const std::vector<int>& indici,
+                                  const QStringList& valori, const Completa& completa) {
   if (rs.AddNew().fallito()) return true;  // the row is dropped
   for (qsizetype i = 0; i + 1 < valori.size(); i += 2) {
     const int campo = rs.indice(valori[i]);
     if (campo >= 0) annota(rs.imposta(valori[i], valore(valori[i + 1], rs.campo(campo).tipo)));
   }
-  salva_record(rs, riga, indici);
+  salva_celle(rs, riga, indici);
   if (completa) completa(rs, riga);
   // A cell that the record didn't take must not be stored as something else.
   if (!errore_.fallito()) errore_ = rs.Update();
@@ -94,9 +97,7 @@ bool griglia::salva_riga(Recordset& rs, int riga, const std::vector<int>& indici
   return false;
 }
 
-bool griglia::scrivi_tutto(Recordset& rs, const QString& valori, const Completa& completa) {
-  errore_ = {};
-  riga_rifiutata_ = -1;
+bool SalvataggioLista::scrivi_tutto(Recordset& rs, const QString& valori, const Completa& completa) {
   grd_.Update();
   grd_.Row(0);
   const QStringList coppie = valori.isEmpty() ? QStringList() : valori.split(u'\t');
@@ -104,52 +105,55 @@ bool griglia::scrivi_tutto(Recordset& rs, const QString& valori, const Completa&
   for (int riga = 0; riga < grd_.Rows() && riga_rifiutata_ < 0; ++riga)
     if (!salva_riga(rs, riga, campi, coppie, completa)) riga_rifiutata_ = riga;
   rs.Close();
-  date_lette_.clear();
-  errore_salvataggio_ = riga_rifiutata_ >= 0;
-  return !errore_salvataggio_;
+  lista_.errore_salvataggio_ = riga_rifiutata_ >= 0;
+  return riga_rifiutata_ < 0;
 }
 
-void griglia::mostra_errore() {
+void SalvataggioLista::annulla(const Errore& errore) {
+  errore_ = errore;
+  lista_.errore_salvataggio_ = true;
+}
+
+void SalvataggioLista::mostra_errore() {
   if (!errore_.fallito()) return;
   grd_.Row(riga_rifiutata_);
-  Traduttore& t = servizi_.traduttore;
+  ServiziGriglia& servizi = lista_.servizi_;
+  Traduttore& t = servizi.traduttore;
   const QString testo = t.traduci(u"Errore "_s) + QString::number(errore_.numero) +
                         t.traduci(u" durante la registrazione."_s) + u'\r' + errore_.descrizione;
-  servizi_.messaggi.mostra(testo, t.traduci(u"Errore"_s));
+  servizi.messaggi.mostra(testo, t.traduci(u"Errore"_s));
 }
 
-void griglia::salva_tutto(Recordset& rs, const QString& valori) {
-  if (!scrivi_tutto(rs, valori)) mostra_errore();
-}
+namespace {
 
-Errore griglia::riscrivi(Connection& conn, const TabellaDaLista& tabella) {
-  riga_rifiutata_ = -1;
+Errore riscrivi(Connection& conn, const TabellaDaLista& tabella, SalvataggioLista& salvataggio) {
   if (tabella.prima) {
     if (Errore e = tabella.prima(); e.fallito()) return e;
   }
   if (Errore e = conn.Execute(tabella.cancella); e.fallito()) return e;
   Recordset rs;
   if (Errore e = rs.Open(tabella.apri, conn, {}, Cursore::aggiornabile); e.fallito()) return e;
-  if (!scrivi_tutto(rs, {}, tabella.completa) || !tabella.dopo) return errore_;
+  if (!salvataggio.scrivi_tutto(rs, {}, tabella.completa) || !tabella.dopo) return salvataggio.errore();
   return tabella.dopo();
 }
+
+}  // namespace
 
 bool sostituisci_tabelle(Connection& conn, const std::vector<TabellaDaLista>& tabelle) {
   if (tabelle.empty()) return true;
   // Handlers of an edit may take their time, so it is over before the transaction begins.
   for (const TabellaDaLista& t : tabelle) t.lista.grd().Update();
-  griglia* lista = &tabelle.front().lista;
+  std::optional<SalvataggioLista> salvataggio(tabelle.front().lista);
   const Errore errore = in_transazione(conn, [&]() -> Errore {
     for (const TabellaDaLista& t : tabelle) {
-      lista = &t.lista;
-      if (Errore e = lista->riscrivi(conn, t); e.fallito()) return e;
+      salvataggio.emplace(t.lista);
+      if (Errore e = riscrivi(conn, t, *salvataggio); e.fallito()) return e;
     }
     return {};
   });
   if (!errore.fallito()) return true;
-  lista->errore_ = errore;
-  lista->errore_salvataggio_ = true;
-  lista->mostra_errore();
+  salvataggio->annulla(errore);
+  salvataggio->mostra_errore();
   return false;
 }
 
