@@ -34,7 +34,7 @@ class Avvio {
   const QString cartella_;
   const QRect disponibile_;
   RealMachine macchina_;
-  std::unique_ptr<IstanzaUnica> istanza_;
+  std::unique_ptr<IstanzaUnica> istanza_;  ///< held from `apri` to the end of the process
   Console console_;
   std::unique_ptr<SchermoConsole> schermo_;
   QTranslator testi_;

@@ -16,6 +16,7 @@ namespace lokera {
 /// errore.
 class Cronaca : public QObject, public VistaFinestra {
  public:
+  /// `vista`: who draws the main window, which gets every call after this. `uscita` stays open.
   Cronaca(Supervisore& parti, VistaFinestra& vista, FILE* uscita);
   ~Cronaca() override;
   Q_DISABLE_COPY_MOVE(Cronaca)

@@ -17,11 +17,13 @@ class Accesso {
   Accesso(Finestra& finestra, Database& db, const Clock& orologio, Traduttore& traduttore,
           MessageBox& messaggi, const SessioneSlave& slave);
 
+  /// Shows the panel with the last user of this computer, or logs out.
   void mnuAbile_Click();
+  /// "accedi". A wrong name or password gets its message, which runs the loop, and leaves no password behind.
   void cmdLogin_Click();
   void Command6_Click();  ///< "annulla"
 
-  bool accesso_abilitato = false;
+  bool accesso_abilitato = false;  ///< somebody is logged in
   /// Makes the locked menus available or not.
   std::function<void(bool)> abilita_menu;
 
@@ -32,6 +34,7 @@ class Accesso {
   CommandButton cmdLogin, Command6;
 
  private:
+  /// Who logged in last on this computer; empty when nobody has.
   QString ultimo_utente() const;
   bool utente_di_servizio(const QString& password) const;
   enum class Verifica { buona, sconosciuto, password_errata };

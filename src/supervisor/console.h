@@ -14,7 +14,8 @@ namespace lokera {
 /// A whole console on a machine: the database, what all windows share, the main window and the others.
 class Console {
  public:
-  /// `istanza_precedente` tells whether another console runs on this computer with this database already.
+  /// The machine outlives the console. `istanza_precedente` tells whether another console runs on this
+  /// computer with this database already.
   explicit Console(const Machine& macchina, std::function<bool()> istanza_precedente = {});
   ~Console();
 
@@ -23,6 +24,7 @@ class Console {
   /// and returns false.
   bool apri(const QString& cartella);
 
+  // From a good `apri` on.
   frm_Main& principale() { return parti_->principale; }
   Supervisore& parti() { return *parti_; }
   Database& db() { return db_; }
@@ -45,7 +47,7 @@ class Console {
   ServiziGriglia griglie_;
   std::unique_ptr<Supervisore> parti_;
   CatalogoFinestre catalogo_;
-  GestoreFinestre finestre_;
+  GestoreFinestre finestre_;  ///< its windows go first: they stand on all of the above
 };
 
 }  // namespace lokera

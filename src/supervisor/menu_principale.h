@@ -16,16 +16,21 @@ class MenuPrincipale {
   MenuPrincipale(Finestra& finestra, Database& db, const ElencoFinestre& finestre, Traduttore& traduttore,
                  MessageBox& messaggi, Desktop& desktop, Program& programma);
 
+  // "Tabelle": users and their cards, keys, cabinets, time bands.
   Menu mnuTab, ut, mnuUtenti, mnuGruUtenti, mnuOperatori, chia, mnuTesCh, mnuGru, mnuParLok, mnuFascie;
+  // "Movimenti": the views and the visit at once.
   Menu mnuMov, mnuVediMov, mnuSitkey, mnuScarTrans;
+  // "Utilities": the cabinet's memory card, translations, update of the file, support.
   Menu mnuUtilities, mnuMemSD, mnuImport, mnuExport, mnuTrad, mnuAggDB, mnuTeleAssist;
-  Menu mnuEsc;
+  Menu mnuEsc;  ///< "Fine Lavoro"
 
+  // The two card windows are never open side by side: the second gets a message instead.
   void mnuUtenti_Click();
   void mnuTesCh_Click();
   void mnuParLok_Click();
-  void mnuAggDB_Click();
+  void mnuAggDB_Click();  ///< migrates the file; what fails of it is not told
   void mnuTeleAssist_Click();
+  /// Ends the program, unless `si_puo_finire` says no.
   void mnuEsc_Click();
 
   /// The three menus that a login unlocks.

@@ -28,16 +28,17 @@ class Supervisore {
               ServiziGriglia& griglie);
   Q_DISABLE_COPY_MOVE(Supervisore)
 
-  frm_Main principale;
+  frm_Main principale;  ///< its controls first, then those of the parts, in the order that Tab and
+                        ///< translation take
 
  private:
-  Scambio scambio_;
+  Scambio scambio_;  ///< the slots that both sessions fill
 
  public:
-  SessioneSlave slave;
-  SessioneDownload download;
-  Conversazione wsk_udp;
-  Giorno giorno;
+  SessioneSlave slave;        ///< to the managed cabinet, for as long as it lasts
+  SessioneDownload download;  ///< to the cabinet that is visited, or that a window talks to
+  Conversazione wsk_udp;      ///< the reset of a cabinet that no longer answers
+  Giorno giorno;              ///< today's day type, shared by decisions, bands and push
   PannelloLive pannello;
   MovimentiInAttesa in_attesa;  ///< the live movements that could not be booked yet
   Tabellone tabellone;
@@ -46,7 +47,7 @@ class Supervisore {
   Acquisizione acquisizione;
   Decisioni decisioni;
   FasceOrarie fasce;
-  Accesso accesso;  // its menu entry is the first of the bar
+  Accesso accesso;  ///< its menu entry is the first of the bar
   MenuPrincipale menu;
   griglia griglia_lokere, griglia_agg_oper;
   LokereSistema lokere;

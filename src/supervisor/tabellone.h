@@ -38,13 +38,13 @@ class Tabellone {
   Shape keyN, keyP, keyU;
   Label lblKeyN, lblKeyP, lblKeyU;
 
-  std::array<qint32, pannelli> pos_pannelli{};
+  std::array<qint32, pannelli> pos_pannelli{};  ///< where each panel stood at the start, pixels from the top
 
  private:
   void chiave_uscita(qlonglong posizione) { mostra(posizione, keyU, bianco); }
   void chiave_presente(qlonglong posizione) { mostra(posizione, keyP, nero); }
   void mostra(qlonglong posizione, const Shape& legenda, Colore numero);
-  void spegni();
+  void spegni();  ///< no panel, every lamp as of a position without a key
   void mostra_pannelli(qlonglong ultima);
 
   Database& db_;

@@ -29,6 +29,7 @@ std::unique_ptr<Adattatore> adatta_a(C& controllo, QWidget& widget, Altro&... al
   return w ? std::make_unique<A>(controllo, *w, altro...) : nullptr;
 }
 
+// One function for each kind of control; null when the widget can't show it.
 std::unique_ptr<Adattatore> adatta_lampada(Shape& shape, QWidget& widget, Traduttore& traduttore);
 std::unique_ptr<Adattatore> adatta_numero(NumeroPosizione& numero, QWidget& widget);
 std::unique_ptr<Adattatore> adatta_lista(SSOleDBGrid& grd, QWidget& widget);

@@ -22,7 +22,7 @@ class FormaPrincipale : public QMainWindow {
 
  private:
   void crea_lampade();
-  void disponi_liste();
+  void disponi_liste();  ///< the queue takes the room of a list of cabinets that is hidden
   std::unique_ptr<Ui::frm_Main> ui_;
 };
 

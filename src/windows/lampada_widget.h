@@ -15,7 +15,9 @@ class LampadaWidget : public QWidget {
  public:
   explicit LampadaWidget(QWidget* padre = nullptr);
 
+  /// Repaints only when one of the two is another.
   void mostra(Aspetto aspetto, Colore colore);
+  /// The position's number, as it is displayed, over the sign; empty for none.
   void numero(const QString& numero, Colore colore);
   Aspetto aspetto() const { return aspetto_; }
   QColor colore() const { return colore_; }
@@ -27,6 +29,7 @@ class LampadaWidget : public QWidget {
   void paintEvent(QPaintEvent* evento) override;
 
  private:
+  // The form, then the sign on it; the number comes over both.
   void dipingi_sfondo(QPainter& p, const QRectF& r) const;
   void dipingi_segno(QPainter& p, const QRectF& r) const;
 

@@ -12,7 +12,9 @@ class Lista : public QFrame {
   Q_OBJECT
  public:
   explicit Lista(QWidget* padre = nullptr);
+  /// Where the rows are; it takes the focus for the list.
   TabellaLista& tabella() { return *tabella_; }
+  /// Also the accessible name of the rows; an empty one takes no room.
   void titolo(const QString& titolo);
 
  protected:
