@@ -1,7 +1,6 @@
 #include "access/fasce.h"
 
 #include "aiuti/banco.h"
-#include "ledger/coda_tessere.h"
 
 namespace lokera::prova {
 namespace {
@@ -40,28 +39,29 @@ class FasceTest : public ::testing::Test {
 };
 
 TEST_F(FasceTest, UnaVoltaAllAperturaEUnaAllaChiusura) {
-  const std::pair<QTime, int> casi[] = {{QTime(7, 55, 59), 0}, {QTime(7, 56), 2}, {QTime(9, 0), 0},
-                                        {QTime(12, 0, 59), 0}, {QTime(12, 1), 2}, {QTime(12, 30), 0},
-                                        {QTime(23, 59), 0}};
-  for (int g = 0; g < 2; ++g, giorno = giorno.addDays(7)) {
-    for (const auto& [ora, accodate] : casi) EXPECT_EQ(corsa(ora), accodate) << ora.toString().toStdString();
+  struct Caso {
+    const char* nome;
+    QString alle;
+    QList<std::pair<QTime, int>> corse;
+  };
+  const QList<std::pair<QTime, int>> normale = {{QTime(7, 55, 59), 0}, {QTime(7, 56), 2}, {QTime(9, 0), 0},
+                                                {QTime(12, 0, 59), 0}, {QTime(12, 1), 2}, {QTime(12, 30), 0},
+                                                {QTime(23, 59), 0}};
+  const Caso casi[] = {{"a day", u"12:00"_s, normale},
+                       {"the same a week later", u"12:00"_s, normale},
+                       {"begun in the closing minute, which opens nothing any more",
+                        u"12:00"_s,
+                        {{QTime(12, 0), 0}, {QTime(14, 0), 2}, {QTime(14, 5), 0}}},
+                       {"too short for a second run", u"08:05"_s, {{QTime(7, 58), 2}, {QTime(8, 6), 0}}},
+                       {"ten minutes from the first run are too short, too",
+                        u"08:08"_s,
+                        {{QTime(7, 58), 2}, {QTime(8, 9), 0}}}};
+  for (const Caso& c : casi) {
+    b.sql(u"update fascie_orarie set alle_ore = #%1#"_s.arg(c.alle));
+    for (const auto& [ora, accodate] : c.corse)
+      EXPECT_EQ(corsa(ora), accodate) << c.nome << ' ' << ora.toString().toStdString();
+    giorno = giorno.addDays(7);
   }
-}
-
-TEST_F(FasceTest, PartitiAlPomeriggioBastaLaChiusura) {
-  EXPECT_EQ(corsa(QTime(12, 0)), 0);  // the closing minute opens nothing any more
-  EXPECT_EQ(corsa(QTime(14, 0)), 2);
-  EXPECT_EQ(corsa(QTime(14, 5)), 0);
-}
-
-TEST_F(FasceTest, UnaFasciaCortaNonHaLaSecondaCorsa) {
-  b.sql(u"update fascie_orarie set alle_ore = #08:05#"_s);
-  EXPECT_EQ(corsa(QTime(7, 58)), 2);
-  EXPECT_EQ(corsa(QTime(8, 6)), 0);
-  giorno = giorno.addDays(7);
-  b.sql(u"update fascie_orarie set alle_ore = #08:08#"_s);  // ten minutes later is too short, too
-  EXPECT_EQ(corsa(QTime(7, 58)), 2);
-  EXPECT_EQ(corsa(QTime(8, 9)), 0);
 }
 
 /// A clock on which everything takes long, and a loop that lets others in.
@@ -89,25 +89,6 @@ TEST_F(FasceTest, UnaCorsaLungaCedeFuoriDalleTransazioniENonNeTrovaUnAltra) {
   EXPECT_EQ(b.conta(coda), 2);
 }
 
-TEST_F(FasceTest, ChiEInCodaRestaComE) {
-  CodaTessere tessere(b.db().connessione_db);
-  const QString codice = u"0000000001"_s;
-  EXPECT_FALSE(
-      tessere.accoda_cancellazione_conservando(codice, 1, MotivoConservare::non_raggiunta).fallito());
-  b.vm.orologio().imposta(momento(giorno, QTime(8, 0)));
-  b.parti().fasce.applica_fasce_orarie();
-  EXPECT_EQ(b.conta(coda), 2);
-  EXPECT_EQ(b.conta(coda, u"operazione = 'D' and ID_lokera = 1"_s), 1);
-  EXPECT_EQ(b.conta(coda, u"operazione = 'I' and ID_lokera = 2"_s), 1);
-}
-
-TEST_F(FasceTest, UnaTesseraInUscitaNonTornaDaNessunaParte) {
-  b.in_coda(u"0000000001"_s, 3, u"D"_s);
-  b.in_coda(u"0000000002"_s, 1, u"D"_s);
-  EXPECT_EQ(corsa(QTime(8, 0)), 2);
-  EXPECT_EQ(corsa(QTime(12, 1)), 2);  // the deletions have been served
-}
-
 TEST_F(FasceTest, AncheInMoltiOgnunoUnaVoltaEChiEInCodaRestaComE) {
   const auto codice = [](int i) { return QString::number(2'000'000'000 + i); };
   for (int i = 0; i < 130; ++i) {
@@ -122,11 +103,12 @@ TEST_F(FasceTest, AncheInMoltiOgnunoUnaVoltaEChiEInCodaRestaComE) {
     b.sql(u"insert into tessere_da_conservare (ID_tessera, ID_lokera, motivo) values (?, 2, 'x')"_s,
           {codice(i)});
   }
+  b.in_coda(codice(7), 1, u"D"_s);  // on its way out: comes back nowhere
   b.vm.orologio().imposta(momento(giorno, QTime(8, 0)));
   b.parti().fasce.applica_fasce_orarie();
-  EXPECT_EQ(b.conta(coda, u"operazione = 'D'"_s), 3);
-  EXPECT_EQ(b.conta(coda), 131 * 2 + 131) << "two cabinets with keys of group 5, one of group 6";
-  EXPECT_EQ(b.conta(coda, u"ID_lokera = 3"_s), 131);
+  EXPECT_EQ(b.conta(coda, u"operazione = 'D'"_s), 4);
+  EXPECT_EQ(b.conta(coda), 130 * 2 + 130 + 1) << "two cabinets with keys of group 5, one of group 6";
+  EXPECT_EQ(b.conta(coda, u"ID_lokera = 3"_s), 130);
 }
 
 TEST_F(FasceTest, UnErroreNonPerdeLaFascia) {

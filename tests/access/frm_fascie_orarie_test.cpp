@@ -13,11 +13,10 @@ using namespace Qt::StringLiterals;
 class FrmFascieOrarie : public BancoFinestre {
  protected:
   FrmFascieOrarie() {
-    sql(u"insert into gruppi values (1, 'Officina')"_s);
-    sql(u"insert into gruppi values (2, 'Uffici')"_s);
-    sql(u"insert into gruppi_utente values (7, 'Manutentori')"_s);
-    sql(u"insert into gruppi_utente values (8, 'Guardie')"_s);
+    sql(u"insert into gruppi values (1, 'Officina'), (2, 'Uffici')"_s);
+    sql(u"insert into gruppi_utente values (7, 'Manutentori'), (8, 'Guardie')"_s);
   }
+  void salva() { finestra.Command5_Click(); }
   void fascia(int oper, int chiavi, const QString& giorno, QTime dalle, QTime alle,
               const QDateTime& eseguita = {}) {
     sql(u"insert into fascie_orarie (gruppo_oper, gruppo_chiavi, giorno, dalle_ore, alle_ore, "
@@ -56,64 +55,56 @@ TEST_F(FrmFascieOrarie, ABandIsMadeFromTheLists) {
   digita(grd, {u"8"_s, u"12.30"_s});
   EXPECT_EQ(grd.cella(0, u"desc_gruppo_oper"), u"Guardie"_s);
   EXPECT_EQ(grd.cella(0, u"desc_gruppo_chiavi"), u"Officina"_s);
+  EXPECT_FALSE(grd.modificabile(0, grd.colonna(u"desc_gruppo_oper")));
   EXPECT_EQ(fasce(), QStringList{});
-  finestra.Command5_Click();
+  salva();
   EXPECT_EQ(fasce(), QStringList{u"8|1|Lunedì|08:00:00|12:30:00|-"_s});
   EXPECT_EQ(messaggi.testi(), QStringList{u"Registrazione conclusa!"_s});
-}
-
-TEST_F(FrmFascieOrarie, ATypedNumberBringsTheGroupsWords) {
-  fascia(7, 1, u"Lunedì"_s, {8, 0}, {12, 0});
-  finestra.Form_Load();
-  EXPECT_EQ(grd.cella(0, u"desc_gruppo_chiavi"), u"Officina"_s);
+  // A typed number brings the group's words, too.
   for (const auto& [numero, parole] : {std::pair(u"2"_s, u"Uffici"_s), {u"9"_s, QString()}}) {
     grd.utente_modifica(0, grd.colonna(u"gruppo_chiavi"), numero);
     EXPECT_EQ(grd.cella(0, u"desc_gruppo_chiavi"), parole);
   }
-  EXPECT_FALSE(grd.modificabile(0, grd.colonna(u"desc_gruppo_oper")));
 }
 
 TEST_F(FrmFascieOrarie, ADayGoesIntoTheListTheUserIsIn) {
   fascia(7, 1, u"Lunedì"_s, {8, 0}, {12, 0});
   sql(u"insert into giorni_particolari values (25, 12, 0, 'Domenica')"_s);
   finestra.Form_Load();
-  const auto in_fasce = [&] { grd.SetFocus(); };
-  const auto in_giorni = [&] { grdG.SetFocus(); };
-  const auto clic_fasce = [&] { grd.utente_clicca(0, 0); };
-  const auto clic_giorni = [&] { grdG.utente_clicca(0, 0); };
   const struct {
     std::function<void()> entra;
     int voce;
     QString fasce, giorni;
-  } casi[] = {{in_fasce, 1, u"Martedì"_s, u"Domenica"_s},
-              {in_giorni, 2, u"Martedì"_s, u"Mercoledì"_s},
-              {clic_fasce, 5, u"Sabato"_s, u"Mercoledì"_s},
-              {clic_giorni, 6, u"Sabato"_s, u"Domenica"_s}};
+  } casi[] = {{[&] { grd.SetFocus(); }, 1, u"Martedì"_s, u"Domenica"_s},
+              {[&] { grdG.SetFocus(); }, 2, u"Martedì"_s, u"Mercoledì"_s},
+              {[&] { grd.utente_clicca(0, 0); }, 5, u"Sabato"_s, u"Mercoledì"_s},
+              {[&] { grdG.utente_clicca(0, 0); }, 6, u"Sabato"_s, u"Domenica"_s}};
   for (const auto& c : casi) {
     c.entra();
     finestra.drpGiorni.CloseUp(c.voce);
-    EXPECT_EQ(grd.cella(0, u"giorno"), c.fasce);
-    EXPECT_EQ(grdG.cella(0, u"giorno"), c.giorni);
+    EXPECT_EQ(grd.cella(0, u"giorno"), c.fasce) << c.voce;
+    EXPECT_EQ(grdG.cella(0, u"giorno"), c.giorni) << c.voce;
   }
 }
 
 TEST_F(FrmFascieOrarie, AFullDateShowsItsWeekday) {
-  const struct {
-    QString gg, mm, aaaa, giorno;
-  } casi[] = {{u"25"_s, u"12"_s, u"2008"_s, u"Giovedì"_s}, {u"1"_s, u"1"_s, u"2009"_s, u"Giovedì"_s},
-              {u"29"_s, u"2"_s, u"2008"_s, u"Venerdì"_s},  {u"29"_s, u"2"_s, u"2009"_s, u""_s},
-              {u"25"_s, u"12"_s, u"0"_s, u""_s},           {u"12"_s, u"25"_s, u"2008"_s, u""_s},
-              {u"x"_s, u"12"_s, u"2008"_s, u""_s},         {u"25"_s, u"12"_s, u""_s, u""_s},
-              {u"6"_s, u"1"_s, u"2009"_s, u"Martedì"_s}};
+  const std::pair<const char*, QString> casi[] = {{"25 12 2008", u"Giovedì"_s},
+                                                  {"29 2 2008", u"Venerdì"_s},
+                                                  {"29 2 2009", {}},
+                                                  {"25 12 0", {}},
+                                                  {"12 25 2008", {}},
+                                                  {"x 12 2008", {}},
+                                                  {"25 12 ", {}},
+                                                  {"6 1 2009", u"Martedì"_s}};
   sql(u"insert into giorni_particolari values (30, 11, 2008, 'Lunedì')"_s);
   finestra.Form_Load();
   EXPECT_EQ(grdG.cella(0, u"giorno_data"), u"Domenica"_s);
   EXPECT_FALSE(grdG.modificabile(0, grdG.colonna(u"giorno_data")));
-  for (const auto& c : casi) {
-    grdG.utente_modifica(0, grdG.colonna(u"GG"), c.gg);
-    grdG.utente_modifica(0, grdG.colonna(u"MM"), c.mm);
-    grdG.utente_modifica(0, grdG.colonna(u"AAAA"), c.aaaa);
-    EXPECT_EQ(grdG.cella(0, u"giorno_data"), c.giorno) << c.gg.toStdString();
+  for (const auto& [data, giorno] : casi) {
+    const QStringList parti = QString::fromLatin1(data).split(u' ');
+    for (int i = 0; i < 3; ++i)
+      grdG.utente_modifica(0, grdG.colonna(QList{u"GG"_s, u"MM"_s, u"AAAA"_s}[i]), parti[i]);
+    EXPECT_EQ(grdG.cella(0, u"giorno_data"), giorno) << data;
   }
 }
 
@@ -124,29 +115,25 @@ TEST_F(FrmFascieOrarie, BothTablesAreReplacedOrNone) {
   finestra.Form_Load();
   grd.utente_modifica(0, grd.colonna(u"alle_ore"), u"13"_s);
   digita_riga(grdG, {u"25"_s, u"12"_s, u"0"_s, u"Sabato"_s});
-  finestra.Command5_Click();
+  salva();
   EXPECT_EQ(fasce(), fasce_prima);
   EXPECT_EQ(giorni(), giorni_prima);
   ASSERT_EQ(messaggi.mostrati.size(), 1);
   EXPECT_TRUE(messaggi.testi()[0].contains(u" durante la registrazione."));
   EXPECT_EQ(grdG.Rows(), 2);
   grdG.utente_elimina(1);
-  finestra.Command5_Click();
+  for (const QString& nessuna_ora : {u"25.00"_s, u"otto"_s, QString()}) {
+    grd.utente_modifica(0, grd.colonna(u"dalle_ore"), nessuna_ora);
+    salva();
+    EXPECT_EQ(fasce(), fasce_prima) << nessuna_ora.toStdString();
+  }
+  EXPECT_EQ(messaggi.mostrati.size(), 4);
+  grd.utente_modifica(0, grd.colonna(u"dalle_ore"), u"8"_s);
+  salva();
   EXPECT_EQ(fasce(), QStringList{u"7|1|Lunedì|08:00:00|13:00:00|-"_s});
   grd.utente_elimina(0);
-  finestra.Command5_Click();
+  salva();
   EXPECT_EQ(fasce(), QStringList{});
-}
-
-TEST_F(FrmFascieOrarie, AnHourThatIsNoneIsRefused) {
-  fascia(7, 1, u"Lunedì"_s, {8, 0}, {12, 0});
-  finestra.Form_Load();
-  for (const QString& testo : {u"25.00"_s, u"otto"_s, QString()}) {
-    grd.utente_modifica(0, grd.colonna(u"dalle_ore"), testo);
-    finestra.Command5_Click();
-    EXPECT_EQ(fasce(), QStringList{u"7|1|Lunedì|08:00:00|12:00:00|-"_s}) << testo.toStdString();
-  }
-  EXPECT_EQ(messaggi.mostrati.size(), 3);
 }
 
 TEST_F(FrmFascieOrarie, ASaveKeepsWhatTheCabinetsWereTold) {
@@ -161,7 +148,7 @@ TEST_F(FrmFascieOrarie, ASaveKeepsWhatTheCabinetsWereTold) {
   digita_riga(grd, {u"8"_s});
   grd.Col(grd.colonna(u"gruppo_chiavi"));
   digita(grd, {u"2"_s, u"Domenica"_s, u"11"_s, u"12"_s});
-  finestra.Command5_Click();
+  salva();
   EXPECT_EQ(fasce(), (QStringList{u"7|1|Domenica|08:00:00|12:00:00|2008-11-30 07:56:00"_s,
                                   u"7|2|Domenica|09:00:00|12:00:00|2008-11-30 07:56:00"_s,
                                   u"8|1|Domenica|10:00:00|12:00:00|2008-11-30 07:57:00"_s,
@@ -199,7 +186,7 @@ TEST_F(SalvataggioEInvio, OnlyBandsThatCallForAPushGetOne) {
               {"of no cards still", u"gruppo_chiavi"_s, u"2"_s, 0, 0}};
   for (const auto& c : casi) {
     grd.utente_modifica(0, grd.colonna(c.campo), c.testo);
-    finestra.Command5_Click();
+    salva();
     EXPECT_EQ(in_coda(), c.al_salvataggio) << c.cosa;
     sql(u"delete from aggiorn_tessere_oper"_s);
     scheduler.applica_fasce_orarie();
@@ -219,37 +206,34 @@ TEST_F(SalvataggioEInvio, ABandThatIsGoneTodayIsTakenBackFromTheCabinets) {
   };
   // Today becomes a Monday: with another date nothing happens.
   digita_riga(grdG, {u"1"_s, u"12"_s, u"0"_s, u"Lunedì"_s});
-  finestra.Command5_Click();
+  salva();
   EXPECT_EQ(accodati(), QStringList{dopo[1]});
   digita_riga(grdG, {u"30"_s, u"11"_s, u"0"_s, u"Lunedì"_s});
-  finestra.Command5_Click();
+  sql(u"create trigger pieno before insert on aggiorn_tessere_oper begin select raise(abort, 'pieno'); end"_s);
+  const QStringList prima = giorni();
+  salva();
+  EXPECT_EQ(giorni(), prima) << "without its queue a save is none";
+  EXPECT_TRUE(messaggi.testi().last().contains(u"pieno"_s));
+  sql(u"drop trigger pieno"_s);
+  salva();
   EXPECT_EQ(accodati(), dopo);
   sql(u"delete from aggiorn_tessere_oper where ID_lokera = 5"_s);
   grdG.utente_elimina(grdG.Rows() - 1);
-  finestra.Command5_Click();
+  salva();
   EXPECT_EQ(accodati(), dopo);
   sql(u"delete from aggiorn_tessere_oper where ID_lokera = 5"_s);
   grd.utente_elimina(0);
-  finestra.Command5_Click();
+  salva();
   EXPECT_EQ(accodati(), dopo);
 }
 
-TEST_F(SalvataggioEInvio, WithoutItsQueueASaveIsNone) {
-  const QStringList prima = fasce();
-  sql(u"create trigger pieno before insert on aggiorn_tessere_oper begin select raise(abort, 'pieno'); end"_s);
-  grd.utente_elimina(0);
-  finestra.Command5_Click();
-  EXPECT_EQ(fasce(), prima);
-  EXPECT_TRUE(messaggi.testi().value(0).contains(u"pieno"_s));
-}
-
 TEST_F(SalvataggioEInvio, TheEndOfABandIsPushedAfterASave) {
-  finestra.Command5_Click();
+  salva();
   vm.esegui_per(std::chrono::hours(4) + std::chrono::minutes(1));
   scheduler.applica_fasce_orarie();
   EXPECT_EQ(in_coda(), 1);
   sql(u"delete from aggiorn_tessere_oper"_s);
-  finestra.Command5_Click();
+  salva();
   scheduler.applica_fasce_orarie();
   EXPECT_EQ(in_coda(), 0);
 }

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "aiuti/righe.h"
+#include "link/protocollo.h"
 #include "platform/letterali.h"
 #include "simulation/macchina/virtual_machine.h"
 #include "store/schema_base.h"
@@ -48,6 +49,7 @@ class Banco {
     esegui(db().connessione_db, statement, valori);
   }
 
+  QStringList righe(const QString& statement) { return prova::righe(db().connessione_db, statement); }
   /// First column of the first row; invalid for no row.
   QVariant uno(const QString& statement, const QVariantList& valori = {}) {
     Recordset rs;
@@ -92,10 +94,25 @@ class Banco {
         {tessera, lokera, operazione});
   }
 
+  /// Leaves the special days unreadable, which no migration mends.
+  void senza_giorni() {
+    sql(u"drop table giorni_particolari"_s);
+    sql(u"create view giorni_particolari as select 1 as GG"_s);
+  }
+
   QTemporaryDir cartella;
   VirtualMachine vm;
   std::unique_ptr<Console> console;
 };
+
+/// What a cabinet with an empty store and the serial 12345 answers when all is well.
+inline QList<QByteArray> risponde_bene(const QByteArray& frame) {
+  const QByteArray codice = frame.left(5);
+  if (codice == "00010") return {componi_frame("0001000X")};
+  if (codice == "0001B") return {componi_frame("0001B000000012345")};
+  if (codice == "00039") return {componi_frame("00039000000")};
+  return {componi_frame(codice + "00")};
+}
 
 /// The far end of a cabinet's port, which answers as the test says and keeps what it received.
 class LokeraFinta {
@@ -114,6 +131,13 @@ class LokeraFinta {
   void invia(const QByteArray& dati) { canale_->invia(dati); }
   void chiudi() { canale_->chiudi(); }
 
+  /// The commands received since the last call.
+  QList<QByteArray> comandi() {
+    QList<QByteArray> codici;
+    for (const QByteArray& f : std::exchange(ricevuti, {})) codici << f.left(5);
+    return codici;
+  }
+
   QList<QByteArray> ricevuti;
   int connessioni = 0;
 
@@ -126,6 +150,32 @@ class LokeraFinta {
 
   Risposta risposta_;
   std::shared_ptr<Canale> canale_;
+};
+
+/// A console and the far end of its live session with cabinet 1, which is still to be registered.
+struct BancoLive {
+  explicit BancoLive(const QDateTime& inizio = momento(QDate(2008, 11, 30), QTime(8, 0))) : b(inizio) {}
+
+  /// What the console answers, without block check; "-" for no answer.
+  QByteArray chiedi(const QByteArray& testo) {
+    lokera.ricevuti.clear();
+    lokera.invia(componi_frame(testo));
+    b.vm.esegui_per(20ms);
+    if (lokera.ricevuti.isEmpty()) return "-";
+    const QByteArray frame = lokera.ricevuti.last();
+    EXPECT_EQ(frame, componi_frame(frame.chopped(3)));
+    return frame.chopped(3);
+  }
+  QByteArray tessera(const QByteArray& codice, char stato = '1') {
+    return chiedi("00090..0123456789" + QByteArray(1, stato) + codice);
+  }
+  QByteArray chiave(const QByteArray& codice, char verso = '1') {
+    return chiedi("00091..0123456789" + QByteArray(1, verso) + codice);
+  }
+  QByteArray esito(const QByteArray& codice) { return chiedi("00092.ABCDEFGHIJ." + codice); }
+
+  Banco b;
+  LokeraFinta lokera{b.vm, u"127.0.0.2"_s, 10002};
 };
 
 }  // namespace lokera::prova

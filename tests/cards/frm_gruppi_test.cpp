@@ -63,28 +63,5 @@ TEST_P(FrmGruppi, AListThatCouldNotBeReadCanNotReplaceTheTable) {
   EXPECT_FALSE(finestra.Command5.Enabled());
 }
 
-TEST_P(FrmGruppi, WhatTheCellShowsIsStoredAndFound) {
-  finestra.Form_Load();
-  for (const QString& testo : testi_difficili()) {
-    grd.Row(0);
-    grd.utente_modifica(0, 1, testo);
-    const QString mostrato = grd.cella(0, 1);
-    EXPECT_EQ(mostrato, testo.left(50)) << "a cell takes no more characters";
-    finestra.Command5_Click();
-    EXPECT_EQ(righe(u"select codice from %1 where descrizione = ?"_s.arg(nome()), {mostrato}),
-              QStringList{u"1"_s})
-        << testo.left(60).toStdString();
-  }
-}
-
-TEST_P(FrmGruppi, TheWindowSpeaksTheSecondLanguage) {
-  db.lingua_interfaccia = 1;
-  finestra.Form_Load();
-  EXPECT_EQ(finestra.Caption(), traduttore.traduci(GetParam().tabella().titolo));
-  EXPECT_NE(finestra.Caption(), GetParam().tabella().titolo);
-  EXPECT_EQ(finestra.Command5.Caption(), u"Save changes"_s);
-  EXPECT_NE(grd.Columns(1).Caption, u"descrizione"_s);
-}
-
 }  // namespace
 }  // namespace lokera::prova

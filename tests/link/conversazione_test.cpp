@@ -35,37 +35,12 @@ class ConversazioneTest : public ::testing::Test {
   PolledWait attesa{vm.orologio(), vm.ciclo()};
   Machine macchina = vm.macchina();
   Conversazione c{macchina.socket, attesa};
-  std::shared_ptr<Canale> canale;
 };
 
 TEST_F(ConversazioneTest, SiConnetteEntroIlLimite) {
-  vm.rete().ascolta_tcp(u"127.0.0.2"_s, 10001, [this](std::shared_ptr<Canale> c) { canale = std::move(c); });
-  EXPECT_TRUE(c.connetti(u"127.0.0.2"_s, 10001, 2));
   EXPECT_GE(durata([&] { EXPECT_FALSE(c.connetti(u"127.0.0.3"_s, 10001, 2)); }), 2s);
   vm.ciclo().fra(100ms, [&] { c.prendi(); });
   EXPECT_LT(durata([&] { EXPECT_FALSE(c.connetti(u"127.0.0.3"_s, 10001, 2)); }), 1s) << "taken by another";
-}
-
-TEST_F(ConversazioneTest, LaPrimaCheServeFinisceLAttesa) {
-  vm.rete().ascolta_tcp(u"127.0.0.2"_s, 10001, [this](std::shared_ptr<Canale> sua) {
-    canale = std::move(sua);
-    canale->Arrivo = [this](QByteArrayView) {
-      for (const char* testo : {"0001F0012", "0001B05", "0001B0034", "0001B0056"})
-        canale->invia(componi_frame(testo));
-    };
-  });
-  QList<QByteArray> altri;
-  c.arrivato = [&](const QByteArray& frame, bool suo) {
-    if (!suo) altri << frame;
-  };
-  ASSERT_TRUE(c.connetti(u"127.0.0.2"_s, 10001, 2));
-  const Esito<QByteArray> risposta = c.chiedi(componi_frame("0001B"), 1, testa_risposta, risposta_buona);
-  ASSERT_FALSE(risposta.fallito());
-  EXPECT_EQ(*risposta, componi_frame("0001B0034"));
-  EXPECT_EQ(altri, QList<QByteArray>{componi_frame("0001F0012")});
-  EXPECT_EQ(c.chiedi(componi_frame("00095"), 1).errore().numero, senza_risposta);
-  vm.ciclo().fra(100ms, [&] { c.chiudi(); });
-  EXPECT_EQ(c.chiedi(componi_frame("00095"), 1).errore().numero, conversazione_finita);
 }
 
 TEST_F(ConversazioneTest, UnaRicercaRaccoglieFinoAllaFine) {

@@ -39,8 +39,7 @@ class BloccoAllAvvio : public ::testing::TestWithParam<bool> {
   Banco b;
   AltraConsole altra{b.file()};
   bool caricata = false;
-  int elenco = 0;
-  int colonne = 0;
+  int elenco = 0, colonne = 0;
 };
 
 TEST_P(BloccoAllAvvio, ChePassaPortaAUnAvvioNormale) {
@@ -84,7 +83,7 @@ TEST(Blocco, SoloUnaColonnaMancanteEUnFileVecchio) {
   b.main().Form_Load();
   EXPECT_TRUE(b.vm.programma().finito);
   EXPECT_EQ(b.vm.messaggi().testi(), QStringList());
-  EXPECT_EQ(righe(b.db().connessione_db, u"select slot, computer_ctrl from parametri"_s), QStringList{"0| "});
+  EXPECT_EQ(b.righe(u"select slot, computer_ctrl from parametri"_s), QStringList{"0| "});
 }
 
 TEST(Blocco, DuranteIlLavoroLElencoRestaComEra) {

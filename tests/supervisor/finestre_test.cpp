@@ -26,23 +26,5 @@ TEST(Finestre, MenusOpenThemOnceAndTheyCountUntilTheyAreClosed) {
   }
 }
 
-TEST(Finestre, TheCycleStaysWithItsCabinetWhileOneIsOpen) {
-  Banco b;
-  b.lokera(1);
-  b.lokera(2);
-  b.main().Form_Load();
-  b.parti().menu.mnuGru.Click();
-  const QString prima = b.main().corrente.lblID.Caption();
-  b.vm.esegui_per(5min);
-  EXPECT_EQ(b.main().corrente.lblID.Caption(), prima);
-  b.console->elenco().trova(u"frm_gruppi")->chiudi();
-  QStringList visitate;
-  for (int i = 0; i < 10; ++i) {
-    b.vm.esegui_per(30s);
-    visitate += b.main().corrente.lblID.Caption();
-  }
-  EXPECT_TRUE(visitate.contains(u"1"_s) && visitate.contains(u"2"_s));
-}
-
 }  // namespace
 }  // namespace lokera::prova

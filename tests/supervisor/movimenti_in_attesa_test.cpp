@@ -1,7 +1,6 @@
 #include "ledger/movimenti_in_attesa.h"
 
 #include "aiuti/banco.h"
-#include "link/protocollo.h"
 
 namespace lokera::prova {
 namespace {
@@ -9,9 +8,9 @@ namespace {
 using namespace Qt::StringLiterals;
 
 /// A managed cabinet, and another console that holds the file's lock for a while.
-class MovimentiInAttesaTest : public ::testing::Test {
+class MovimentiInAttesaTest : public ::testing::Test, protected BancoLive {
  protected:
-  MovimentiInAttesaTest() : lokera(b.vm, u"127.0.0.2"_s, 10002) {
+  MovimentiInAttesaTest() {
     b.lokera(1, 1);
     b.tessera(u"0000000001"_s, 1, 1);
     b.abilita(u"0000000001"_s, 5);
@@ -19,30 +18,20 @@ class MovimentiInAttesaTest : public ::testing::Test {
     b.main().Form_Load();
     EXPECT_FALSE(altra.Open(b.file(), password_database()).fallito());
   }
-
-  QByteArray chiedi(const QByteArray& testo) {
-    const qsizetype prima = lokera.ricevuti.size();
-    lokera.invia(componi_frame(testo));
-    b.vm.esegui_per(20ms);
-    return lokera.ricevuti.size() > prima ? lokera.ricevuti.last().chopped(3) : "-";
-  }
-  QByteArray tessera() { return chiedi("00090..012345678910000000001"); }
+  QByteArray tessera() { return BancoLive::tessera("0000000001"); }
   /// A whole withdrawal ('1') or return ('0'); what its end is answered.
-  QByteArray muove(char verso, const QByteArray& chiave) {
-    chiedi("00091..0123456789" + QByteArray(1, verso) + chiave);
-    return chiedi(verso == '1' ? "00092.ABCDEFGHIJ.03" : "00092.ABCDEFGHIJ.01").mid(5);
+  QByteArray muove(char verso, const QByteArray& codice) {
+    chiave(codice, verso);
+    return esito(verso == '1' ? "03" : "01").mid(5);
   }
   void blocca() { esegui(altra, u"begin immediate"_s); }
   void libera() { esegui(altra, u"rollback"_s); }
   QStringList registrati() {
-    return righe(b.db().connessione_db,
-                 u"select operazione, operatore, chiave, data from movimenti order by id"_s);
+    return b.righe(u"select operazione, operatore, chiave, data from movimenti order by id"_s);
   }
   QString errore() { return b.main().lblErrore.Caption(); }
   Colore lampada(int n) { return b.parti().tabellone.lampade_chiave(n).FillColor(); }
 
-  Banco b;
-  LokeraFinta lokera;
   Connection altra;
 };
 

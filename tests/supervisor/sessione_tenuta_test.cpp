@@ -1,7 +1,6 @@
 #include "link/sessione_tenuta.h"
 
 #include "aiuti/banco.h"
-#include "link/protocollo.h"
 
 namespace lokera::prova {
 namespace {
@@ -16,18 +15,12 @@ class TenutaTest : public ::testing::Test {
     b.parti().ciclo.applica_fasce_orarie = [this] { ++corse; };
     b.main().corrente.porta_a(u"9"_s, u"lokera 9"_s, u"127.000.000.009"_s);
   }
-  static QList<QByteArray> risposta(const QByteArray& f) {
-    if (f.left(5) == "00010") return {componi_frame("0001000X")};
-    if (f.left(5) == "00039") return {componi_frame("00039000000")};
-    return {componi_frame(f.left(5) + "00")};
-  }
-
   SessioneDownload& sessione() { return b.parti().download; }
   bool risponde() { return accettata(sessione().scambia(componi_frame("000350"), 2)); }
 
   Banco b;
-  LokeraFinta lokera{b.vm, u"127.0.0.2"_s, 10001, risposta};
-  LokeraFinta altra{b.vm, u"127.0.0.9"_s, 10001, risposta};
+  LokeraFinta lokera{b.vm, u"127.0.0.2"_s, 10001, risponde_bene};
+  LokeraFinta altra{b.vm, u"127.0.0.9"_s, 10001, risponde_bene};
   int corse = 0;  ///< of the time bands
 };
 

@@ -24,15 +24,13 @@ class TabelloneTest : public ::testing::Test {
 };
 
 TEST_F(TabelloneTest, IPannelliSiChiudonoInFondo) {
-  const std::pair<int, const char16_t*> casi[] = {
-      {-1, u""},
-      {0, u"0:700 "},
-      {17, u"0:700 "},
-      {18, u"0:600 1:700 "},
-      {143, u"0:0 1:100 2:200 3:300 4:400 5:500 6:600 7:700 "},
-      {144, u""},
-      {40000, u""},
-  };
+  const std::pair<int, const char16_t*> casi[] = {{-1, u""},
+                                                  {0, u"0:700 "},
+                                                  {17, u"0:700 "},
+                                                  {18, u"0:600 1:700 "},
+                                                  {143, u"0:0 1:100 2:200 3:300 4:400 5:500 6:600 7:700 "},
+                                                  {144, u""},
+                                                  {40000, u""}};
   for (const auto& [posizione, attesi] : casi) {
     b.sql(u"delete from tessere_chiavi"_s);
     b.chiave(u"1000000001"_s, 1, posizione);

@@ -19,21 +19,24 @@ bool ha_parole(const QString& testo) {
 QStringList testi(Banco& b, bool tradotti) {
   const QString sql = u"select italiano from traduzioni where trim(coalesce(inglese, '')) %1 ''"_s.arg(
       tradotti ? u"<>"_s : u"="_s);
-  QStringList tutti = righe(b.db().connessione_db, sql);
+  QStringList tutti = b.righe(sql);
   if (tradotti) return tutti.join(u'\n').toCaseFolded().split(u'\n');
   tutti.removeIf([](const QString& t) { return !ha_parole(t); });
   return tutti;
 }
 
-/// Captions that the translation of a whole window leaves alone, so that their window must see to them.
-QStringList lasciati_in_italiano(const Finestra& f, const QStringList& tradotti) {
-  QStringList testi;
+/// Captions that are Italian still, since the translation of a whole window leaves them alone.
+QStringList lasciati_in_italiano(const Finestra& f, const QStringList& tradotti, Traduttore& traduttore) {
+  QStringList testi = {f.Caption()};
   for (Controllo* c : f.Controls()) {
-    QString caption;
-    if (auto* k = dynamic_cast<CheckBox*>(c)) caption = k->Caption();
-    if (auto* k = dynamic_cast<OptionButton*>(c)) caption = k->Caption();
-    if (tradotti.contains(caption.trimmed().toCaseFolded())) testi += caption;
+    if (const auto* didascalia = c->didascalia()) testi += (*didascalia)();
+    if (auto* k = dynamic_cast<CheckBox*>(c)) testi += k->Caption();
+    if (auto* k = dynamic_cast<OptionButton*>(c)) testi += k->Caption();
   }
+  testi.removeIf([&](const QString& t) {
+    return !tradotti.contains(t.trimmed().toCaseFolded()) ||
+           traduttore.traduci(t).compare(t, Qt::CaseInsensitive) == 0;
+  });
   return testi;
 }
 
@@ -48,7 +51,8 @@ TEST(Traduzioni, NoWindowShowsATextThatTheTableLacks) {
     ASSERT_TRUE(b.console->finestre().apri(nome)) << nome.toStdString();
   EXPECT_EQ(testi(b, false).join(u"\n").toStdString(), "");
   for (const Finestra* f : b.console->elenco().tutte())
-    EXPECT_EQ(lasciati_in_italiano(*f, tradotti).join(u'\n').toStdString(), "") << f->nome().toStdString();
+    EXPECT_EQ(lasciati_in_italiano(*f, tradotti, b.console->traduttore()).join(u'\n').toStdString(), "")
+        << f->nome().toStdString();
 }
 
 /// The literals of each statement that translates or shows one.
