@@ -13,8 +13,6 @@
 namespace lokera::prova {
 namespace {
 
-using namespace Qt::StringLiterals;
-
 class Regole : public Finestra {
  public:
   explicit Regole(ElencoFinestre& elenco) : Finestra(elenco, u"frm_prova"_s) {
@@ -187,9 +185,15 @@ TEST_F(ListaDisegnata, RowsAreSelectedByTheUserOnlyAndColumnsKeepTheWidthOfADrag
   EXPECT_EQ(r->grd.Columns(0).Width, prima);
 }
 
-TEST_F(ListaDisegnata, OnlyDrawnRowsAreLoaded) {
+TEST_F(ListaDisegnata, ALongFillingIsShownWholeAndOnlyDrawnRowsAreLoaded) {
+  constexpr int righe = 100'000;
   r->grd.RemoveAll();
-  for (int i = 0; i < 100000; ++i) r->grd.AddItem(QByteArrayView("10\tuno\ta\t0"));
+  for (int i = 0; i < righe; ++i) r->grd.AddItem(QByteArrayView("10\tuno\ta\t0"));
+  EXPECT_LT(tabella().model()->rowCount(), righe) << "not one by one: each costs the view";
+  r->grd.Row(righe - 1);
+  EXPECT_EQ(tabella().model()->rowCount(), righe);
+  EXPECT_EQ(tabella().currentIndex().row(), righe - 1);
+  r->grd.Row(0);
   QSet<int> lette;
   int chiamate = 0;
   r->grd.RowLoaded = [&](int riga, AspettoRiga& a) {
@@ -198,6 +202,7 @@ TEST_F(ListaDisegnata, OnlyDrawnRowsAreLoaded) {
     a.stile = u"scaduto"_s;
     a.celle = {{2, u"OUT"_s}};
   };
+  r->grd.ActiveRowStyleSet = u"BOLD"_s;
   QCoreApplication::processEvents();
   lette.clear();
   chiamate = 0;
@@ -208,6 +213,9 @@ TEST_F(ListaDisegnata, OnlyDrawnRowsAreLoaded) {
   EXPECT_EQ(cella.data().toString(), u"OUT"_s);
   EXPECT_TRUE(cella.data(Qt::FontRole).value<QFont>().italic());
   EXPECT_EQ(cella.data(Qt::AccessibleDescriptionRole).toString(), u"scaduto"_s);
+  for (const int riga : {0, 5})
+    EXPECT_EQ(cella.siblingAtRow(riga).data(Qt::FontRole).value<QFont>().bold(), riga == 0);
+  EXPECT_EQ(riga(5), (QStringList{u"10"_s, u"uno"_s, u"a"_s, u"0"_s})) << "the list stays as it was filled";
 }
 
 TEST_F(ListaDisegnata, OneGestureHandsAnEditOverOnce) {
@@ -228,9 +236,12 @@ TEST_F(ListaDisegnata, OneGestureHandsAnEditOverOnce) {
          premi(*scelta.view(), Qt::Key_Return);
        }},
       {"elsewhere", 1, [this](QWidget&) { forma->findChild<QPushButton*>()->setFocus(); }},
+      {"Shift+Tab", 1, [](QWidget& w) { premi(w, Qt::Key_Backtab, {}, Qt::ShiftModifier); }},
+      {"another row", 1, [this](QWidget&) { r->grd.utente_sceglie(1, 0); }},
+      {"a new row", 1, [this](QWidget&) { r->grd.utente_aggiunge_riga(); }},
       {"save", 1, [this](QWidget&) { r->grd.Update(); }},
   };
-  int consegne = 0, uscite = 0;
+  int consegne = 0, uscite = 0, lasciate = 0;
   // What a handler says in a box takes the focus out of the cell, and the cell's editor goes away meanwhile.
   const auto altrove = [this] {
     forma->findChild<QPushButton*>()->setFocus();
@@ -244,6 +255,7 @@ TEST_F(ListaDisegnata, OneGestureHandsAnEditOverOnce) {
     ++uscite;
     altrove();
   };
+  r->grd.AfterUpdate = [&](int) { ++lasciate; };
   for (const auto& [gesto, colonna, fai] : gesti) {
     tabella().setFocus();
     r->grd.utente_sceglie(0, colonna);
@@ -253,11 +265,12 @@ TEST_F(ListaDisegnata, OneGestureHandsAnEditOverOnce) {
     ASSERT_TRUE(w) << gesto;
     if (auto* riga = qobject_cast<QLineEdit*>(w)) riga->setText(u"a"_s);
     if (auto* scelta = qobject_cast<QComboBox*>(w)) scelta->setEditText(u"20"_s);
-    consegne = uscite = 0;
+    consegne = uscite = lasciate = 0;
     fai(*w);
     ripulisci();
     EXPECT_EQ(consegne, 1) << gesto;
     EXPECT_EQ(uscite, colonna == 0) << gesto;
+    EXPECT_LE(lasciate, 1) << gesto;
   }
 }
 
@@ -281,16 +294,6 @@ TEST_F(ListaDisegnata, RulesGoOnWithoutTheirDrawing) {
   c.reset();
   r->grd.RemoveAll();
   r->Command5.SetFocus();
-}
-
-TEST_F(ListaDisegnata, LongFillingIsShownByAndByAndWhole) {
-  r->grd.RemoveAll();
-  constexpr int righe = 100000;
-  for (int i = 0; i < righe; ++i) r->grd.AddItem(QByteArrayView("10\tuno\ta\t0"));
-  EXPECT_LT(tabella().model()->rowCount(), righe) << "not one by one: each costs the view";
-  r->grd.Row(righe - 1);
-  EXPECT_EQ(tabella().model()->rowCount(), righe);
-  EXPECT_EQ(tabella().currentIndex().row(), righe - 1);
 }
 
 TEST(Collegamento, AModalWindowIsDrawnSoAndOneThatTheSizingLeavesAloneIsOnlyCentred) {

@@ -16,8 +16,6 @@
 
 namespace lokera::prova {
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 bool stretto(const QWidget& w, const QString& testo, int margine = 0) {

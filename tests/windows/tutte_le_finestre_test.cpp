@@ -11,8 +11,6 @@
 namespace lokera::prova {
 namespace {
 
-using namespace Qt::StringLiterals;
-
 struct Vista {
   const char* finestra;
   int lingua;
@@ -66,20 +64,16 @@ void TutteLeFinestre::riempi() {
   b.db().lingua_interfaccia = static_cast<qint16>(GetParam().lingua);
   const QString festa = b.console->traduttore().traduci(u"Domenica"_s);
   b.sql(u"update parametri set lingua = ?, descrizione = 'Portineria'"_s, {GetParam().lingua});
-  const QStringList chiavi{u"Officina"_s, u"Uffici direzione"_s, u"Magazzino"_s, u"Parco auto"_s};
-  const QStringList utenti{u"Manutentori"_s, u"Guardie notturne"_s, u"Impiegati"_s};
-  for (int i = 0; i < chiavi.size(); ++i) b.sql(u"insert into gruppi values (?, ?)"_s, {i + 1, chiavi[i]});
-  for (int i = 0; i < utenti.size(); ++i)
-    b.sql(u"insert into gruppi_utente values (?, ?)"_s, {i + 1, utenti[i]});
+  b.sql(
+      u"insert into gruppi values (1, 'Officina'), (2, 'Uffici direzione'), (3, 'Magazzino'), (4, 'Parco auto')"_s);
+  b.sql(u"insert into gruppi_utente values (1, 'Manutentori'), (2, 'Guardie notturne'), (3, 'Impiegati')"_s);
   for (int g = 1; g <= 3; ++g)
     for (const QString& giorno : {u"Lunedì"_s, u"Martedì"_s, u"Mercoledì"_s})
       b.fascia(g, g, b.console->traduttore().traduci(giorno), {8, 0}, {12, 30});
-  b.sql(u"insert into giorni_particolari values (25, 12, 0, ?)"_s, {festa});
-  b.sql(u"insert into giorni_particolari values (6, 1, 2009, ?)"_s, {festa});
+  b.sql(u"insert into giorni_particolari values (25, 12, 0, ?), (6, 1, 2009, ?)"_s, {festa, festa});
   b.sql(
-      u"insert into operatori (user, pwd, su, ultima_entrata, pc) values"
+      u"insert into operatori (user, pwd, su, ultima_entrata, pc) values ('Bruno', 'y', 0, Null, Null),"
       u" ('Anna Bianchi', 'x', 1, #11/29/2008 17:45:12#, 'PC-PORTINERIA')"_s);
-  b.sql(u"insert into operatori (user, pwd, su) values ('Bruno', 'y', 0)"_s);
 }
 
 // What the main window shows at work, as long as it gets.
