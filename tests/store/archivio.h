@@ -11,6 +11,10 @@ inline QString testo(const char* utf8) {
   return QString::fromUtf8(utf8);
 }
 
+inline void bene(const Errore& e) {
+  EXPECT_FALSE(e.fallito()) << e.descrizione.toStdString();
+}
+
 /// A delivered file in a folder of its own, open.
 class Archivio : public ::testing::Test {
  protected:
@@ -22,6 +26,10 @@ class Archivio : public ::testing::Test {
   /// The message of a refusal; empty for none.
   QString esegui(const char* sql, const QVariantList& valori = {}) {
     return c().Execute(testo(sql), valori).descrizione;
+  }
+  void fai(const char* sql, const QVariantList& valori = {}) { prova::esegui(c(), testo(sql), valori); }
+  void apri(Recordset& rs, const char* sql, Cursore cursore = Cursore::aggiornabile) {
+    bene(rs.Open(testo(sql), c(), {}, cursore));
   }
   QStringList leggi(const char* sql, const QVariantList& valori = {}) {
     return righe(c(), testo(sql), valori);

@@ -6,7 +6,6 @@
 
 namespace lokera {
 
-using namespace Qt::StringLiterals;
 using prova::testo;
 
 TEST(Ddl, Converte) {
@@ -99,8 +98,8 @@ using Piani = prova::Archivio;
 TEST_F(Piani, GliIndiciDoppiDiUnFileVecchioVannoVia) {
   const char* doppi =
       "select count(*) from sqlite_master where name in ('movimenti_id', 'gruppi_tessera_tessera')";
-  ASSERT_EQ(esegui("create index movimenti_id on movimenti (id)"), QString());
-  ASSERT_EQ(esegui("create index gruppi_tessera_tessera on gruppi_tessera (tessera, codice)"), QString());
+  fai("create index movimenti_id on movimenti (id)");
+  fai("create index gruppi_tessera_tessera on gruppi_tessera (tessera, codice)");
   EXPECT_FALSE(aggiorna_database(db).fallito());
   EXPECT_EQ(leggi(doppi), QStringList{"0"});
 }
