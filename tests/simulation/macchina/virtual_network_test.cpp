@@ -2,13 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/polled_wait.h"
 #include "simulation/macchina/virtual_machine.h"
 
 namespace lokera::simulazione {
 namespace {
-
-using namespace Qt::StringLiterals;
 
 using namespace std::chrono_literals;
 
@@ -120,21 +117,6 @@ TEST(VirtualNetwork, each_fault_shows) {
     spento.pc.rete().guasti_accesi(false);
     EXPECT_TRUE(spento.connetti());
   }
-}
-
-TEST(VirtualNetwork, a_handler_that_waits_gets_the_next_data_of_its_own_socket) {
-  Banco banco;
-  PolledWait attesa(banco.pc.orologio(), banco.pc.ciclo());
-  banco.connetti();
-  bool dentro = false;
-  banco.socket->DataArrival = [&](qsizetype) {
-    banco.arrivi.append(banco.socket->GetData());
-    if (std::exchange(dentro, true)) return;
-    banco.socket->SendData(comando);
-    EXPECT_TRUE(attesa.attendi(2, [&] { return banco.arrivi.size() == 2; }));
-  };
-  banco.manda(1);
-  EXPECT_EQ(banco.arrivi.size(), 2);
 }
 
 TEST(VirtualNetwork, what_is_unanswered_or_closed_is_told_by_the_state_alone) {
