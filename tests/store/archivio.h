@@ -15,13 +15,9 @@ inline void bene(const Errore& e) {
   EXPECT_FALSE(e.fallito()) << e.descrizione.toStdString();
 }
 
-/// A delivered file in a folder of its own, open.
-class Archivio : public ::testing::Test {
+/// A place for a file in a folder of its own.
+class ConCartella : public ::testing::Test {
  protected:
-  Archivio() {
-    EXPECT_FALSE(crea_database(file()).fallito());
-    EXPECT_FALSE(apri_database(db, cartella.path()).fallito());
-  }
   QString file() const { return cartella.filePath(nome_file_database()); }
   /// The message of a refusal; empty for none.
   QString esegui(const char* sql, const QVariantList& valori = {}) {
@@ -38,6 +34,15 @@ class Archivio : public ::testing::Test {
 
   QTemporaryDir cartella;
   Database db;
+};
+
+/// A delivered file, open.
+class Archivio : public ConCartella {
+ protected:
+  Archivio() {
+    bene(crea_database(file()));
+    bene(apri_database(db, cartella.path()));
+  }
 };
 
 }  // namespace lokera::prova

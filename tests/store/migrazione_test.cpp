@@ -24,22 +24,15 @@ TEST(Ddl, Converte) {
 }
 
 /// A file of an early release: no queue, cabinets with few columns.
-class FileVecchio : public ::testing::Test {
+class FileVecchio : public prova::ConCartella {
  protected:
   FileVecchio() {
-    EXPECT_FALSE(c().crea(cartella.filePath(nome_file_database()), password_database()).fallito());
-    esegui(
-        "create table parametri ([ID] integer, [descrizione] text(20), CONSTRAINT agendaKEY PRIMARY KEY "
+    prova::bene(c().crea(file(), password_database()));
+    fai("create table parametri ([ID] integer, [descrizione] text(20), CONSTRAINT agendaKEY PRIMARY KEY "
         "([ID]))");
-    esegui("insert into parametri values (7, 'Portineria')");
-    esegui("create table tessere_chiavi ([codice] text(10), [operatore] text(10))");
+    fai("insert into parametri values (7, 'Portineria')");
+    fai("create table tessere_chiavi ([codice] text(10), [operatore] text(10))");
   }
-  Connection& c() { return db.connessione_db; }
-  void esegui(const char* sql) { ASSERT_EQ(c().Execute(testo(sql)).descrizione, QString()); }
-  QStringList leggi(const char* sql) { return prova::righe(c(), testo(sql)); }
-
-  QTemporaryDir cartella;
-  Database db;
 };
 
 TEST_F(FileVecchio, RiceveCioCheMancaETieneIlResto) {
@@ -63,10 +56,10 @@ TEST_F(FileVecchio, RiceveCioCheMancaETieneIlResto) {
 
 TEST_F(FileVecchio, UnaSecondaVoltaNonScriveNulla) {
   EXPECT_FALSE(aggiorna_database(db).fallito());
-  esegui("update parametri set slot = 1, IP_lokera = Null");
+  fai("update parametri set slot = 1, IP_lokera = Null");
   const QStringList schema = leggi("select sql from sqlite_master");
   Connection altra;
-  ASSERT_FALSE(altra.Open(cartella.filePath(nome_file_database()), password_database()).fallito());
+  ASSERT_FALSE(altra.Open(file(), password_database()).fallito());
   const quint64 prima = altra.versione_tabella(u"parametri"_s);
   EXPECT_FALSE(aggiorna_database(db).fallito());
   EXPECT_EQ(altra.versione_tabella(u"parametri"_s), prima);
@@ -77,7 +70,7 @@ TEST_F(FileVecchio, UnaSecondaVoltaNonScriveNulla) {
 TEST_F(FileVecchio, SottoUnBloccoNonCambiaNulla) {
   const QStringList schema = leggi("select sql from sqlite_master");
   Connection altra;
-  ASSERT_FALSE(altra.Open(cartella.filePath(nome_file_database()), password_database()).fallito());
+  ASSERT_FALSE(altra.Open(file(), password_database()).fallito());
   for (const char* blocco : {"begin immediate", "begin exclusive"}) {
     ASSERT_FALSE(altra.Execute(testo(blocco)).fallito());
     EXPECT_EQ(aggiorna_database(db).classe, ClasseErrore::bloccato) << blocco;

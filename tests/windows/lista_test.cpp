@@ -108,9 +108,7 @@ TEST_F(ListaDisegnata, NewRowIsWrittenFromItsStartAndCtrlTabLeavesTheListOutOfAC
   EXPECT_EQ(riga(1).at(1), u"nuovo"_s);
   EXPECT_EQ(QApplication::focusWidget(), forma->findChild<QPushButton*>());
   const QRect prima = tabella().visualRect(tabella().model()->index(0, 3));
-  const QPointF accanto(prima.right() + 20, prima.center().y());
-  QMouseEvent clic(QEvent::MouseButtonPress, accanto, accanto, Qt::LeftButton, Qt::LeftButton, {});
-  QApplication::sendEvent(tabella().viewport(), &clic);
+  clicca(*tabella().viewport(), QPointF(prima.right() + 20, prima.center().y()));
   EXPECT_EQ(r->grd.Row(), 0) << "beside a row is no new row";
   EXPECT_EQ(r->grd.Rows(), 2);
 }
@@ -164,11 +162,7 @@ TEST_F(ListaDisegnata, ChoiceIsPickedOrTyped) {
 
 TEST_F(ListaDisegnata, RowsAreSelectedByTheUserOnlyAndColumnsKeepTheWidthOfADrag) {
   const auto clic = [this](int riga, Qt::KeyboardModifiers modi) {
-    const QPointF dove = tabella().visualRect(tabella().model()->index(riga, 1)).center();
-    QMouseEvent giu(QEvent::MouseButtonPress, dove, dove, Qt::LeftButton, Qt::LeftButton, modi);
-    QApplication::sendEvent(tabella().viewport(), &giu);
-    QMouseEvent su(QEvent::MouseButtonRelease, dove, dove, Qt::LeftButton, {}, modi);
-    QApplication::sendEvent(tabella().viewport(), &su);
+    clicca(*tabella().viewport(), tabella().visualRect(tabella().model()->index(riga, 1)).center(), modi);
     return r->grd.selezionate();
   };
   using Righe = std::vector<int>;
