@@ -1,7 +1,3 @@
-#include <QFileInfo>
-
-#include <array>
-
 #include "store/archivio.h"
 
 namespace lokera {
@@ -98,7 +94,7 @@ TEST_F(Piani, GliIndiciDoppiDiUnFileVecchioVannoVia) {
 }
 
 TEST_F(Piani, LeInterrogazioniFrequentiUsanoUnIndice) {
-  const std::array interrogazioni{
+  const char* const interrogazioni[] = {
       "select * from tessere_operatori where codice = ?",
       "select count(*) as chiavi_uscite from tessere_chiavi where operatore = ?",
       "select * from fascie_orarie where giorno = ? and gruppo_oper = ? and gruppo_chiavi = ? and dalle_ore "
