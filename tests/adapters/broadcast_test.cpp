@@ -8,8 +8,6 @@
 namespace lokera {
 namespace {
 
-using namespace Qt::StringLiterals;
-
 // Runs this very test again in a network of its own, with an interface that leads nowhere as the way out. Not
 // every kernel has both kinds.
 const QString in_rete_propria =

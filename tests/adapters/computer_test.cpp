@@ -48,7 +48,8 @@ TEST(QtDesktop, a_notice_stands_until_it_is_taken_away_and_ends_nothing) {
     return testi;
   };
   int finita = 0;
-  const auto contata = QObject::connect(qApp, &QGuiApplication::lastWindowClosed, [&] { ++finita; });
+  const QObject qui;
+  QObject::connect(qApp, &QGuiApplication::lastWindowClosed, &qui, [&] { ++finita; });
   desktop.mostra_avviso(u"primo"_s);
   desktop.mostra_avviso(u"secondo"_s);
   QApplication::processEvents();
@@ -59,7 +60,6 @@ TEST(QtDesktop, a_notice_stands_until_it_is_taken_away_and_ends_nothing) {
   QApplication::processEvents();
   EXPECT_EQ(avvisi(), QStringList());
   EXPECT_EQ(finita, 0);
-  QObject::disconnect(contata);
 }
 
 TEST(QtProgram, ends_the_process_from_inside_any_number_of_loops) {

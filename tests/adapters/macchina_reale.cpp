@@ -1,14 +1,19 @@
 #include <QApplication>
 #include <QFile>
+#include <QFileDialog>
+#include <QInputDialog>
 #include <QMap>
+#include <QMessageBox>
 #include <QProcess>
+#include <QPushButton>
 #include <QRegularExpression>
+#include <QTimer>
 #include <QXmlStreamReader>
 
+#include <deque>
 #include <pty.h>
 #include <unistd.h>
 
-#include "adapters/persona.h"
 #include "adapters/real_machine.h"
 #include "platform/comuni/macchina_di_prova.h"
 
@@ -62,6 +67,65 @@ class FintaSeriale {
   int capo_ = -1;
   int altro_ = -1;
 };
+
+/// A person who answers the dialogs of the real machine as they open, one gesture each.
+class Persona : public QObject {
+ public:
+  Persona() { aspetta(); }
+
+  struct Gesto {
+    enum { risponde, scrive, sceglie } tipo;
+    bool acconsente = false;
+    std::optional<QString> testo;
+  };
+  void poi(const Gesto& gesto) { gesti_.push_back(gesto); }
+
+ private:
+  void aspetta();
+  void agisci();
+
+  std::deque<Gesto> gesti_;
+};
+
+void chiudi(QDialog& dialogo, bool accetta) {
+  if (accetta)
+    dialogo.accept();  // may ask something more, in a loop of its own
+  else
+    dialogo.reject();
+}
+
+void rispondi(QMessageBox& box, bool acconsente) {
+  for (QAbstractButton* bottone : box.buttons()) {
+    const auto ruolo = box.buttonRole(bottone);
+    if (acconsente && (ruolo == QMessageBox::AcceptRole || ruolo == QMessageBox::YesRole))
+      return bottone->click();
+  }
+  box.reject();
+}
+
+// A timer isn't delivered inside its own handler, so each look has its own.
+void Persona::aspetta() {
+  QTimer::singleShot(2, this, [this] {
+    aspetta();
+    if (!gesti_.empty()) agisci();
+  });
+}
+
+void Persona::agisci() {
+  QWidget* aperto = QApplication::activeModalWidget();
+  const Gesto gesto = gesti_.front();
+  auto* box = qobject_cast<QMessageBox*>(aperto);
+  auto* testo = qobject_cast<QInputDialog*>(aperto);
+  auto* file = qobject_cast<QFileDialog*>(aperto);
+  const bool suo = (gesto.tipo == Gesto::risponde && box) || (gesto.tipo == Gesto::scrive && testo) ||
+                   (gesto.tipo == Gesto::sceglie && file);
+  if (!suo) return;
+  gesti_.pop_front();
+  if (box) return rispondi(*box, gesto.acconsente);
+  if (testo) testo->setTextValue(gesto.testo.value_or(QString()));
+  if (file && gesto.testo) file->selectFile(*gesto.testo);
+  chiudi(*static_cast<QDialog*>(aperto), gesto.testo.has_value());
+}
 
 class MacchinaReale : public MacchinaDiProva {
  public:

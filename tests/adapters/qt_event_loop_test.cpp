@@ -9,8 +9,6 @@
 namespace lokera {
 namespace {
 
-using namespace Qt::StringLiterals;
-
 using namespace std::chrono_literals;
 
 struct Tempo : BancoReale {
@@ -69,23 +67,6 @@ TEST(QtEventLoop, what_an_outer_frame_gave_up_lives_until_its_wait_is_over) {
   EXPECT_TRUE(vivo_dopo);
   EXPECT_TRUE(ceduto.isNull());
   EXPECT_LT(giri, 20);  // and what can't be deleted yet doesn't keep the loop turning
-}
-
-TEST(QtTimer, fires_inside_a_wait_of_its_own_handler_and_may_be_destroyed_there) {
-  Tempo t;
-  auto timer = t.pc.timer.crea_timer();
-  int scatti = 0;
-  timer->Evento = [&, segno = u"alive until the handler returns"_s] {
-    if (++scatti == 1) t.attesa.attendi(5, [&] { return scatti > 1; });
-    if (scatti == 3) timer.reset();
-    EXPECT_FALSE(segno.isEmpty());
-  };
-  timer->Enabled(true);  // with interval 0 it never fires
-  t.pc.ciclo.esegui_eventi(t.inizio + 30ms);
-  EXPECT_EQ(scatti, 0);
-  timer->Interval(5);
-  EXPECT_TRUE(t.attesa.attendi(5, [&] { return !timer; }));
-  EXPECT_EQ(scatti, 3);
 }
 
 }  // namespace

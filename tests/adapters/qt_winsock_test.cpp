@@ -5,8 +5,6 @@
 namespace lokera {
 namespace {
 
-using namespace Qt::StringLiterals;
-
 TEST(QtWinsock, a_handler_that_waits_gets_the_next_data_of_its_own_socket) {
   BancoReale banco(u"127.0.0.11"_s);
   ASSERT_TRUE(banco.ascolta(24001) && banco.connetti(24001));

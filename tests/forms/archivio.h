@@ -4,8 +4,6 @@
 
 namespace lokera {
 
-using namespace Qt::StringLiterals;
-
 /// An empty encrypted file of its own, a machine, and what a list needs.
 class Archivio : public prova::BancoFinestre {
  protected:

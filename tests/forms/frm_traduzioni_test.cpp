@@ -5,14 +5,12 @@
 namespace lokera::prova {
 namespace {
 
-using namespace Qt::StringLiterals;
-
 class FrmTraduzioni : public BancoFinestre {
  protected:
   FrmTraduzioni() {
     sql(u"delete from traduzioni"_s);
-    sql(u"insert into traduzioni (italiano, inglese, tedesco) values ('chiave', 'key', 'Schluessel')"_s);
-    sql(u"insert into traduzioni (italiano, inglese, tedesco) values ('lokera', 'cabinet', ' ')"_s);
+    sql(u"insert into traduzioni (italiano, inglese, tedesco) values ('chiave', 'key', 'Schluessel'), "
+        "('lokera', 'cabinet', ' ')"_s);
     grd.Width = 12000;
     finestra.Form_Load();
   }

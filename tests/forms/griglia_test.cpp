@@ -32,6 +32,21 @@ class Griglia : public Archivio {
   bool registra() {
     return sostituisci_tabelle(conn, {{lista, u"delete from gruppi"_s, u"select * from gruppi"_s}});
   }
+  /// Of each column: caption, width, alignment, check mark, characters, format, whether it is shown.
+  QStringList aspetto() const {
+    QStringList tutte;
+    for (int i = 0; i < grd.Cols(); ++i) {
+      const Colonna& c = grd.Columns(i);
+      tutte += u"%1:%2:%3:%4:%5:%6:%7"_s.arg(c.Caption)
+                   .arg(c.Width)
+                   .arg(static_cast<int>(c.allineamento))
+                   .arg(c.stile == StileCella::spunta)
+                   .arg(c.caratteri)
+                   .arg(c.formato)
+                   .arg(c.Visible);
+    }
+    return tutte;
+  }
   void salva(const QString& in, const QString& fissi = {}) {
     Recordset rs;
     EXPECT_FALSE(rs.Open(in, conn, {}, Cursore::aggiornabile).fallito());
@@ -55,17 +70,9 @@ class OrologioChePassa : public Clock {
 
 TEST_F(Griglia, ColumnsOfTheModelQueryHaveTheWidthsOfTheirTypes) {
   lista.layout(conn, u"frm_prova"_s, u"grd"_s, conn, u"select * from prova"_s);
-  QStringList visto;
-  for (int i = 0; i < grd.Cols(); ++i) {
-    const Colonna& c = grd.Columns(i);
-    visto += u"%1:%2:%3:%4:%5"_s.arg(c.Caption)
-                 .arg(c.Width)
-                 .arg(static_cast<int>(c.allineamento))
-                 .arg(c.stile == StileCella::spunta)
-                 .arg(c.caratteri);
-  }
-  EXPECT_EQ(visto.join(u' '),
-            u"n:700:2:0:0 l:800:2:0:0 r:1700:2:0:0 d:1100:1:0:0 b:800:1:1:0 t:1200:0:0:10"_s);
+  EXPECT_EQ(
+      aspetto().join(u' '),
+      u"n:700:2:0:0::1 l:800:2:0:0::1 r:1700:2:0:0::1 d:1100:1:0:0::1 b:800:1:1:0::1 t:1200:0:0:10::1"_s);
   lista.layout(conn, {}, {}, conn, u"select * from nessuna"_s);
   EXPECT_EQ(grd.Cols(), 6) << "a model that can't be read changes nothing";
 }
@@ -74,18 +81,14 @@ TEST_F(Griglia, RowsOfTheLayoutTableDecideInTheirOrder) {
   sql(u"create table layout_griglie (programma text(20), nome_form text(50), nome_griglia text(50), "
       "nr_colonna integer, titolo_colonna text(50), campo text(50), larghezza long, visibile yesno, "
       "tipo_dato text(10), formato_numerico text(20), caratteri integer)"_s);
-  for (const char* valori : {"2, 'Attiva', ' ', 900, 1, 'check'", "1, 'Numero', ' ', 900, 0, 'numero'"})
-    sql(u"insert into layout_griglie values ('Zandor', 'frm_gruppi', 'GRD', %1, '0000', 3)"_s.arg(
-        QString::fromLatin1(valori)));
+  sql(u"insert into layout_griglie values "
+      "('Zandor', 'frm_gruppi', 'GRD', 2, 'Attiva', ' ', 900, 1, 'check', '0000', 3), "
+      "('Zandor', 'frm_gruppi', 'GRD', 1, 'Numero', ' ', 900, 0, 'numero', '0000', 3)"_s);
   lista.layout(conn, u"frm_gruppi"_s, u"grd"_s, conn, tutti, 99'999);
-  ASSERT_EQ(grd.Cols(), 2);
-  EXPECT_EQ(grd.Columns(0).Caption, u"Numero"_s);
-  EXPECT_EQ(grd.Columns(0).allineamento, Allineamento::destra);
-  EXPECT_FALSE(grd.Columns(0).Visible);
-  EXPECT_EQ(grd.Columns(0).formato, u"0000"_s);
-  EXPECT_EQ(grd.Columns(1).stile, StileCella::spunta);
-  EXPECT_EQ(grd.Columns(1).Width, 900) << "no fitting";
-  EXPECT_EQ(grd.Columns(1).caratteri, 3);
+  const int destra = static_cast<int>(Allineamento::destra);
+  EXPECT_EQ(aspetto()[0], u"Numero:900:%1:0:3:0000:0"_s.arg(destra));
+  EXPECT_TRUE(aspetto()[1].startsWith(u"Attiva:900:"_s)) << "no fitting";
+  EXPECT_TRUE(aspetto()[1].endsWith(u":1:3:0000:1"_s));
 }
 
 TEST_F(Griglia, CellsShowTheValuesOfTheirFields) {
@@ -130,7 +133,7 @@ class Riempimento : public Griglia {
   griglia a{grd, frettolosi};
 };
 
-TEST_F(Riempimento, ANewerFillingTakesThePlaceOfTheOneThatYieldsToIt) {
+TEST_F(Riempimento, ANewerFillingTakesThePlaceOfTheOneThatYieldsToItAndAClosedWindowClosesAfterIt) {
   bool nuova = false;
   vm.ciclo().fra(Monotonic(0),
                  [&] { nuova = a.popola(conn, u"select * from gruppi where codice <= 350"_s); });
@@ -138,9 +141,6 @@ TEST_F(Riempimento, ANewerFillingTakesThePlaceOfTheOneThatYieldsToIt) {
   EXPECT_TRUE(nuova);
   EXPECT_EQ(grd.Rows(), 350);
   EXPECT_EQ(riga(grd, 349), u"350|g"_s);
-}
-
-TEST_F(Riempimento, AWindowClosedDuringAFillingClosesAfterIt) {
   int righe_alla_chiusura = -1;
   finestra.Chiusa = [&] { righe_alla_chiusura = grd.Rows(); };
   vm.ciclo().fra(Monotonic(0), [&] { finestra.chiudi(); });

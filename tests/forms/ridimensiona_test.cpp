@@ -12,13 +12,6 @@ using Classe = ClasseControllo;
 constexpr double larghezza = 9600;
 constexpr double altezza = 7200;
 
-Geometria stirato(Geometria c, double larghezza_schermo = 19200, double altezza_schermo = 10800) {
-  GeometriaFinestra finestra{0, 0, larghezza, altezza};
-  std::vector<Geometria> controlli{std::move(c)};
-  ridimensiona_form(finestra, controlli, larghezza_schermo, altezza_schermo);
-  return controlli.front();
-}
-
 TEST(Ridimensiona, OnlyATallerScreenStretchesAndEveryWindowIsCentred) {
   struct Caso {
     double larghezza, altezza;
@@ -35,36 +28,35 @@ TEST(Ridimensiona, OnlyATallerScreenStretchesAndEveryWindowIsCentred) {
   }
 }
 
-TEST(Ridimensiona, EachClassChangesItsOwnMeasures) {
-  struct Caso {
-    Classe classe;
-    bool multi_line, larghezza, altezza;
-  };
-  const Caso casi[] = {{Classe::altro, false, true, true},
-                       {Classe::mask_ed_box, false, false, false},
-                       {Classe::ss_ole_db_combo, false, true, false},
-                       {Classe::label, false, true, false},
-                       {Classe::command_button, false, true, false},
-                       {Classe::text_box, false, true, false},
-                       {Classe::text_box, true, true, true}};
-  for (const Caso& c : casi) {
-    const Geometria g = stirato({c.classe, c.multi_line, {}, {}, 100, 200, 300, 400});
-    EXPECT_DOUBLE_EQ(g.left, 200);
-    EXPECT_DOUBLE_EQ(g.top, 300);
-    EXPECT_DOUBLE_EQ(g.width, c.larghezza ? 600 : 300) << static_cast<int>(c.classe);
-    EXPECT_DOUBLE_EQ(g.height, c.altezza ? 600 : 400) << static_cast<int>(c.classe);
-  }
-}
-
-TEST(Ridimensiona, NoresizeKeepsTheSizeAndInsideSuchAContainerThePlaceToo) {
+TEST(Ridimensiona, EachClassChangesItsOwnMeasuresAndNoresizeNone) {
   const QString no = u" NoResize "_s;
-  const Geometria fermo = stirato({Classe::altro, false, no, no, 100, 200, 300, 400});
-  EXPECT_DOUBLE_EQ(fermo.left, 100);
-  EXPECT_DOUBLE_EQ(fermo.width, 300);
-  const Geometria spostato = stirato({Classe::altro, false, no, {}, 100, 200, 300, 400});
-  EXPECT_DOUBLE_EQ(spostato.left, 200);
-  EXPECT_DOUBLE_EQ(spostato.height, 400);
-  EXPECT_DOUBLE_EQ(stirato({Classe::altro, false, {}, no, 100, 200, 300, 400}).left, 200);
+  struct Caso {
+    Geometria g;  ///< at 100, 200, of 300 x 400
+    double left, width, height;
+  };
+  const auto di = [](Classe classe, bool multi_line = false, const QString& tag = {},
+                     const QString& sopra = {}) {
+    return Geometria{classe, multi_line, tag, sopra, 100, 200, 300, 400};
+  };
+  const Caso casi[] = {{di(Classe::altro), 200, 600, 600},
+                       {di(Classe::mask_ed_box), 200, 300, 400},
+                       {di(Classe::ss_ole_db_combo), 200, 600, 400},
+                       {di(Classe::label), 200, 600, 400},
+                       {di(Classe::command_button), 200, 600, 400},
+                       {di(Classe::text_box), 200, 600, 400},
+                       {di(Classe::text_box, true), 200, 600, 600},
+                       {di(Classe::altro, false, no, no), 100, 300, 400},
+                       {di(Classe::altro, false, no), 200, 300, 400},
+                       {di(Classe::altro, false, {}, no), 200, 600, 600}};
+  for (int i = 0; const Caso& c : casi) {
+    GeometriaFinestra finestra{0, 0, larghezza, altezza};
+    std::vector<Geometria> g{c.g};
+    ridimensiona_form(finestra, g, 2 * larghezza, 10800);
+    EXPECT_EQ(g[0].left, c.left) << "case " << i;
+    EXPECT_EQ(g[0].top, c.left == 200 ? 300 : 200) << "case " << i;
+    EXPECT_EQ(g[0].width, c.width) << "case " << i;
+    EXPECT_EQ(g[0].height, c.height) << "case " << i++;
+  }
 }
 
 TEST(Ridimensiona, AParkedControlStaysOffTheWindow) {

@@ -4,16 +4,12 @@
 
 namespace lokera {
 
-using namespace Qt::StringLiterals;
 using prova::testo;
 using Apertura = prova::Archivio;
 
-TEST_F(Apertura, LeConfermeSonoDurevoli) {
+TEST_F(Apertura, LeConfermeSonoDurevoliEUnFileSbagliatoNonSiApre) {
   EXPECT_EQ(leggi("pragma journal_mode"), QStringList{"delete"});
   EXPECT_EQ(leggi("pragma synchronous"), QStringList{"3"});
-}
-
-TEST_F(Apertura, FileSbagliati) {
   db.connessione_db.Close();
   const auto scrivi = [&](const QString& nome, const QByteArray& byte) {
     QFile f(cartella.filePath(nome));
@@ -112,10 +108,11 @@ TEST_F(Apertura, UnaParteFallitaNonLasciaNullaNellaTransazione) {
 }
 
 TEST_F(Apertura, UnaSolaIstruzioneEIValoriGiusti) {
-  EXPECT_TRUE(esegui("delete from gruppi; delete from movimenti").contains(testo("Una sola istruzione")));
-  EXPECT_TRUE(
-      esegui("delete from gruppi where codice = ?").contains(testo("aspetta 1 valori e ne riceve 0")));
-  EXPECT_TRUE(esegui("delete from nessuna").contains(testo("nessuna")));
+  const std::pair<const char*, const char*> casi[] = {
+      {"delete from gruppi; delete from movimenti", "Una sola istruzione"},
+      {"delete from gruppi where codice = ?", "aspetta 1 valori e ne riceve 0"},
+      {"delete from nessuna", "nessuna"}};
+  for (const auto& [sql, detto] : casi) EXPECT_TRUE(esegui(sql).contains(testo(detto))) << sql;
 }
 
 }  // namespace lokera

@@ -11,17 +11,21 @@ inline QString testo(const char* utf8) {
   return QString::fromUtf8(utf8);
 }
 
-/// A delivered file in a folder of its own, open.
-class Archivio : public ::testing::Test {
+inline void bene(const Errore& e) {
+  EXPECT_FALSE(e.fallito()) << e.descrizione.toStdString();
+}
+
+/// A place for a file in a folder of its own.
+class ConCartella : public ::testing::Test {
  protected:
-  Archivio() {
-    EXPECT_FALSE(crea_database(file()).fallito());
-    EXPECT_FALSE(apri_database(db, cartella.path()).fallito());
-  }
   QString file() const { return cartella.filePath(nome_file_database()); }
   /// The message of a refusal; empty for none.
   QString esegui(const char* sql, const QVariantList& valori = {}) {
     return c().Execute(testo(sql), valori).descrizione;
+  }
+  void fai(const char* sql, const QVariantList& valori = {}) { prova::esegui(c(), testo(sql), valori); }
+  void apri(Recordset& rs, const char* sql, Cursore cursore = Cursore::aggiornabile) {
+    bene(rs.Open(testo(sql), c(), {}, cursore));
   }
   QStringList leggi(const char* sql, const QVariantList& valori = {}) {
     return righe(c(), testo(sql), valori);
@@ -30,6 +34,15 @@ class Archivio : public ::testing::Test {
 
   QTemporaryDir cartella;
   Database db;
+};
+
+/// A delivered file, open.
+class Archivio : public ConCartella {
+ protected:
+  Archivio() {
+    bene(crea_database(file()));
+    bene(apri_database(db, cartella.path()));
+  }
 };
 
 }  // namespace lokera::prova

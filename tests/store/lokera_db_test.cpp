@@ -9,7 +9,6 @@
 
 namespace lokera {
 
-using namespace Qt::StringLiterals;
 using prova::testo;
 
 class LokeraDb : public ::testing::Test {
@@ -18,10 +17,7 @@ class LokeraDb : public ::testing::Test {
     int stato;
     QString uscita, errori;
   };
-  static Corsa esegui(const QStringList& argomenti) {
-    return corri_programma(QStringLiteral(LOKERA_DB), argomenti);
-  }
-  static Corsa corri_programma(const QString& programma, const QStringList& argomenti) {
+  static Corsa esegui(const QStringList& argomenti, const QString& programma = QStringLiteral(LOKERA_DB)) {
     QProcess p;
     p.start(programma, argomenti);
     if (!p.waitForFinished(60'000)) return {-1, {}, u"non finisce"_s};
@@ -29,6 +25,11 @@ class LokeraDb : public ::testing::Test {
             QString::fromUtf8(p.readAllStandardError())};
   }
   static Corsa sql(const QString& f, const QString& statement) { return esegui({u"sql"_s, f, statement}); }
+  static void rifiuta(const QStringList& argomenti, const QString& perche) {
+    const Corsa corsa = esegui(argomenti);
+    EXPECT_EQ(corsa.stato, 1) << argomenti.join(u' ').toStdString();
+    EXPECT_TRUE(corsa.errori.contains(perche)) << corsa.errori.toStdString();
+  }
   QString file(const QString& nome) const { return cartella.filePath(nome); }
   QString creato() {
     const QString f = file(u"a.mdb"_s);
@@ -48,19 +49,15 @@ TEST_F(LokeraDb, UsoErratoENessunMezzoFile) {
 
 TEST_F(LokeraDb, CreaControllaInterroga) {
   const QString f = creato();
-  const Corsa seconda = esegui({u"crea"_s, f});
-  EXPECT_EQ(seconda.stato, 1);
-  EXPECT_TRUE(seconda.errori.contains(u"esiste già"_s));
+  rifiuta({u"crea"_s, f}, u"esiste già"_s);
   EXPECT_EQ(esegui({u"controlla"_s, f}).uscita, u"ok\n"_s);
-  EXPECT_EQ(sql(f, u"insert into gruppi values (1, 'a\tb\\c\nd')"_s).stato, 0);
-  EXPECT_EQ(sql(f, u"insert into gruppi (codice) values (2)"_s).stato, 0);
+  EXPECT_EQ(sql(f, u"insert into gruppi values (1, 'a\tb\\c\nd'), (2, Null)"_s).stato, 0);
   EXPECT_EQ(sql(f, u"select top 2 * from [gruppi] order by codice"_s).uscita,
             u"1\ta\\tb\\\\c\\nd\n2\t\\N\n"_s);
-  const Corsa rifiuto = sql(f, u"insert into gruppi (codice) values (40000)"_s);
-  EXPECT_EQ(rifiuto.stato, 1);
-  EXPECT_TRUE(rifiuto.errori.contains(u"codice: serve un numero intero"_s));
+  rifiuta({u"sql"_s, f, u"insert into gruppi (codice) values (40000)"_s},
+          u"codice: serve un numero intero"_s);
   EXPECT_EQ(sql(f, u"drop table gruppi"_s).stato, 0);
-  EXPECT_TRUE(esegui({u"controlla"_s, f}).errori.contains(u"Tabelle mancanti: gruppi"_s));
+  rifiuta({u"controlla"_s, f}, u"Tabelle mancanti: gruppi"_s);
 }
 
 TEST_F(LokeraDb, DemoECopiaDiUnFileInUso) {
@@ -71,7 +68,7 @@ TEST_F(LokeraDb, DemoECopiaDiUnFileInUso) {
   ASSERT_FALSE(console.connessione_db.Execute(u"insert into gruppi values (99, 'visto')"_s).fallito());
   const QString copia = file(u"copia.mdb"_s);
   ASSERT_EQ(esegui({u"copia"_s, f, copia}).errori, QString());
-  EXPECT_EQ(esegui({u"copia"_s, f, copia}).stato, 1);
+  rifiuta({u"copia"_s, f, copia}, {});
   EXPECT_EQ(esegui({u"controlla"_s, copia}).uscita, u"ok\n"_s);
   EXPECT_EQ(sql(copia, u"select descrizione from gruppi where codice = 99"_s).uscita, u"visto\n"_s);
   QFile byte(copia);
@@ -120,12 +117,10 @@ TEST_F(LokeraDb, ControllaVedeIndiciEColonne) {
   };
   con({"drop table tabelle_Ditta", "create table tabelle_Ditta ([Nome] text(100), [Cap] text(10))",
        "drop table computers"});
-  const QString mancanze = esegui({u"controlla"_s, f}).errori;
-  EXPECT_TRUE(mancanze.contains(u"Tabelle mancanti: computers."_s)) << mancanze.toStdString();
-  EXPECT_TRUE(mancanze.contains(u"Colonne mancanti: tabelle_Ditta.indirizzo, tabelle_Ditta.citta"_s));
-  const auto vecchia = esegui({u"copia"_s, f, file(u"vecchia.mdb"_s)});
-  EXPECT_EQ(vecchia.stato, 1);
-  EXPECT_TRUE(vecchia.errori.contains(u"stato copiato"_s) && vecchia.errori.contains(u"computers"_s));
+  rifiuta({u"controlla"_s, f}, u"Tabelle mancanti: computers."_s);
+  rifiuta({u"controlla"_s, f}, u"Colonne mancanti: tabelle_Ditta.indirizzo, tabelle_Ditta.citta"_s);
+  rifiuta({u"copia"_s, f, file(u"vecchia.mdb"_s)},
+          u"stato copiato, ma è incompleto. Tabelle mancanti: computers"_s);
   EXPECT_TRUE(QFile::remove(file(u"vecchia.mdb"_s))) << "an older file can be copied all the same";
   // An index that is hidden while a row is written lacks that row.
   con({"create table prova (a text(5))", "create index prova_a on prova (a)",
@@ -133,9 +128,8 @@ TEST_F(LokeraDb, ControllaVedeIndiciEColonne) {
        "pragma writable_schema = 1", "delete from sqlite_master where name = 'prova_a'"});
   con({"insert into prova values ('x')", "pragma writable_schema = 1",
        "insert into sqlite_master select * from nascosto"});
-  const QString copia = file(u"b.mdb"_s);
-  EXPECT_TRUE(esegui({u"controlla"_s, f}).errori.contains(u"prova_a"_s));
-  EXPECT_TRUE(esegui({u"copia"_s, f, copia}).errori.contains(u"prova_a"_s));
+  rifiuta({u"controlla"_s, f}, u"prova_a"_s);
+  rifiuta({u"copia"_s, f, file(u"b.mdb"_s)}, u"prova_a"_s);
   EXPECT_EQ(QDir(cartella.path()).entryList(QDir::Files), QStringList{u"a.mdb"_s});
 }
 
@@ -147,9 +141,7 @@ TEST_F(LokeraDb, UnParzialeAltruiResta) {
   altrui.close();
   for (const QStringList& argomenti :
        {QStringList{u"crea"_s, file(u"b.mdb"_s)}, {u"copia"_s, f, file(u"b.mdb"_s)}}) {
-    const Corsa corsa = esegui(argomenti);
-    EXPECT_EQ(corsa.stato, 1);
-    EXPECT_TRUE(corsa.errori.contains(altrui.fileName()));
+    rifiuta(argomenti, altrui.fileName());
     EXPECT_EQ(altrui.size(), 6);
     EXPECT_FALSE(QFile::exists(file(u"b.mdb"_s)));
   }
@@ -161,8 +153,9 @@ TEST_F(LokeraDb, SenzaDirittoDiScrivereNonSiApre) {
   const bool superuser = ::geteuid() == 0;
   const auto corri = [&] {
     if (!superuser) return esegui({u"controlla"_s, f});
-    return corri_programma(u"setpriv"_s, {u"--reuid=65534"_s, u"--regid=65534"_s, u"--clear-groups"_s,
-                                          QStringLiteral(LOKERA_DB), u"controlla"_s, f});
+    return esegui({u"--reuid=65534"_s, u"--regid=65534"_s, u"--clear-groups"_s, QStringLiteral(LOKERA_DB),
+                   u"controlla"_s, f},
+                  u"setpriv"_s);
   };
   struct Caso {
     uint file, cartella;

@@ -1,12 +1,7 @@
-#include <QFileInfo>
-
-#include <array>
-
 #include "store/archivio.h"
 
 namespace lokera {
 
-using namespace Qt::StringLiterals;
 using prova::testo;
 
 TEST(Ddl, Converte) {
@@ -25,22 +20,15 @@ TEST(Ddl, Converte) {
 }
 
 /// A file of an early release: no queue, cabinets with few columns.
-class FileVecchio : public ::testing::Test {
+class FileVecchio : public prova::ConCartella {
  protected:
   FileVecchio() {
-    EXPECT_FALSE(c().crea(cartella.filePath(nome_file_database()), password_database()).fallito());
-    esegui(
-        "create table parametri ([ID] integer, [descrizione] text(20), CONSTRAINT agendaKEY PRIMARY KEY "
+    prova::bene(c().crea(file(), password_database()));
+    fai("create table parametri ([ID] integer, [descrizione] text(20), CONSTRAINT agendaKEY PRIMARY KEY "
         "([ID]))");
-    esegui("insert into parametri values (7, 'Portineria')");
-    esegui("create table tessere_chiavi ([codice] text(10), [operatore] text(10))");
+    fai("insert into parametri values (7, 'Portineria')");
+    fai("create table tessere_chiavi ([codice] text(10), [operatore] text(10))");
   }
-  Connection& c() { return db.connessione_db; }
-  void esegui(const char* sql) { ASSERT_EQ(c().Execute(testo(sql)).descrizione, QString()); }
-  QStringList leggi(const char* sql) { return prova::righe(c(), testo(sql)); }
-
-  QTemporaryDir cartella;
-  Database db;
 };
 
 TEST_F(FileVecchio, RiceveCioCheMancaETieneIlResto) {
@@ -64,10 +52,10 @@ TEST_F(FileVecchio, RiceveCioCheMancaETieneIlResto) {
 
 TEST_F(FileVecchio, UnaSecondaVoltaNonScriveNulla) {
   EXPECT_FALSE(aggiorna_database(db).fallito());
-  esegui("update parametri set slot = 1, IP_lokera = Null");
+  fai("update parametri set slot = 1, IP_lokera = Null");
   const QStringList schema = leggi("select sql from sqlite_master");
   Connection altra;
-  ASSERT_FALSE(altra.Open(cartella.filePath(nome_file_database()), password_database()).fallito());
+  ASSERT_FALSE(altra.Open(file(), password_database()).fallito());
   const quint64 prima = altra.versione_tabella(u"parametri"_s);
   EXPECT_FALSE(aggiorna_database(db).fallito());
   EXPECT_EQ(altra.versione_tabella(u"parametri"_s), prima);
@@ -78,7 +66,7 @@ TEST_F(FileVecchio, UnaSecondaVoltaNonScriveNulla) {
 TEST_F(FileVecchio, SottoUnBloccoNonCambiaNulla) {
   const QStringList schema = leggi("select sql from sqlite_master");
   Connection altra;
-  ASSERT_FALSE(altra.Open(cartella.filePath(nome_file_database()), password_database()).fallito());
+  ASSERT_FALSE(altra.Open(file(), password_database()).fallito());
   for (const char* blocco : {"begin immediate", "begin exclusive"}) {
     ASSERT_FALSE(altra.Execute(testo(blocco)).fallito());
     EXPECT_EQ(aggiorna_database(db).classe, ClasseErrore::bloccato) << blocco;
@@ -99,14 +87,14 @@ using Piani = prova::Archivio;
 TEST_F(Piani, GliIndiciDoppiDiUnFileVecchioVannoVia) {
   const char* doppi =
       "select count(*) from sqlite_master where name in ('movimenti_id', 'gruppi_tessera_tessera')";
-  ASSERT_EQ(esegui("create index movimenti_id on movimenti (id)"), QString());
-  ASSERT_EQ(esegui("create index gruppi_tessera_tessera on gruppi_tessera (tessera, codice)"), QString());
+  fai("create index movimenti_id on movimenti (id)");
+  fai("create index gruppi_tessera_tessera on gruppi_tessera (tessera, codice)");
   EXPECT_FALSE(aggiorna_database(db).fallito());
   EXPECT_EQ(leggi(doppi), QStringList{"0"});
 }
 
 TEST_F(Piani, LeInterrogazioniFrequentiUsanoUnIndice) {
-  const std::array interrogazioni{
+  const char* const interrogazioni[] = {
       "select * from tessere_operatori where codice = ?",
       "select count(*) as chiavi_uscite from tessere_chiavi where operatore = ?",
       "select * from fascie_orarie where giorno = ? and gruppo_oper = ? and gruppo_chiavi = ? and dalle_ore "

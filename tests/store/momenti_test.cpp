@@ -5,7 +5,6 @@
 
 namespace lokera {
 
-using namespace Qt::StringLiterals;
 using Momenti = prova::Archivio;
 
 TEST_F(Momenti, NessunaZonaLiTocca) {
@@ -18,10 +17,10 @@ TEST_F(Momenti, NessunaZonaLiTocca) {
       {momento(QDate(2011, 12, 30), QTime(12, 0)), "2011-12-30 12:00:00", "30/12/2011 12:00"},  // Apia
       {momento(QDate(2008, 10, 26), QTime(2, 30)), "2008-10-26 02:30:00", "26/10/08 2.30"}};    // read twice
   for (const auto& k : casi) {
-    ASSERT_EQ(esegui("delete from securety_locks"), QString());
-    ASSERT_EQ(esegui("insert into securety_locks (tabella, data) values ('a', ?)", {k.momento}), QString());
+    fai("delete from securety_locks");
+    fai("insert into securety_locks (tabella, data) values ('a', ?)", {k.momento});
     Recordset rs;
-    ASSERT_FALSE(rs.Open(u"select * from securety_locks"_s, c(), {}, Cursore::aggiornabile).fallito());
+    apri(rs, "select * from securety_locks");
     EXPECT_EQ(rs.valore(u"data").toDateTime(), k.momento) << k.memorizzato;
     for (const QVariant& scritto : {QVariant(QString::fromLatin1(k.digitato)), QVariant(k.momento)}) {
       ASSERT_FALSE(rs.imposta(u"data", QVariant()).fallito());
@@ -36,12 +35,10 @@ TEST_F(Momenti, NessunaZonaLiTocca) {
 }
 
 TEST_F(Momenti, UnGiornoSoloEUnNumeroDiGiorni) {
-  ASSERT_EQ(
-      esegui("insert into tessere_operatori (codice, valido_al) values ('1', ?)", {QDate(2008, 10, 19)}),
-      QString());
+  fai("insert into tessere_operatori (codice, valido_al) values ('1', ?)", {QDate(2008, 10, 19)});
   EXPECT_EQ(leggi("select valido_al from tessere_operatori"), QStringList{"2008-10-19 00:00:00"});
   Recordset rs;
-  ASSERT_FALSE(rs.Open(u"select * from tessere_operatori"_s, c(), {}, Cursore::aggiornabile).fallito());
+  apri(rs, "select * from tessere_operatori");
   ASSERT_FALSE(rs.imposta(u"valido_al", 39740.25).fallito());
   ASSERT_FALSE(rs.Update().fallito());
   EXPECT_EQ(leggi("select valido_al from tessere_operatori"), QStringList{"2008-10-19 06:00:00"});

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QMouseEvent>
 
 #include "aiuti/banco.h"
 #include "app/schermo_console.h"
@@ -37,6 +38,16 @@ class BancoDisegnato : public Banco {
 /// Editors that were closed go away.
 inline void ripulisci() {
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+/// The left button at a place of the widget, pressed and left again.
+inline void clicca(QWidget& w, const QPointF& dove, Qt::KeyboardModifiers modi = {},
+                   QEvent::Type come = QEvent::MouseButtonPress) {
+  for (const QEvent::Type tipo : {come, QEvent::MouseButtonRelease}) {
+    const Qt::MouseButtons tenuti = tipo == come ? Qt::LeftButton : Qt::NoButton;
+    QMouseEvent evento(tipo, dove, w.mapToGlobal(dove), Qt::LeftButton, tenuti, modi);
+    QApplication::sendEvent(&w, &evento);
+  }
 }
 
 inline void premi(QWidget& widget, int tasto, const QString& testo = {}, Qt::KeyboardModifiers modi = {}) {

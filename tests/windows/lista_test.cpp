@@ -13,8 +13,6 @@
 namespace lokera::prova {
 namespace {
 
-using namespace Qt::StringLiterals;
-
 class Regole : public Finestra {
  public:
   explicit Regole(ElencoFinestre& elenco) : Finestra(elenco, u"frm_prova"_s) {
@@ -110,9 +108,7 @@ TEST_F(ListaDisegnata, NewRowIsWrittenFromItsStartAndCtrlTabLeavesTheListOutOfAC
   EXPECT_EQ(riga(1).at(1), u"nuovo"_s);
   EXPECT_EQ(QApplication::focusWidget(), forma->findChild<QPushButton*>());
   const QRect prima = tabella().visualRect(tabella().model()->index(0, 3));
-  const QPointF accanto(prima.right() + 20, prima.center().y());
-  QMouseEvent clic(QEvent::MouseButtonPress, accanto, accanto, Qt::LeftButton, Qt::LeftButton, {});
-  QApplication::sendEvent(tabella().viewport(), &clic);
+  clicca(*tabella().viewport(), QPointF(prima.right() + 20, prima.center().y()));
   EXPECT_EQ(r->grd.Row(), 0) << "beside a row is no new row";
   EXPECT_EQ(r->grd.Rows(), 2);
 }
@@ -166,11 +162,7 @@ TEST_F(ListaDisegnata, ChoiceIsPickedOrTyped) {
 
 TEST_F(ListaDisegnata, RowsAreSelectedByTheUserOnlyAndColumnsKeepTheWidthOfADrag) {
   const auto clic = [this](int riga, Qt::KeyboardModifiers modi) {
-    const QPointF dove = tabella().visualRect(tabella().model()->index(riga, 1)).center();
-    QMouseEvent giu(QEvent::MouseButtonPress, dove, dove, Qt::LeftButton, Qt::LeftButton, modi);
-    QApplication::sendEvent(tabella().viewport(), &giu);
-    QMouseEvent su(QEvent::MouseButtonRelease, dove, dove, Qt::LeftButton, {}, modi);
-    QApplication::sendEvent(tabella().viewport(), &su);
+    clicca(*tabella().viewport(), tabella().visualRect(tabella().model()->index(riga, 1)).center(), modi);
     return r->grd.selezionate();
   };
   using Righe = std::vector<int>;
@@ -187,9 +179,15 @@ TEST_F(ListaDisegnata, RowsAreSelectedByTheUserOnlyAndColumnsKeepTheWidthOfADrag
   EXPECT_EQ(r->grd.Columns(0).Width, prima);
 }
 
-TEST_F(ListaDisegnata, OnlyDrawnRowsAreLoaded) {
+TEST_F(ListaDisegnata, ALongFillingIsShownWholeAndOnlyDrawnRowsAreLoaded) {
+  constexpr int righe = 100'000;
   r->grd.RemoveAll();
-  for (int i = 0; i < 100000; ++i) r->grd.AddItem(QByteArrayView("10\tuno\ta\t0"));
+  for (int i = 0; i < righe; ++i) r->grd.AddItem(QByteArrayView("10\tuno\ta\t0"));
+  EXPECT_LT(tabella().model()->rowCount(), righe) << "not one by one: each costs the view";
+  r->grd.Row(righe - 1);
+  EXPECT_EQ(tabella().model()->rowCount(), righe);
+  EXPECT_EQ(tabella().currentIndex().row(), righe - 1);
+  r->grd.Row(0);
   QSet<int> lette;
   int chiamate = 0;
   r->grd.RowLoaded = [&](int riga, AspettoRiga& a) {
@@ -198,6 +196,7 @@ TEST_F(ListaDisegnata, OnlyDrawnRowsAreLoaded) {
     a.stile = u"scaduto"_s;
     a.celle = {{2, u"OUT"_s}};
   };
+  r->grd.ActiveRowStyleSet = u"BOLD"_s;
   QCoreApplication::processEvents();
   lette.clear();
   chiamate = 0;
@@ -208,6 +207,9 @@ TEST_F(ListaDisegnata, OnlyDrawnRowsAreLoaded) {
   EXPECT_EQ(cella.data().toString(), u"OUT"_s);
   EXPECT_TRUE(cella.data(Qt::FontRole).value<QFont>().italic());
   EXPECT_EQ(cella.data(Qt::AccessibleDescriptionRole).toString(), u"scaduto"_s);
+  for (const int riga : {0, 5})
+    EXPECT_EQ(cella.siblingAtRow(riga).data(Qt::FontRole).value<QFont>().bold(), riga == 0);
+  EXPECT_EQ(riga(5), (QStringList{u"10"_s, u"uno"_s, u"a"_s, u"0"_s})) << "the list stays as it was filled";
 }
 
 TEST_F(ListaDisegnata, OneGestureHandsAnEditOverOnce) {
@@ -215,6 +217,7 @@ TEST_F(ListaDisegnata, OneGestureHandsAnEditOverOnce) {
     const char* gesto;
     int colonna;
     std::function<void(QWidget&)> fai;
+    bool lascia_la_riga = false;
   } gesti[] = {
       {"Return", 1, [](QWidget& w) { premi(w, Qt::Key_Return); }},
       {"Tab", 1, [](QWidget& w) { premi(w, Qt::Key_Tab); }},
@@ -228,9 +231,12 @@ TEST_F(ListaDisegnata, OneGestureHandsAnEditOverOnce) {
          premi(*scelta.view(), Qt::Key_Return);
        }},
       {"elsewhere", 1, [this](QWidget&) { forma->findChild<QPushButton*>()->setFocus(); }},
-      {"save", 1, [this](QWidget&) { r->grd.Update(); }},
+      {"Shift+Tab", 1, [](QWidget& w) { premi(w, Qt::Key_Backtab, {}, Qt::ShiftModifier); }},
+      {"another row", 1, [this](QWidget&) { r->grd.utente_sceglie(1, 0); }, true},
+      {"a new row", 1, [this](QWidget&) { r->grd.utente_aggiunge_riga(); }, true},
+      {"save", 1, [this](QWidget&) { r->grd.Update(); }, true},
   };
-  int consegne = 0, uscite = 0;
+  int consegne = 0, uscite = 0, lasciate = 0;
   // What a handler says in a box takes the focus out of the cell, and the cell's editor goes away meanwhile.
   const auto altrove = [this] {
     forma->findChild<QPushButton*>()->setFocus();
@@ -244,7 +250,8 @@ TEST_F(ListaDisegnata, OneGestureHandsAnEditOverOnce) {
     ++uscite;
     altrove();
   };
-  for (const auto& [gesto, colonna, fai] : gesti) {
+  r->grd.AfterUpdate = [&](int) { ++lasciate; };
+  for (const auto& [gesto, colonna, fai, lascia] : gesti) {
     tabella().setFocus();
     r->grd.utente_sceglie(0, colonna);
     r->grd.imposta_cella(0, colonna, u"10"_s);
@@ -253,11 +260,12 @@ TEST_F(ListaDisegnata, OneGestureHandsAnEditOverOnce) {
     ASSERT_TRUE(w) << gesto;
     if (auto* riga = qobject_cast<QLineEdit*>(w)) riga->setText(u"a"_s);
     if (auto* scelta = qobject_cast<QComboBox*>(w)) scelta->setEditText(u"20"_s);
-    consegne = uscite = 0;
+    consegne = uscite = lasciate = 0;
     fai(*w);
     ripulisci();
     EXPECT_EQ(consegne, 1) << gesto;
     EXPECT_EQ(uscite, colonna == 0) << gesto;
+    EXPECT_EQ(lasciate, lascia) << gesto;
   }
 }
 
@@ -281,16 +289,6 @@ TEST_F(ListaDisegnata, RulesGoOnWithoutTheirDrawing) {
   c.reset();
   r->grd.RemoveAll();
   r->Command5.SetFocus();
-}
-
-TEST_F(ListaDisegnata, LongFillingIsShownByAndByAndWhole) {
-  r->grd.RemoveAll();
-  constexpr int righe = 100000;
-  for (int i = 0; i < righe; ++i) r->grd.AddItem(QByteArrayView("10\tuno\ta\t0"));
-  EXPECT_LT(tabella().model()->rowCount(), righe) << "not one by one: each costs the view";
-  r->grd.Row(righe - 1);
-  EXPECT_EQ(tabella().model()->rowCount(), righe);
-  EXPECT_EQ(tabella().currentIndex().row(), righe - 1);
 }
 
 TEST(Collegamento, AModalWindowIsDrawnSoAndOneThatTheSizingLeavesAloneIsOnlyCentred) {

@@ -2,7 +2,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
-#include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPushButton>
 
@@ -12,8 +11,6 @@
 
 namespace lokera::prova {
 namespace {
-
-using namespace Qt::StringLiterals;
 
 TEST(FinestraPrincipale, StretchesToTheScreenByTheRatioAndKeepsLabelHeights) {
   BancoDisegnato piccola({0, 0, 1280, 735});
@@ -30,7 +27,7 @@ TEST(FinestraPrincipale, StretchesToTheScreenByTheRatioAndKeepsLabelHeights) {
   EXPECT_EQ(grande.parti().tabellone.pos_pannelli[7], grande.widget<QWidget>("pnlK_7").y());
 }
 
-TEST(FinestraPrincipale, BoardClosesUpAndSaysItsKeysByForm) {
+TEST(FinestraPrincipale, BoardClosesUpAndLampsTellTheirStateByForm) {
   BancoDisegnato b;
   b.lokera(1);
   b.chiave(u"0000000001"_s, 1, 0);
@@ -48,13 +45,7 @@ TEST(FinestraPrincipale, BoardClosesUpAndSaysItsKeysByForm) {
   EXPECT_EQ(nessuna.aspetto(), lokera::Aspetto::tratteggio);
   EXPECT_EQ(fuori.numero(), u"2"_s);
   EXPECT_EQ(fuori.accessibleDescription(), u"chiave uscita"_s);
-}
-
-TEST(FinestraPrincipale, LampsAndLabelsFollowTheRules) {
-  BancoDisegnato b;
-  b.carica();
-  PannelloLive& p = b.parti().pannello;
-  p.mostra_lato(PannelloLive::Lato::sinistro, rosso, u"<b>0001</b>"_s, u"3"_s);
+  b.parti().pannello.mostra_lato(PannelloLive::Lato::sinistro, rosso, u"<b>0001</b>"_s, u"3"_s);
   EXPECT_EQ(b.widget<LampadaWidget>("ShapeSX").aspetto(), lokera::Aspetto::croce);
   EXPECT_EQ(b.widget<LampadaWidget>("ShapeSX").accessibleDescription(), u"rifiutato"_s);
   EXPECT_EQ(b.widget<QLabel>("lblSX").text(), u"<b>0001</b>"_s);
@@ -74,6 +65,10 @@ TEST(FinestraPrincipale, LoginByKeyboard) {
       giro.mid(giro.indexOf(&utente), 4),
       (QList<QWidget*>{&utente, &password, &b.widget<QWidget>("cmdLogin"), &b.widget<QWidget>("Command6")}));
   utente.clear();
+  b.main().Enabled(false);
+  scrivi(utente, u"x"_s);
+  EXPECT_EQ(utente.text(), QString()) << "a window that takes no input gets none";
+  b.main().Enabled(true);
   scrivi(utente, u"anna"_s);
   scrivi(password, u"segreta"_s);
   EXPECT_EQ(password.echoMode(), QLineEdit::Password);
@@ -87,15 +82,6 @@ TEST(FinestraPrincipale, LoginByKeyboard) {
   EXPECT_FALSE(b.widget<QWidget>("pctLogin").isVisible());
 }
 
-void clicca(QWidget& w, QEvent::Type giu) {
-  const Qt::MouseButton tasto = Qt::LeftButton;
-  const QPointF centro = QRectF(w.rect()).center();
-  QMouseEvent premuto(giu, centro, w.mapToGlobal(centro), tasto, tasto, {});
-  QApplication::sendEvent(&w, &premuto);
-  QMouseEvent lasciato(QEvent::MouseButtonRelease, centro, w.mapToGlobal(centro), tasto, {}, {});
-  QApplication::sendEvent(&w, &lasciato);
-}
-
 TEST(FinestraPrincipale, ADoubleClickPressesAButtonOnce) {
   BancoDisegnato b;
   b.carica();
@@ -103,10 +89,11 @@ TEST(FinestraPrincipale, ADoubleClickPressesAButtonOnce) {
   int premuto = 0;
   b.parti().accesso.cmdLogin.Click = [&] { ++premuto; };
   auto& pulsante = b.widget<QPushButton>("cmdLogin");
-  clicca(pulsante, QEvent::MouseButtonPress);
-  clicca(pulsante, QEvent::MouseButtonDblClick);
+  const QPointF centro = QRectF(pulsante.rect()).center();
+  clicca(pulsante, centro);
+  clicca(pulsante, centro, {}, QEvent::MouseButtonDblClick);
   EXPECT_EQ(premuto, 1);
-  clicca(pulsante, QEvent::MouseButtonPress);
+  clicca(pulsante, centro);
   for (int i = 0; i < 2; ++i) premi(pulsante, Qt::Key_Space);
   EXPECT_EQ(premuto, 4) << "a later click and each key count";
 }
@@ -123,19 +110,6 @@ TEST(FinestraPrincipale, MenuTreeAsDeclaredAndOnlyItsLastEntryEndsTheProgram) {
   EXPECT_FALSE(b.vm.programma().finito);
   b.widget<QAction>("mnuEsc").trigger();
   EXPECT_TRUE(b.vm.programma().finito);
-}
-
-TEST(FinestraPrincipale, WindowThatTakesNoInputGetsNone) {
-  BancoDisegnato b;
-  b.carica();
-  b.parti().accesso.mnuAbile_Click();
-  auto& utente = b.widget<QLineEdit>("txtUtente");
-  b.main().Enabled(false);
-  scrivi(utente, u"x"_s);
-  EXPECT_EQ(utente.text(), QString());
-  b.main().Enabled(true);
-  scrivi(utente, u"x"_s);
-  EXPECT_EQ(b.parti().accesso.txtUtente.Text(), u"x"_s);
 }
 
 /// Counts what is painted and where in the window it lies.

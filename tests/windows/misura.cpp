@@ -1,11 +1,9 @@
 #include "windows/misura.h"
 
 #include <QAbstractButton>
-#include <QCheckBox>
-#include <QComboBox>
+#include <QAccessible>
 #include <QHeaderView>
 #include <QLabel>
-#include <QLineEdit>
 #include <QTableView>
 
 #include "windows/disegno.h"
@@ -15,8 +13,6 @@
 #include "windows/tabella_lista.h"
 
 namespace lokera::prova {
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -39,12 +35,6 @@ bool testo_tagliato(const QWidget& w) {
   const auto* pulsante = qobject_cast<const QAbstractButton*>(&w);
   if (!pulsante || pulsante->text().isEmpty()) return false;
   return pulsante->sizeHint().width() > w.width() && stretto(w, pulsante->text(), 20);
-}
-
-bool da_raggiungere(const QWidget& w) {
-  return qobject_cast<const QAbstractButton*>(&w) || qobject_cast<const QLineEdit*>(&w) ||
-         qobject_cast<const QComboBox*>(&w) || qobject_cast<const LampadaWidget*>(&w) ||
-         qobject_cast<const Lista*>(&w);
 }
 
 }  // namespace
@@ -78,14 +68,13 @@ QStringList senza_nome_accessibile(const QWidget& forma) {
   QStringList guasti;
   const auto tutti = widget_con_nome(forma);
   for (QWidget* w : tutti) {
-    if (!da_raggiungere(*w)) continue;
     auto* lista = qobject_cast<Lista*>(w);
-    const QWidget& letto = lista ? static_cast<QWidget&>(lista->tabella()) : *w;
-    const QString testo = letto.property("text").toString();
-    const bool parla =
-        !letto.accessibleName().isEmpty() || (qobject_cast<const QCheckBox*>(&letto) && !testo.isEmpty());
-    if (!parla) guasti.append(w->objectName());
-    if (qobject_cast<LampadaWidget*>(w) && w->accessibleDescription().isEmpty())
+    QWidget* letto = lista ? &lista->tabella() : w;
+    const bool lampada = qobject_cast<LampadaWidget*>(w);
+    if (!lampada && !(letto->focusPolicy() & Qt::TabFocus)) continue;
+    if (QAccessible::queryAccessibleInterface(letto)->text(QAccessible::Name).isEmpty())
+      guasti.append(w->objectName());
+    if (lampada && w->accessibleDescription().isEmpty())
       guasti.append(w->objectName() + u" tells no state"_s);
   }
   return guasti;

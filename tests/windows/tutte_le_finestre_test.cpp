@@ -11,42 +11,24 @@
 namespace lokera::prova {
 namespace {
 
-using namespace Qt::StringLiterals;
-
-struct Vista {
-  const char* finestra;
-  int lingua;
-  QSize schermo;
-};
-
-std::vector<Vista> viste() {
-  std::vector<Vista> tutte;
-  for (const char* finestra : {"frm_Main", "frm_gruppi", "frm_gruppi_utenti", "frm_operatori",
-                               "frm_fascie_orarie", "frm_traduzioni"})
-    for (const int lingua : {0, 1})
-      for (const QSize schermo : {QSize(1280, 735), QSize(1920, 1080)})
-        tutte.push_back({finestra, lingua, schermo});
-  return tutte;
-}
+/// Window, language, and the width of the screen.
+using Vista = std::tuple<std::string, int, int>;
 
 std::string nome(const Vista& v) {
-  return std::string(v.finestra) + (v.lingua ? "_en_" : "_it_") + std::to_string(v.schermo.width());
-}
-
-void PrintTo(const Vista& v, std::ostream* o) {
-  *o << nome(v);
+  const auto& [finestra, lingua, larghezza] = v;
+  return finestra + (lingua ? "_en_" : "_it_") + std::to_string(larghezza);
 }
 
 class TutteLeFinestre : public ::testing::TestWithParam<Vista> {
  protected:
   TutteLeFinestre() {
     riempi();
-    b.console->griglie().larghezza_schermo = GetParam().schermo.width();
-    schermo = std::make_unique<SchermoConsole>(*b.console, QRect({0, 0}, GetParam().schermo));
+    b.console->griglie().larghezza_schermo = larghezza;
+    schermo = std::make_unique<SchermoConsole>(*b.console, QRect(0, 0, larghezza, altezza));
     b.main().Form_Load();
     finestra = &b.main();
     scrivi_a_lungo();
-    if (const QString nome = QString::fromLatin1(GetParam().finestra); nome != finestra->nome())
+    if (const QString nome = QString::fromStdString(std::get<0>(GetParam())); nome != finestra->nome())
       finestra = b.console->finestre().apri(nome);
     forma = finestra ? schermo->forma(*finestra) : nullptr;
     QApplication::processEvents();
@@ -55,6 +37,9 @@ class TutteLeFinestre : public ::testing::TestWithParam<Vista> {
   void scrivi_a_lungo();
   void tab_come_si_legge();
   void ognuno_col_suo_nome();
+  const int lingua = std::get<1>(GetParam());
+  const int larghezza = std::get<2>(GetParam());
+  const int altezza = larghezza == 1280 ? 735 : 1080;
   Banco b;
   std::unique_ptr<SchermoConsole> schermo;
   Finestra* finestra = nullptr;
@@ -63,23 +48,19 @@ class TutteLeFinestre : public ::testing::TestWithParam<Vista> {
 
 void TutteLeFinestre::riempi() {
   for (int i = 1; i <= 3; ++i) b.lokera(i, i == 1);
-  b.db().lingua_interfaccia = static_cast<qint16>(GetParam().lingua);
+  b.db().lingua_interfaccia = static_cast<qint16>(lingua);
   const QString festa = b.console->traduttore().traduci(u"Domenica"_s);
-  b.sql(u"update parametri set lingua = ?, descrizione = 'Portineria'"_s, {GetParam().lingua});
-  const QStringList chiavi{u"Officina"_s, u"Uffici direzione"_s, u"Magazzino"_s, u"Parco auto"_s};
-  const QStringList utenti{u"Manutentori"_s, u"Guardie notturne"_s, u"Impiegati"_s};
-  for (int i = 0; i < chiavi.size(); ++i) b.sql(u"insert into gruppi values (?, ?)"_s, {i + 1, chiavi[i]});
-  for (int i = 0; i < utenti.size(); ++i)
-    b.sql(u"insert into gruppi_utente values (?, ?)"_s, {i + 1, utenti[i]});
+  b.sql(u"update parametri set lingua = ?, descrizione = 'Portineria'"_s, {lingua});
+  b.sql(
+      u"insert into gruppi values (1, 'Officina'), (2, 'Uffici direzione'), (3, 'Magazzino'), (4, 'Parco auto')"_s);
+  b.sql(u"insert into gruppi_utente values (1, 'Manutentori'), (2, 'Guardie notturne'), (3, 'Impiegati')"_s);
   for (int g = 1; g <= 3; ++g)
     for (const QString& giorno : {u"Lunedì"_s, u"Martedì"_s, u"Mercoledì"_s})
       b.fascia(g, g, b.console->traduttore().traduci(giorno), {8, 0}, {12, 30});
-  b.sql(u"insert into giorni_particolari values (25, 12, 0, ?)"_s, {festa});
-  b.sql(u"insert into giorni_particolari values (6, 1, 2009, ?)"_s, {festa});
+  b.sql(u"insert into giorni_particolari values (25, 12, 0, ?), (6, 1, 2009, ?)"_s, {festa, festa});
   b.sql(
-      u"insert into operatori (user, pwd, su, ultima_entrata, pc) values"
+      u"insert into operatori (user, pwd, su, ultima_entrata, pc) values ('Bruno', 'y', 0, Null, Null),"
       u" ('Anna Bianchi', 'x', 1, #11/29/2008 17:45:12#, 'PC-PORTINERIA')"_s);
-  b.sql(u"insert into operatori (user, pwd, su) values ('Bruno', 'y', 0)"_s);
 }
 
 // What the main window shows at work, as long as it gets.
@@ -114,7 +95,11 @@ void TutteLeFinestre::ognuno_col_suo_nome() {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(, TutteLeFinestre, ::testing::ValuesIn(viste()),
+INSTANTIATE_TEST_SUITE_P(, TutteLeFinestre,
+                         ::testing::Combine(::testing::Values("frm_Main", "frm_gruppi", "frm_gruppi_utenti",
+                                                              "frm_operatori", "frm_fascie_orarie",
+                                                              "frm_traduzioni"),
+                                            ::testing::Values(0, 1), ::testing::Values(1280, 1920)),
                          [](const auto& info) { return nome(info.param); });
 
 // With LOKERA_SCHERMATE=FOLDER the pictures for the documentation are made too.
@@ -124,8 +109,8 @@ TEST_P(TutteLeFinestre, SiVedeTuttoESiUsaDaTastiera) {
   EXPECT_EQ(testi_tagliati(*forma).join(u'\n'), QString());
   EXPECT_EQ(fuori_posto(*forma).join(u'\n'), QString());
   EXPECT_EQ(senza_nome_accessibile(*forma).join(u'\n'), QString());
-  EXPECT_LE(forma->frameGeometry().width(), GetParam().schermo.width());
-  EXPECT_LE(forma->frameGeometry().height(), GetParam().schermo.height());
+  EXPECT_LE(forma->frameGeometry().width(), larghezza);
+  EXPECT_LE(forma->frameGeometry().height(), altezza);
   if (finestra != &b.main()) tab_come_si_legge();
   ognuno_col_suo_nome();
   const QString cartella = qEnvironmentVariable("LOKERA_SCHERMATE");

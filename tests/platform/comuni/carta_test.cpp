@@ -1,5 +1,3 @@
-#include <QDir>
-
 #include <gtest/gtest.h>
 
 #include "platform/comuni/macchina_di_prova.h"

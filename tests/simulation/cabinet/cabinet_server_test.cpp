@@ -9,7 +9,6 @@
 namespace lokera::simulazione {
 namespace {
 
-using namespace Qt::StringLiterals;
 using prova::FintaRete;
 using prova::FintoCanale;
 

@@ -8,8 +8,6 @@
 namespace lokera::simulazione {
 namespace {
 
-using namespace Qt::StringLiterals;
-
 const QByteArray tessera = "TESSERA001";
 const QByteArray chiave = "CHIAVE0007";
 const QByteArray parametri_gestito = "0009501010000010A01010100000000000000";

@@ -9,8 +9,6 @@
 namespace lokera::simulazione {
 namespace {
 
-using namespace Qt::StringLiterals;
-
 /// The words of the scripts: ">" what has to go out next, "<" an answer, "=" bytes as they are.
 const QByteArray frasi = R"(
     >shown 000900000000000011TESSERA001    >gone 000900000000000010TESSERA001

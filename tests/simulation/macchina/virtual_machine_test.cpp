@@ -7,8 +7,6 @@
 namespace lokera::simulazione {
 namespace {
 
-using namespace Qt::StringLiterals;
-
 using namespace std::chrono_literals;
 
 TEST(VirtualMachine, never_passes_the_deadline_and_keeps_the_order_of_asking) {
@@ -43,22 +41,6 @@ TEST(VirtualTimer, fires_every_interval_while_enabled_and_starts_anew_on_a_chang
   imposta(false, 700, 5s);
   imposta(true, 0, 5s);
   EXPECT_EQ(scatti, (QList<Monotonic>{4000ms, 5000ms, 6200ms}));
-}
-
-TEST(VirtualTimer, fires_inside_a_wait_of_its_own_handler_and_may_be_destroyed_there) {
-  VirtualMachine pc;
-  PolledWait attesa(pc.orologio(), pc.ciclo());
-  auto timer = pc.macchina().timer.crea_timer();
-  int scatti = 0;
-  timer->Evento = [&, segno = u"alive until the handler returns"_s] {
-    if (++scatti == 1) attesa.attendi_oltre(4);
-    if (scatti == 3) timer.reset();
-    EXPECT_FALSE(segno.isEmpty());
-  };
-  timer->Interval(1500);
-  timer->Enabled(true);
-  pc.esegui_per(60s);
-  EXPECT_EQ(scatti, 3);
 }
 
 TEST(VirtualMachine, a_loop_that_makes_no_progress_is_flagged_and_still_ends) {
