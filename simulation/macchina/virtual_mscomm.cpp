@@ -26,7 +26,7 @@ class VirtualMSComm : public MSComm {
 
   qsizetype InBufferCount() const override { return arrivati_.size(); }
   QByteArray Input() override {
-    const QByteArray primo = arrivati_.first(std::min<qsizetype>(arrivati_.size(), 1));
+    QByteArray primo = arrivati_.first(std::min<qsizetype>(arrivati_.size(), 1));
     arrivati_.remove(0, primo.size());
     return primo;
   }

@@ -32,7 +32,7 @@ Esito<qint32> PosizioniTessere::assegna(const QString& tessera, qlonglong lokera
   if (const Errore e = rs.Open(una_tessera(), c_, {tessera, lokera}, Cursore::aggiornabile); e.fallito())
     return e;
   if (!rs.eof()) return static_cast<qint32>(rs.numero(u"posizione"));
-  const auto posizione = prima_libera(lokera);
+  auto posizione = prima_libera(lokera);
   if (posizione.fallito()) return posizione;
   if (const Errore e = rs.AddNew(); e.fallito()) return e;
   if (const Errore e = rs.imposta(u"id_tessera", tessera); e.fallito()) return e;

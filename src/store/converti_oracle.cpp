@@ -139,7 +139,7 @@ QString togli_top(QString& testa) {
   return u"ROWNUM < %1"_s.arg(trovato.captured(1).toLongLong() + 1);
 }
 
-QString unisci_condizioni(const Giunzioni& g, QString where, const QString& limite) {
+QString unisci_condizioni(const Giunzioni& g, const QString& where, const QString& limite) {
   QStringList condizioni = g.condizioni;
   const bool alternative = trova_parola(where, u"or"_s) >= 0 && (!condizioni.isEmpty() || !limite.isEmpty());
   if (!where.isEmpty()) condizioni.prepend(alternative ? u'(' + where + u')' : where);
@@ -150,7 +150,7 @@ QString unisci_condizioni(const Giunzioni& g, QString where, const QString& limi
 }  // namespace
 
 QString struttura_oracle(const QString& statement, QString& errore) {
-  const QString s = statement.trimmed();
+  QString s = statement.trimmed();
   const qsizetype from = trova_parola(s, u"from"_s);
   if ((!s.startsWith("select "_L1) && !s.startsWith("delete "_L1)) || from < 0) return s;
   Parti p = dividi(s, from);

@@ -125,7 +125,7 @@ QString ricomponi(const std::vector<PezzoSql>& pezzi, const QString& nel_testo) 
 }
 
 QString ripara_apici(const QString& statement) {
-  const QString s = statement.trimmed();
+  QString s = statement.trimmed();
   if (!s.contains(u'\'')) return s;
   std::vector<PezzoSql> pezzi = classifica(s);
   for (PezzoSql& p : pezzi) p.testo = normalizza(p);

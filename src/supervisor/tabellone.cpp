@@ -89,7 +89,8 @@ void Tabellone::mostra_pannelli(qlonglong ultima) {
   const int visibili =
       static_cast<int>((std::max(ultima, 0LL) + posizioni_pannello - 1) / posizioni_pannello);
   for (int i = 0; i < visibili; ++i) {
-    pnlK(i).Top = pos_pannelli[static_cast<size_t>(pannelli - visibili + i)];
+    const int posto = pannelli - visibili + i;
+    pnlK(i).Top = pos_pannelli[static_cast<size_t>(posto)];
     pnlK(i).Visible = true;
   }
 }

@@ -123,7 +123,7 @@ QString XlsxWorkbook::manca_spazio() const {
 QString XlsxWorkbook::salva() {
   if (!file_.errore().isEmpty()) return file_.errore();
   if (!foglio_) return qt_error_string(EIO);
-  if (const QString manca = manca_spazio(); !manca.isEmpty()) return manca;
+  if (QString manca = manca_spazio(); !manca.isEmpty()) return manca;
   foglio_ = nullptr;
   const lxw_error esito = workbook_close(std::exchange(libro_, nullptr));
   if (esito != LXW_NO_ERROR) return QString::fromUtf8(lxw_strerror(esito));
