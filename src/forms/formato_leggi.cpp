@@ -6,6 +6,8 @@
 
 namespace lokera {
 
+using namespace Qt::StringLiterals;
+
 QDateTime leggi_data_digitata(QStringView testo) {
   bool sola_ora = false;
   const int ore = testo.trimmed().toInt(&sola_ora);
@@ -15,8 +17,8 @@ QDateTime leggi_data_digitata(QStringView testo) {
 }
 
 std::optional<double> leggi_numero(QStringView testo) {
-  static const QRegularExpression migliaia(QStringLiteral(R"(^[+-]?\d{1,3}(\.\d{3})+(,\d+)?$)"));
-  static const QRegularExpression numero(QStringLiteral(R"(^[+-]?(\d+([.,]\d*)?|[.,]\d+)$)"));
+  static const QRegularExpression migliaia(uR"(^[+-]?\d{1,3}(\.\d{3})+(,\d+)?$)"_s);
+  static const QRegularExpression numero(uR"(^[+-]?(\d+([.,]\d*)?|[.,]\d+)$)"_s);
   bool intero = false;
   const int n = testo.toInt(&intero);
   if (intero) return n;

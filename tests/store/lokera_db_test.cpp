@@ -17,7 +17,7 @@ class LokeraDb : public ::testing::Test {
     int stato;
     QString uscita, errori;
   };
-  static Corsa esegui(const QStringList& argomenti, const QString& programma = QStringLiteral(LOKERA_DB)) {
+  static Corsa esegui(const QStringList& argomenti, const QString& programma = QString::fromUtf8(LOKERA_DB)) {
     QProcess p;
     p.start(programma, argomenti);
     if (!p.waitForFinished(60'000)) return {-1, {}, u"non finisce"_s};
@@ -101,7 +101,7 @@ TEST_F(LokeraDb, ChiLeggePianoLUscitaNonFermaLaConsole) {
               {u"-c"_s,
                u"exec 3<&0; \"$0\" sql \"$1\" 'select a.*, b.* from traduzioni a, traduzioni b limit 20000' "
                u"| { head -c 1; echo; read x <&3; }"_s,
-               QStringLiteral(LOKERA_DB), f});
+               QString::fromUtf8(LOKERA_DB), f});
   ASSERT_TRUE(lento.waitForReadyRead(60'000));
   EXPECT_FALSE(c.Execute(u"insert into gruppi values (1, 'a')"_s).fallito());
   lento.write("\n");
@@ -153,7 +153,7 @@ TEST_F(LokeraDb, SenzaDirittoDiScrivereNonSiApre) {
   const bool superuser = ::geteuid() == 0;
   const auto corri = [&] {
     if (!superuser) return esegui({u"controlla"_s, f});
-    return esegui({u"--reuid=65534"_s, u"--regid=65534"_s, u"--clear-groups"_s, QStringLiteral(LOKERA_DB),
+    return esegui({u"--reuid=65534"_s, u"--regid=65534"_s, u"--clear-groups"_s, QString::fromUtf8(LOKERA_DB),
                    u"controlla"_s, f},
                   u"setpriv"_s);
   };

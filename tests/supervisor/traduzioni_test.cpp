@@ -59,7 +59,7 @@ TEST(Traduzioni, NoWindowShowsATextThatTheTableLacks) {
 QStringList testi_di(const QString& sorgente) {
   static const QRegularExpression frase(
       u"\\b(?:traduci|avvisa|conferma|non_valida)(\\((?:[^()]|(?1))*\\))"_s);
-  static const QRegularExpression testo(u"(?:u|QStringLiteral\\()\"((?:[^\"\\\\]|\\\\.)*)\""_s);
+  static const QRegularExpression testo(u"u\"((?:[^\"\\\\]|\\\\.)*)\""_s);
   QStringList tutti;
   for (auto f = frase.globalMatch(sorgente); f.hasNext();)
     for (auto t = testo.globalMatch(f.next().captured(1)); t.hasNext();) tutti += t.next().captured(1);
@@ -70,7 +70,7 @@ TEST(Traduzioni, NoMessageHasATextThatTheTableLacks) {
   Banco b;
   const QStringList tradotti = testi(b, true);
   int visti = 0;
-  QDirIterator sorgenti(QStringLiteral(LOKERA_SRC), {u"*.cpp"_s, u"*.h"_s}, QDir::Files,
+  QDirIterator sorgenti(QString::fromUtf8(LOKERA_SRC), {u"*.cpp"_s, u"*.h"_s}, QDir::Files,
                         QDirIterator::Subdirectories);
   while (sorgenti.hasNext()) {
     QFile file(sorgenti.next());
