@@ -34,7 +34,8 @@ class SessioneTest : public ::testing::Test {
 
   /// As the slot counts: 0 no answer, 1 "00", 2 another code.
   static qint16 stato(const Esito<QByteArray>& risposta) {
-    return risposta.fallito() ? 0 : accettata(risposta) ? 1 : 2;
+    if (risposta.fallito()) return 0;
+    return accettata(risposta) ? 1 : 2;
   }
 
   void arriva(const QByteArray& frame) {

@@ -32,7 +32,7 @@ class LokeraDb : public ::testing::Test {
   }
   QString file(const QString& nome) const { return cartella.filePath(nome); }
   QString creato() {
-    const QString f = file(u"a.mdb"_s);
+    QString f = file(u"a.mdb"_s);
     EXPECT_EQ(esegui({u"crea"_s, f}).errori, QString());
     return f;
   }

@@ -300,7 +300,7 @@ TEST(Collegamento, AModalWindowIsDrawnSoAndOneThatTheSizingLeavesAloneIsOnlyCent
   const Collegamento c(f, forma, banco.console->traduttore(), {0, 0, 1920, 1080});
   EXPECT_FALSE(c.stirata());
   EXPECT_EQ(forma.size(), QSize(600, 400));
-  EXPECT_NEAR(forma.x(), (1920 - 600) / 2, 4);
+  EXPECT_NEAR(forma.x(), (1920 - 600) / 2.0, 4);
   EXPECT_EQ(forma.windowModality(), Qt::ApplicationModal);
 }
 

@@ -49,9 +49,9 @@ TEST(Carta, text_is_measured_in_its_own_font) {
   const int largo = stampante.TextWidth(piccolo, testo);
   EXPECT_GT(largo, 8 * 20 * 9 / 4);
   EXPECT_LT(largo, 8 * 20 * 9);
-  EXPECT_NEAR(stampante.TextWidth(grande, testo), 2 * largo, largo / 20);
+  EXPECT_NEAR(stampante.TextWidth(grande, testo), 2.0 * largo, largo / 20.0);
   EXPECT_GT(stampante.TextWidth(grassetto, testo), largo);
-  EXPECT_NEAR(stampante.TextWidth(piccolo, testo + testo), 2 * largo, largo / 20);
+  EXPECT_NEAR(stampante.TextWidth(piccolo, testo + testo), 2.0 * largo, largo / 20.0);
   EXPECT_GE(stampante.TextHeight(piccolo), 8 * 20);
   EXPECT_LT(stampante.TextHeight(piccolo), 8 * 20 * 3 / 2);
 }

@@ -10,7 +10,6 @@ namespace lokera::simulazione {
 namespace {
 
 using prova::FintaRete;
-using prova::FintoCanale;
 
 class CabinetServerTest : public testing::Test {
  protected:
