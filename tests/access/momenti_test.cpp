@@ -25,7 +25,7 @@ TEST(Momenti, UnPrelievoNellOraSaltataHaLaSuaData) {
     Banco b;
     bool letto = false;
     const LokeraFinta lokera(b.vm, u"127.0.0.2"_s, 10001,
-                             [&](const QByteArray& f) { return risposta(f, data, letto); });
+                             [&letto, data = data](const QByteArray& f) { return risposta(f, data, letto); });
     b.lokera(1);
     b.tessera(u"0000000001"_s);
     b.chiave(u"1000000001"_s, 1, 3);

@@ -1,4 +1,5 @@
 #include "forms/archivio.h"
+#include "forms/celle_nominate.h"
 #include "forms/salvataggio_lista.h"
 #include "store/date_jet.h"
 
@@ -96,10 +97,8 @@ TEST_F(Griglia, CellsShowTheValuesOfTheirFields) {
       {momento(QDate(2008, 11, 30), QTime(8, 5)), true});
   sql(u"insert into prova (t) values (' ')"_s);
   lista.layout(conn, {}, {}, conn, u"select * from prova"_s);
-  std::vector<Colonna> piu;
-  for (int i = 0; i < grd.Cols(); ++i) piu.push_back(grd.Columns(i));
-  piu.emplace_back().campo = u"manca"_s;
-  grd.imposta_colonne(piu);
+  constexpr const char16_t* senza_campo[] = {u"manca"};
+  completa_colonne(grd, senza_campo, true);
   EXPECT_TRUE(lista.popola(conn, u"select * from prova"_s));
   EXPECT_EQ(riga(grd, 0), u"7||2,5|30/11/2008 08.05.00|-1|a|"_s);
   EXPECT_EQ(riga(grd, 1), u"||||0| |"_s);

@@ -21,6 +21,7 @@ class Traduzioni : public Archivio {
   QStringList finestra(int didascalie) {
     Finestra f(elenco, u"frm_prova"_s);
     std::vector<std::unique_ptr<Label>> etichette;
+    etichette.reserve(static_cast<size_t>(didascalie));
     for (int i = 0; i < didascalie; ++i)
       etichette.push_back(std::make_unique<Label>(f, u"Label%1"_s.arg(i), u"Voce %1"_s.arg(i)));
     traduttore.traduci_form(f);
