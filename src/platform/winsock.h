@@ -23,7 +23,8 @@ class Winsock {
   virtual void RemoteHost(const QString& indirizzo) = 0;
   virtual void RemotePort(quint16 porta) = 0;
 
-  /// Starts a connection to the address and port and returns at once. UDP sockets need no Connect.
+  /// Starts a connection to the address and port and returns at once; what is no address is never dialled.
+  /// UDP sockets need no Connect.
   virtual void Connect(const QString& indirizzo, quint16 porta) = 0;
 
   /// Hands the bytes over. On a TCP socket that is not connected they are dropped; on a UDP socket they go

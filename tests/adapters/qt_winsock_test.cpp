@@ -27,6 +27,10 @@ TEST(QtWinsock, refused_and_closed_connections_are_told_by_the_state_alone) {
   banco.socket->Connect(banco.host, 24002);  // nobody listens
   EXPECT_TRUE(banco.attesa.attendi(5, [&] { return banco.socket->State() == socket_chiuso; }));
   banco.socket->SendData("x");  // dropped
+  for (const auto& nessuno : {u"0.0.0.0"_qs, u"999.0.0.9"_qs, u"localhost"_qs}) {
+    banco.socket->Connect(nessuno, 24002);
+    EXPECT_EQ(banco.socket->State(), socket_chiuso) << nessuno.toStdString();
+  }
 
   ASSERT_TRUE(banco.ascolta(24002));
   banco.socket->Connect(banco.host, 24002);

@@ -33,7 +33,10 @@ void QtWinsock::Connect(const QString& indirizzo, quint16 porta) {
   Close();
   indirizzo_ = indirizzo;
   porta_ = porta;
-  tcp_.connectToHost(indirizzo, porta);
+  // What is no address would be looked up as a name, and 0.0.0.0 is this computer.
+  const QHostAddress a(indirizzo);
+  if (a.protocol() == QAbstractSocket::IPv4Protocol && a != QHostAddress(QHostAddress::AnyIPv4))
+    tcp_.connectToHost(a, porta);
 }
 
 void QtWinsock::SendData(QByteArrayView dati) {
