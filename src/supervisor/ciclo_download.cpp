@@ -1,7 +1,6 @@
 #include "supervisor/ciclo_download.h"
 
-#include <span>
-
+#include "forms/celle_nominate.h"
 #include "link/porte.h"
 #include "link/protocollo.h"
 
@@ -16,33 +15,6 @@ constexpr int intervallo_ms = 30000;
 constexpr const char16_t* colonne_lokere[] = {u"id",    u"descrizione", u"errori",
                                               u"reset", u"indirizzoIP", u"seriale"};
 constexpr const char16_t* colonne_coda[] = {u"codice", u"descrizione", u"oper", u"esito"};
-
-// Those that are missing come behind the others; `visibili` for a list that has no layout at all.
-void completa(SSOleDBGrid& grd, std::span<const char16_t* const> campi, bool visibili) {
-  std::vector<Colonna> colonne;
-  colonne.reserve(static_cast<size_t>(grd.Cols()) + campi.size());
-  for (int i = 0; i < grd.Cols(); ++i) colonne.push_back(grd.Columns(i));
-  for (const char16_t* campo : campi) {
-    if (grd.colonna(campo) >= 0) continue;
-    Colonna colonna;
-    colonna.campo = colonna.Caption = QString::fromUtf16(campo);
-    colonna.Visible = visibili;
-    colonne.push_back(colonna);
-  }
-  grd.imposta_colonne(std::move(colonne));
-}
-
-struct CellaNuova {
-  QStringView campo;
-  QString testo;
-};
-
-// A row whose cells stand wherever the layout has their columns.
-void aggiungi(SSOleDBGrid& grd, std::initializer_list<CellaNuova> celle) {
-  QStringList riga(grd.Cols());
-  for (const CellaNuova& c : celle) riga[grd.colonna(c.campo)] = c.testo;
-  grd.AddItem(riga);
-}
 
 }  // namespace
 
@@ -64,25 +36,25 @@ CicloDownload::CicloDownload(Finestra& finestra, const ElencoFinestre& finestre,
       e_(etichette) {
   grdLokere.Caption = u"Lokere"_s;
   grdAggOper.Caption = u"aggiornamento differito operatori"_s;
-  completa(grdLokere, colonne_lokere, true);
-  completa(grdAggOper, colonne_coda, true);
+  lokera::completa_colonne(grdLokere, colonne_lokere, true);
+  lokera::completa_colonne(grdAggOper, colonne_coda, true);
   TimerDownload->Interval(intervallo_ms);
   TimerDownload->Evento = [this] { TimerDownload_Timer(); };
   sessione_.tick_cambiati = [this] { accendi(); };
 }
 
 void CicloDownload::completa_colonne() {
-  completa(grdLokere, colonne_lokere, false);
-  completa(grdAggOper, colonne_coda, false);
+  lokera::completa_colonne(grdLokere, colonne_lokere, false);
+  lokera::completa_colonne(grdAggOper, colonne_coda, false);
 }
 
 void CicloDownload::aggiungi_lokera(const QString& id, const QString& descrizione,
                                     const QString& indirizzoIP) {
-  aggiungi(grdLokere, {{u"id", id},
-                       {u"descrizione", descrizione},
-                       {u"errori", u"0"_s},
-                       {u"reset", u"0"_s},
-                       {u"indirizzoIP", indirizzoIP}});
+  aggiungi_riga(grdLokere, {{u"id", id},
+                            {u"descrizione", descrizione},
+                            {u"errori", u"0"_s},
+                            {u"reset", u"0"_s},
+                            {u"indirizzoIP", indirizzoIP}});
 }
 
 void CicloDownload::accendi() {
@@ -159,7 +131,8 @@ void CicloDownload::riempi_coda() {
   const auto righe = CodaTessere(db_.connessione_db).per_lokera(corrente_.id());
   if (righe.fallito() && segnala) segnala(righe.errore());
   for (const RigaCoda& r : *righe)
-    aggiungi(grdAggOper, {{u"codice", r.tessera}, {u"descrizione", r.intestazione}, {u"oper", r.operazione}});
+    aggiungi_riga(grdAggOper,
+                  {{u"codice", r.tessera}, {u"descrizione", r.intestazione}, {u"oper", r.operazione}});
   grdAggOper.Row(0);
 }
 
