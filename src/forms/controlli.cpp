@@ -33,6 +33,7 @@ void TextBox::accetta(VisitaControlli& visita) { visita.visita(*this); }
 void MaskEdBox::accetta(VisitaControlli& visita) { visita.visita(*this); }
 void CheckBox::accetta(VisitaControlli& visita) { visita.visita(*this); }
 void OptionButton::accetta(VisitaControlli& visita) { visita.visita(*this); }
+void ProgressBar::accetta(VisitaControlli& visita) { visita.visita(*this); }
 void Shape::accetta(VisitaControlli& visita) { visita.visita(*this); }
 void NumeroPosizione::accetta(VisitaControlli& visita) { visita.visita(*this); }
 void SSPanel::accetta(VisitaControlli& visita) { visita.visita(*this); }

@@ -194,6 +194,16 @@ class OptionButton : public Controllo {
   std::function<void()> Click;
 };
 
+/// How far a long work has come: `Value` of `Max`.
+class ProgressBar : public Controllo {
+ public:
+  using Controllo::Controllo;
+  void accetta(VisitaControlli& visita) override;
+
+  Proprieta<int> Max{*this, 100};
+  Proprieta<int> Value{*this, 0};
+};
+
 /// A coloured lamp.
 class Shape : public Controllo {
  public:

@@ -79,6 +79,8 @@ class Finestra {
   /// destroyed, from the event that closed it; the owner destroys it later, from the event loop.
   void chiudi();
   bool chiusa() const { return chiusa_; }
+  /// The wish has been noted: what a wait of the window's own was for goes no further.
+  bool in_chiusura() const { return chiusura_chiesta_; }
   std::function<void()> Chiusa;
 
   /// What happens when the window is shown, after its controls are bound to what draws them.

@@ -21,6 +21,7 @@ class VisitaControlli {
   virtual void visita(CheckBox&) {}
   virtual void visita(OptionButton&) {}
   virtual void visita(Tendina&) {}
+  virtual void visita(ProgressBar&) {}
   virtual void visita(Shape&) {}
   virtual void visita(NumeroPosizione&) {}
   virtual void visita(SSPanel&) {}

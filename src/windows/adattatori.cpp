@@ -6,6 +6,7 @@
 #include <QFrame>
 #include <QGroupBox>
 #include <QLabel>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
 
@@ -97,6 +98,17 @@ class AdattaOpzione : public AdattatoreDi<OptionButton, QRadioButton> {
   }
 };
 
+class AdattaAvanzamento : public AdattatoreDi<ProgressBar, QProgressBar> {
+ public:
+  using AdattatoreDi::AdattatoreDi;
+
+ protected:
+  void mostra() override {
+    w_.setRange(0, c_.Max);
+    w_.setValue(c_.Value);
+  }
+};
+
 class AdattaPannello : public AdattatoreDi<SSPanel, QFrame> {
  public:
   AdattaPannello(SSPanel& c, QFrame& w) : AdattatoreDi(c, w) { c.Top = w.y(); }
@@ -121,6 +133,7 @@ class Adatta : public VisitaControlli {
   void visita(CommandButton& c) override { trovato = adatta_a<AdattaPulsante, QPushButton>(c, w_); }
   void visita(CheckBox& c) override { trovato = adatta_a<AdattaSpunta, QCheckBox>(c, w_); }
   void visita(OptionButton& c) override { trovato = adatta_a<AdattaOpzione, QRadioButton>(c, w_); }
+  void visita(ProgressBar& c) override { trovato = adatta_a<AdattaAvanzamento, QProgressBar>(c, w_); }
   void visita(SSPanel& c) override {
     if (!qobject_cast<QLabel*>(&w_)) trovato = adatta_a<AdattaPannello, QFrame>(c, w_);
   }
