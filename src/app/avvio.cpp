@@ -15,7 +15,12 @@ void prepara_aspetto() {
   colori.setColor(QPalette::Highlight, QColor(0x1F, 0x6F, 0xB2));
   colori.setColor(QPalette::HighlightedText, Qt::white);
   colori.setColor(QPalette::Mid, QColor(0xC3, 0xC9, 0xD0));
+  // What can't be changed now is read all the same.
+  for (const QPalette::ColorRole testo : {QPalette::WindowText, QPalette::Text})
+    colori.setColor(QPalette::Disabled, testo, QColor(0x50, 0x58, 0x60));
   QApplication::setPalette(colori);
+  colori.setColor(QPalette::Disabled, QPalette::ButtonText, QColor(0x50, 0x58, 0x60));
+  QApplication::setPalette(colori, "QComboBox");
 }
 
 Avvio::Avvio(const QString& cartella, const QRect& disponibile)

@@ -4,6 +4,7 @@
 
 #include "access/frm_fascie_orarie.h"
 #include "cards/frm_gruppi.h"
+#include "commissioning/frm_param_lokere.h"
 #include "forms/frm_traduzioni.h"
 #include "supervisor/attesa_blocco.h"
 #include "supervisor/frm_operatori.h"
@@ -53,6 +54,12 @@ void Console::riempi_catalogo() {
   });
   catalogo_.aggiungi(u"frm_fascie_orarie"_s, [this, &orologio] {
     return std::make_unique<frm_fascie_orarie>(elenco_, db_, griglie_, orologio);
+  });
+  catalogo_.aggiungi(u"frm_param_lokere"_s, [this, &archivio] {
+    auto finestra = std::make_unique<frm_param_lokere>(elenco_, archivio, griglie_, macchina_.socket,
+                                                       macchina_.timer);
+    finestra->lokere_cambiate = [this] { parti_->partenza.trova_lokere_sistema(); };
+    return finestra;
   });
   catalogo_.aggiungi(u"frm_traduzioni"_s, [this, &orologio] {
     return std::make_unique<frm_traduzioni>(elenco_, db_, griglie_, orologio);

@@ -54,7 +54,7 @@ MenuPrincipale::MenuPrincipale(Finestra& f, Database& db, const ElencoFinestre& 
   mnuEsc.Click = [this] { mnuEsc_Click(); };
   // Their windows are not there yet.
   for (Menu* voce :
-       {&mnuUtenti, &mnuTesCh, &mnuParLok, &mnuVediMov, &mnuSitkey, &mnuMemSD, &mnuImport, &mnuExport})
+       {&mnuUtenti, &mnuTesCh, &mnuVediMov, &mnuSitkey, &mnuMemSD, &mnuImport, &mnuExport})
     voce->Enabled = false;
 }
 

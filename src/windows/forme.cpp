@@ -3,6 +3,7 @@
 #include "ui_frm_fascie_orarie.h"
 #include "ui_frm_gruppi.h"
 #include "ui_frm_operatori.h"
+#include "ui_frm_param_lokere.h"
 #include "ui_frm_traduzioni.h"
 #include "windows/forma_principale.h"
 
@@ -26,6 +27,7 @@ constexpr Riga forme[] = {
     {u"frm_gruppi_utenti", nuova<Forma<Ui::frm_gruppi>>},
     {u"frm_operatori", nuova<Forma<Ui::frm_operatori>>},
     {u"frm_fascie_orarie", nuova<Forma<Ui::frm_fascie_orarie>>},
+    {u"frm_param_lokere", nuova<Forma<Ui::frm_param_lokere>>},
     {u"frm_traduzioni", nuova<Forma<Ui::frm_traduzioni>>},
 };
 

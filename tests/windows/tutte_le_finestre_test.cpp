@@ -97,8 +97,8 @@ void TutteLeFinestre::ognuno_col_suo_nome() {
 
 INSTANTIATE_TEST_SUITE_P(, TutteLeFinestre,
                          ::testing::Combine(::testing::Values("frm_Main", "frm_gruppi", "frm_gruppi_utenti",
-                                                              "frm_operatori", "frm_fascie_orarie",
-                                                              "frm_traduzioni"),
+                                                              "frm_operatori", "frm_param_lokere",
+                                                              "frm_fascie_orarie", "frm_traduzioni"),
                                             ::testing::Values(0, 1), ::testing::Values(1280, 1920)),
                          [](const auto& info) { return nome(info.param); });
 
