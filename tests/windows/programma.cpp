@@ -2,12 +2,12 @@
 
 #include <gtest/gtest.h>
 
-using namespace Qt::StringLiterals;
+#include "app/avvio.h"
 
 // Widgets need the application before any of them.
 int main(int argc, char** argv) {
   testing::InitGoogleTest(&argc, argv);
-  QApplication::setStyle(u"Fusion"_s);
   const QApplication applicazione(argc, argv);
+  lokera::prepara_aspetto();
   return RUN_ALL_TESTS();
 }
