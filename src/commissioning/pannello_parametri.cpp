@@ -129,7 +129,8 @@ std::vector<ValoreLokera> PannelloParametri::valori(const ParametriLokera& p) co
   // A time of day that is none leaves the old one.
   const QString orario = txtOrarioAgg.Text().trimmed();
   const QDateTime letto = leggi_data_digitata(orario);
-  if (orario.isEmpty() || letto.isValid()) valori.push_back({u"orario_aggiornamento_tessere", letto});
+  if (orario.isEmpty() || letto.isValid())
+    valori.push_back({u"orario_aggiornamento_tessere", letto.isValid() ? QVariant(letto) : QVariant()});
   return valori;
 }
 

@@ -178,6 +178,7 @@ TEST_F(Registrazione, RinumerataPortaConSeLeSueChiavi) {
   frm_param_lokere& f = apri();
   f.cmdModifica_Click();
   scrivi(u"5"_s, u"127.000.000.002"_s);
+  f.pannello.txtOrarioAgg.Text = QString();
   f.cmdRegPar_Click();
   EXPECT_EQ(b.righe(u"select ID from parametri"_s), QStringList{u"5"_s});
   EXPECT_EQ(b.righe(u"select lokera, posizione from tessere_chiavi"_s), QStringList{u"5|3"_s});
