@@ -12,9 +12,6 @@
 
 namespace lokera::simulazione {
 
-constexpr quint16 porta_viva = 10002;
-constexpr quint16 porta_udp = 3040;
-
 /// One cabinet on a network: its command port, its live port, its UDP port, all at the address in use.
 /// Several connections to the command port stand side by side; of the live port the newest counts.
 class CabinetServer {
