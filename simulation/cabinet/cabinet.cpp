@@ -4,7 +4,12 @@ namespace lokera::simulazione {
 
 Cabinet::Cabinet(const Identita& identita, const Clock& clock, RegistroEventi& registro)
     : nome_(identita.indirizzo),
-      stato_(identita.indirizzo, identita.seriale, identita.limiti, clock, registro) {}
+      stato_(identita.indirizzo, identita.seriale, identita.limiti,
+             OrologioCabinet(clock, identita.orologio_regolato), registro) {}
+
+Cabinet::Identita Cabinet::di_fabbrica(const QByteArray& seriale, const QString& indirizzo) {
+  return {indirizzo, seriale, {}, false};
+}
 
 QByteArray Cabinet::comando(QByteArrayView frame, SessioneCabinet& sessione) {
   bool riavvio = false;
@@ -19,11 +24,14 @@ QByteArray Cabinet::datagramma(QByteArrayView frame) {
   return risposta;
 }
 
+void Cabinet::accendi() {
+  propria_ = {};
+  stato_.prendi_in_uso();
+}
+
 void Cabinet::riavvia() {
   ++riavvii_;
-  propria_ = {};
-  stato_.parametri_in_uso = stato_.parametri;
-  stato_.rete_in_uso = stato_.rete;
+  accendi();
   if (Riavvio) Riavvio();
 }
 

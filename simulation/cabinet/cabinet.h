@@ -23,7 +23,11 @@ class Cabinet {
     QString indirizzo;  ///< "127.0.0.2"; also its name in the ledger
     QByteArray seriale = "0000000001";
     LimitiCabinet limiti = {};
+    bool orologio_regolato = true;  ///< false: nobody has ever set its clock
   };
+
+  /// As it comes out of its box: nothing registered, the clock never set, an address that many share.
+  static Identita di_fabbrica(const QByteArray& seriale, const QString& indirizzo = u"192.168.15.200"_s);
 
   /// The clock and the ledger must outlive the cabinet.
   Cabinet(const Identita& identita, const Clock& clock, RegistroEventi& registro);
@@ -35,7 +39,10 @@ class Cabinet {
   /// The answer to a datagram. A reset happens before the return and has no answer.
   QByteArray datagramma(QByteArrayView frame);
 
-  /// Stored parameters and network settings come into use; archives, store, clock and keys stay.
+  /// The cabinet is switched on: stored parameters and network settings come into use; archives, store, clock
+  /// and keys stay.
+  void accendi();
+  /// The same by a reset.
   void riavvia();
   std::function<void()> Riavvio;  ///< called at the end of riavvia()
   int riavvii() const { return riavvii_; }

@@ -1,7 +1,5 @@
 #include "simulation/cabinet/cabinet_comandi.h"
 
-#include <QStringList>
-
 #include <algorithm>
 #include <optional>
 
@@ -174,8 +172,10 @@ RispostaCabinet registra_rete(const Comando& c) {
   const auto porta = numero_decimale(c.dati.sliced(12, 5));
   ReteCabinet nuova{indirizzo_da_cifre(c.dati.first(12)), 0, indirizzo_da_cifre(c.dati.sliced(17, 12)),
                     indirizzo_da_cifre(c.dati.sliced(29))};
-  if (!porta || *porta < 1 || *porta > 65535) return {fuori_limite};
+  if (!porta || *porta < 1 || *porta > 65535 || *porta == porta_viva) return {fuori_limite};
   if (nuova.indirizzo.isEmpty() || nuova.maschera.isEmpty() || nuova.gateway.isEmpty()) return {fuori_limite};
+  const int rete = nuova.indirizzo.section(u'.', 0, 0).toInt();
+  if (rete < 1 || rete > 223) return {fuori_limite};  // of no single host
   nuova.porta = static_cast<quint16>(*porta);
   c.stato.rete = nuova;
   return {bene};
@@ -240,25 +240,6 @@ QByteArray rispondi(StatoCabinet& stato, SessioneCabinet& sessione, Porta porta,
   }
   const RispostaCabinet risposta = esegui({stato, sessione, testo.sliced(5), riavvio}, porta, codice);
   return riavvio ? QByteArray() : componi_risposta(codice, risposta);
-}
-
-QByteArray cifre_indirizzo(const QString& indirizzo) {
-  QByteArray cifre;
-  for (const QString& gruppo : indirizzo.split(u'.')) {
-    cifre += gruppo.toLatin1().rightJustified(3, '0');
-  }
-  return cifre;
-}
-
-QString indirizzo_da_cifre(QByteArrayView cifre) {
-  QStringList gruppi;
-  if (cifre.size() != 12) return {};
-  for (const int da : {0, 3, 6, 9}) {
-    const auto gruppo = numero_decimale(cifre.sliced(da, 3));
-    if (!gruppo || *gruppo > 255) return {};
-    gruppi << QString::number(*gruppo);
-  }
-  return gruppi.join(u'.');
 }
 
 }  // namespace lokera::simulazione

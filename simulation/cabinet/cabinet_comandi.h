@@ -11,8 +11,4 @@ enum class Porta { comandi, udp };
 QByteArray rispondi(StatoCabinet& stato, SessioneCabinet& sessione, Porta porta, QByteArrayView frame,
                     bool& riavvio);
 
-/// "127.0.0.2" as the twelve digits of the wire, and back; empty when the digits are no address.
-QByteArray cifre_indirizzo(const QString& indirizzo);
-QString indirizzo_da_cifre(QByteArrayView cifre);
-
 }  // namespace lokera::simulazione

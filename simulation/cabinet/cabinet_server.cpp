@@ -41,6 +41,9 @@ CabinetServer::~CabinetServer() {
 }
 
 bool CabinetServer::apri() {
+  chiudi();
+  ascoltata_ = cabinet_.stato().rete_in_uso;
+  cabinet_.accendi();
   aperto_ = ascolta();
   return aperto_;
 }
@@ -48,22 +51,39 @@ bool CabinetServer::apri() {
 void CabinetServer::chiudi() {
   if (!aperto_) return;
   aperto_ = false;
+  in_riavvio_ = false;
+  ripresa_->Enabled(false);
   chiudi_connessioni();
-  rete_.smetti(ascoltata_.indirizzo);
+  smetti();
 }
 
-// An address whose command port another cabinet has is left alone.
+void CabinetServer::smetti() {
+  rete_.smetti(ascoltata_.indirizzo, this);
+  completo_ = false;
+}
+
+// New settings that can't be had give way to the old ones.
 bool CabinetServer::ascolta() {
-  ascoltata_ = cabinet_.stato().rete_in_uso;
+  StatoCabinet& stato = cabinet_.stato();
+  const ReteCabinet vecchia = std::exchange(ascoltata_, stato.rete_in_uso);
+  const bool ammesso = ascoltata_ == vecchia || !Ammesso || Ammesso(ascoltata_.indirizzo);
+  if (ammesso && ascolta_indirizzo()) return true;
+  if (ascoltata_ == vecchia) return false;
+  ascoltata_ = stato.rete = stato.rete_in_uso = vecchia;
+  return ascolta_indirizzo();
+}
+
+bool CabinetServer::ascolta_indirizzo() {
   const QString& indirizzo = ascoltata_.indirizzo;
   const auto comandi = [this](const std::shared_ptr<Canale>& c) { accetta(c); };
   const auto vive = [this](const std::shared_ptr<Canale>& c) { accetta_viva(c); };
   const auto arrivo = [this](QByteArrayView dati, const auto& rispondi) { datagramma(dati, rispondi); };
-  if (!rete_.ascolta_tcp(indirizzo, ascoltata_.porta, comandi)) return false;
-  if (rete_.ascolta_tcp(indirizzo, porta_viva, vive) && rete_.ascolta_udp(indirizzo, porta_udp, arrivo)) {
-    return true;
-  }
-  rete_.smetti(indirizzo);
+  const bool tcp = rete_.ascolta_tcp(indirizzo, ascoltata_.porta, comandi, this) &&
+                   rete_.ascolta_tcp(indirizzo, porta_viva, vive, this);
+  if (!tcp) smetti();
+  completo_ = tcp && rete_.ascolta_udp(indirizzo, porta_udp, arrivo, this);
+  if (completo_ || rete_.ascolta_tutti(indirizzo, porta_udp, arrivo, this)) return true;
+  smetti();
   return false;
 }
 
@@ -151,14 +171,8 @@ void CabinetServer::riavviato() {
 void CabinetServer::ripresa() {
   ripresa_->Enabled(false);
   in_riavvio_ = false;
-  StatoCabinet& stato = cabinet_.stato();
-  if (!aperto_ || stato.rete_in_uso == ascoltata_) return;
-  const ReteCabinet vecchia = ascoltata_;
-  const bool ammesso = !Ammesso || Ammesso(stato.rete_in_uso.indirizzo);
-  rete_.smetti(vecchia.indirizzo);
-  if (ammesso && ascolta()) return;
-  stato.rete = vecchia;
-  stato.rete_in_uso = vecchia;
+  if (!aperto_ || (completo_ && cabinet_.stato().rete_in_uso == ascoltata_)) return;
+  smetti();
   aperto_ = ascolta();
 }
 

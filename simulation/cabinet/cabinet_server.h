@@ -12,11 +12,11 @@
 
 namespace lokera::simulazione {
 
-constexpr quint16 porta_viva = 10002;
-constexpr quint16 porta_udp = 3040;
-
 /// One cabinet on a network: its command port, its live port, its UDP port, all at the address in use.
 /// Several connections to the command port stand side by side; of the live port the newest counts.
+///
+/// Where another cabinet has the ports of the address already, it is that one's twin: it hears and answers
+/// only what is sent to all, until it finds the ports free at a later start.
 class CabinetServer {
  public:
   /// All arguments must outlive the server. The cabinet's `Riavvio` becomes the server's.
@@ -24,9 +24,13 @@ class CabinetServer {
                 const Comportamento& comportamento = {});
   ~CabinetServer();
 
-  /// Starts listening; false when one of the ports can't be had, and then none is kept.
+  /// Switches the cabinet on, under what is stored in it. False when it can't listen, not even as a twin, and
+  /// then no port is kept.
   bool apri();
+  /// Switches it off.
   void chiudi();
+  /// It has all ports of its address.
+  bool completo() const { return aperto_ && completo_; }
 
   /// The cabinet leaves decisions to the console, and the console is there.
   bool in_diretta() const { return cabinet_.gestito() && viva_.viva(); }
@@ -57,6 +61,8 @@ class CabinetServer {
   void lascia(const Connessione* connessione);
   void chiudi_connessioni();
   bool ascolta();
+  bool ascolta_indirizzo();
+  void smetti();
   void riavviato();
   void ripresa();
   void parla(quint16 porta, char verso, QByteArrayView frame) const;
@@ -73,6 +79,7 @@ class CabinetServer {
   std::vector<std::shared_ptr<Connessione>> lasciate_;  // kept until no handler of theirs can be running
   ReteCabinet ascoltata_;
   bool aperto_ = false;
+  bool completo_ = false;
   bool in_riavvio_ = false;
 };
 

@@ -1,5 +1,7 @@
 #include "simulation/cabinet/campi.h"
 
+#include <QStringList>
+
 #include <algorithm>
 
 #include "platform/momento.h"
@@ -43,6 +45,25 @@ std::optional<QDateTime> momento_da_cifre(QByteArrayView cifre) {
   const QTime ora(campo(8, 2), campo(10, 2), campo(12, 2));
   if (!giorno.isValid() || !ora.isValid()) return std::nullopt;
   return momento(giorno, ora);
+}
+
+QByteArray cifre_indirizzo(const QString& indirizzo) {
+  QByteArray cifre;
+  for (const QString& gruppo : indirizzo.split(u'.')) {
+    cifre += gruppo.toLatin1().rightJustified(3, '0');
+  }
+  return cifre;
+}
+
+QString indirizzo_da_cifre(QByteArrayView cifre) {
+  QStringList gruppi;
+  if (cifre.size() != 12) return {};
+  for (const int da : {0, 3, 6, 9}) {
+    const auto gruppo = numero_decimale(cifre.sliced(da, 3));
+    if (!gruppo || *gruppo > 255) return {};
+    gruppi << QString::number(*gruppo);
+  }
+  return gruppi.join(u'.');
 }
 
 bool cifre_esadecimali(QByteArrayView testo) {

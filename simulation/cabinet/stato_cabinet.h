@@ -31,6 +31,9 @@ struct ParametriCabinet {
   bool operator==(const ParametriCabinet&) const = default;
 };
 
+constexpr quint16 porta_viva = 10002;
+constexpr quint16 porta_udp = 3040;
+
 /// Addresses in the form of a socket, "192.168.15.250".
 struct ReteCabinet {
   QString indirizzo;
@@ -43,14 +46,20 @@ struct ReteCabinet {
 /// Everything that a cabinet keeps through a reset.
 struct StatoCabinet {
   StatoCabinet(const QString& indirizzo, QByteArray numero_di_serie, const LimitiCabinet& limiti,
-               const Clock& clock, RegistroEventi& registro_eventi)
+               const OrologioCabinet& ora, RegistroEventi& registro_eventi)
       : seriale(std::move(numero_di_serie)),
         operatori(limiti.operatori),
         chiavi(limiti.chiavi),
         transazioni(limiti.transazioni),
-        orologio(clock),
+        orologio(ora),
         registro(registro_eventi) {
     rete.indirizzo = indirizzo;
+    prendi_in_uso();
+  }
+
+  /// What is stored comes into use, as at every start.
+  void prendi_in_uso() {
+    parametri_in_uso = parametri;
     rete_in_uso = rete;
   }
 
@@ -60,7 +69,7 @@ struct StatoCabinet {
   Transazioni transazioni;
   OrologioCabinet orologio;
   RegistroEventi& registro;
-  ParametriCabinet parametri;  ///< as stored; in use from the next reset
+  ParametriCabinet parametri;  ///< as stored; in use from the next start
   ReteCabinet rete;            ///< the same
   ParametriCabinet parametri_in_uso;
   ReteCabinet rete_in_uso;

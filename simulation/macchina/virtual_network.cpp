@@ -14,21 +14,32 @@ constexpr Monotonic rinuncia = std::chrono::seconds(21);
 const Guasti nessun_guasto;
 }  // namespace
 
-bool VirtualNetwork::ascolta_tcp(const QString& indirizzo, quint16 porta, Accetta accetta) {
-  return tcp_.try_emplace({indirizzo, porta}, std::move(accetta)).second;
+bool VirtualNetwork::ascolta_tcp(const QString& indirizzo, quint16 porta, Accetta accetta, Proprietario di) {
+  return tcp_.try_emplace({indirizzo, porta}, Ascolto{std::move(accetta), di}).second;
 }
 
-bool VirtualNetwork::ascolta_udp(const QString& indirizzo, quint16 porta, Datagramma arrivo) {
-  return udp_.try_emplace({indirizzo, porta}, std::move(arrivo)).second;
+bool VirtualNetwork::ascolta_udp(const QString& indirizzo, quint16 porta, Datagramma arrivo,
+                                 Proprietario di) {
+  const auto [da, a] = udp_.equal_range({indirizzo, porta});
+  if (!std::all_of(da, a, [](const auto& voce) { return voce.second.solo_a_tutti; })) return false;
+  udp_.emplace(Porta{indirizzo, porta}, Presa{std::move(arrivo), di, false});
+  return true;
 }
 
-void VirtualNetwork::smetti(const QString& indirizzo) {
-  std::erase_if(tcp_, [&](const auto& voce) { return voce.first.first == indirizzo; });
-  std::erase_if(udp_, [&](const auto& voce) { return voce.first.first == indirizzo; });
+bool VirtualNetwork::ascolta_tutti(const QString& indirizzo, quint16 porta, Datagramma arrivo,
+                                   Proprietario di) {
+  udp_.emplace(Porta{indirizzo, porta}, Presa{std::move(arrivo), di, true});
+  return true;
+}
+
+void VirtualNetwork::smetti(const QString& indirizzo, Proprietario di) {
+  const auto sua = [&](const auto& voce) { return voce.first.first == indirizzo && voce.second.di == di; };
+  std::erase_if(tcp_, sua);
+  std::erase_if(udp_, sua);
   const auto fili = fili_;
-  for (const auto& debole : fili) {
-    const auto filo = debole.lock();
-    if (filo && filo->indirizzo() == indirizzo) filo->stacca(Estremo::cabinet);
+  for (const Filo& uno : fili) {
+    const auto filo = uno.filo.lock();
+    if (filo && uno.di == di && filo->indirizzo() == indirizzo) filo->stacca(Estremo::cabinet);
   }
 }
 
@@ -62,8 +73,6 @@ void VirtualNetwork::annota(QChar verso, const QString& indirizzo, quint16 porta
 }
 
 void VirtualNetwork::connetti(const std::shared_ptr<VirtualFilo>& filo) {
-  std::erase_if(fili_, [](const auto& debole) { return debole.expired(); });
-  fili_.push_back(filo);
   ciclo_.fra(latenza(), [this, filo] { risposta_al_connect(filo); });
 }
 
@@ -84,35 +93,38 @@ void VirtualNetwork::risposta_al_connect(const std::shared_ptr<VirtualFilo>& fil
 void VirtualNetwork::accetta(const std::shared_ptr<VirtualFilo>& filo) {
   annota(u'+', filo->indirizzo(), filo->porta(), {});
   filo->connesso();
-  const auto accoglie = tcp_.at({filo->indirizzo(), filo->porta()});  // a copy: it may stop listening inside
-  accoglie(std::make_shared<VirtualCanale>(filo));
+  const Ascolto suo = tcp_.at({filo->indirizzo(), filo->porta()});  // a copy: it may stop listening inside
+  std::erase_if(fili_, [](const Filo& uno) { return uno.filo.expired(); });
+  fili_.push_back({filo, suo.di});
+  suo.accetta(std::make_shared<VirtualCanale>(filo));
 }
 
 void VirtualNetwork::manda_datagramma(const std::shared_ptr<VirtualFilo>& mittente, const QString& indirizzo,
                                       quint16 porta, const QByteArray& dati) {
   const bool a_tutti = indirizzo == u"255.255.255.255"_s;
-  for (const auto& [presa, _] : udp_) {
-    if (presa.second == porta && (a_tutti || presa.first == indirizzo))
-      posta_datagramma(mittente, presa, dati);
+  for (const auto& [dove, presa] : udp_) {
+    const bool suo = a_tutti || (dove.first == indirizzo && !presa.solo_a_tutti);
+    if (dove.second == porta && suo) posta_datagramma(mittente, {dove, presa.di}, dati);
   }
 }
 
-void VirtualNetwork::posta_datagramma(const std::shared_ptr<VirtualFilo>& mittente, const Porta& a,
+void VirtualNetwork::posta_datagramma(const std::shared_ptr<VirtualFilo>& mittente, const Destino& a,
                                       const QByteArray& dati) {
-  for (const auto& arrivo : sorte_del_datagramma(guasti_per(a.first), caso_, dati).arrivi) {
+  for (const auto& arrivo : sorte_del_datagramma(guasti_per(a.porta.first), caso_, dati).arrivi) {
     ciclo_.fra(latenza() + arrivo.ritardo,
                [this, mittente, a, dati = arrivo.dati] { arriva_datagramma(mittente, a, dati); });
   }
 }
 
-void VirtualNetwork::arriva_datagramma(const std::shared_ptr<VirtualFilo>& mittente, const Porta& a,
+void VirtualNetwork::arriva_datagramma(const std::shared_ptr<VirtualFilo>& mittente, const Destino& a,
                                        const QByteArray& dati) {
-  const auto voce = udp_.find(a);
-  if (voce == udp_.end()) return;
-  annota(u'>', a.first, a.second, dati);
-  const Datagramma arrivo = voce->second;  // a copy: it may stop listening inside
-  arrivo(dati, [this, debole = std::weak_ptr(mittente), a](QByteArrayView risposta) {
-    rispondi(debole, a, risposta.toByteArray());
+  const auto [da, fino] = udp_.equal_range(a.porta);
+  const auto voce = std::find_if(da, fino, [&](const auto& una) { return una.second.di == a.di; });
+  if (voce == fino) return;
+  annota(u'>', a.porta.first, a.porta.second, dati);
+  const Datagramma arrivo = voce->second.arrivo;  // a copy: it may stop listening inside
+  arrivo(dati, [this, debole = std::weak_ptr(mittente), porta = a.porta](QByteArrayView risposta) {
+    rispondi(debole, porta, risposta.toByteArray());
   });
 }
 

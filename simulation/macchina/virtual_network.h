@@ -18,9 +18,13 @@ class VirtualNetwork : public Rete {
  public:
   VirtualNetwork(VirtualEventLoop& ciclo, Caso& caso) : ciclo_(ciclo), caso_(caso) {}
 
-  bool ascolta_tcp(const QString& indirizzo, quint16 porta, Accetta accetta) override;
-  bool ascolta_udp(const QString& indirizzo, quint16 porta, Datagramma arrivo) override;
-  void smetti(const QString& indirizzo) override;
+  bool ascolta_tcp(const QString& indirizzo, quint16 porta, Accetta accetta,
+                   Proprietario di = nullptr) override;
+  bool ascolta_udp(const QString& indirizzo, quint16 porta, Datagramma arrivo,
+                   Proprietario di = nullptr) override;
+  bool ascolta_tutti(const QString& indirizzo, quint16 porta, Datagramma arrivo,
+                     Proprietario di = nullptr) override;
+  void smetti(const QString& indirizzo, Proprietario di = nullptr) override;
 
   void guasti(const Guasti& di_tutti) { guasti_ = di_tutti; }
   void guasti_di(const QString& indirizzo, const Guasti& suoi) { guasti_di_.insert(indirizzo, suoi); }
@@ -44,20 +48,39 @@ class VirtualNetwork : public Rete {
 
  private:
   using Porta = std::pair<QString, quint16>;
+  struct Ascolto {
+    Accetta accetta;
+    Proprietario di;
+  };
+  struct Presa {
+    Datagramma arrivo;
+    Proprietario di;
+    bool solo_a_tutti;
+  };
+  struct Filo {
+    std::weak_ptr<VirtualFilo> filo;
+    Proprietario di;
+  };
+  /// One of those who listen at a port.
+  struct Destino {
+    Porta porta;
+    Proprietario di;
+  };
   const Guasti& guasti_per(const QString& indirizzo) const;
   bool ospita(const QString& indirizzo) const;
   void risposta_al_connect(const std::shared_ptr<VirtualFilo>& filo);
   void accetta(const std::shared_ptr<VirtualFilo>& filo);
-  void posta_datagramma(const std::shared_ptr<VirtualFilo>& mittente, const Porta& a, const QByteArray& dati);
-  void arriva_datagramma(const std::shared_ptr<VirtualFilo>& mittente, const Porta& a,
+  void posta_datagramma(const std::shared_ptr<VirtualFilo>& mittente, const Destino& a,
+                        const QByteArray& dati);
+  void arriva_datagramma(const std::shared_ptr<VirtualFilo>& mittente, const Destino& a,
                          const QByteArray& dati);
   void rispondi(const std::weak_ptr<VirtualFilo>& mittente, const Porta& da, const QByteArray& dati);
 
   VirtualEventLoop& ciclo_;
   Caso& caso_;
-  std::map<Porta, Accetta> tcp_;  // ordered, so that a broadcast goes round in one order
-  std::map<Porta, Datagramma> udp_;
-  std::vector<std::weak_ptr<VirtualFilo>> fili_;
+  std::map<Porta, Ascolto> tcp_;
+  std::multimap<Porta, Presa> udp_;  // ordered, so that a broadcast goes round in one order
+  std::vector<Filo> fili_;           // accepted
   Guasti guasti_;
   QHash<QString, Guasti> guasti_di_;
   bool accesi_ = true;

@@ -41,6 +41,15 @@ QByteArray contenuto(const Cabinet& cabinet) {
   for (const auto& [posizione, record] : stato.chiavi.record()) {
     testo += riga({"chiave", nome, QByteArray::number(posizione), record});
   }
+  const ReteCabinet& rete = stato.rete;
+  const ParametriCabinet& p = stato.parametri;
+  testo += riga({"rete", nome, rete.indirizzo.toLatin1(), QByteArray::number(rete.porta),
+                 rete.maschera.toLatin1(), rete.gateway.toLatin1()});
+  testo += riga({"parametri", nome, QByteArray::number(p.funzionamento), QByteArray::number(p.lingua),
+                 QByteArray::number(p.dataora), QByteArray::number(p.retroilluminazione),
+                 QByteArray::number(p.comunicazione), QByteArray::number(p.sblocco_porta),
+                 QByteArray::number(p.attesa_inizio), QByteArray::number(p.attesa_fine)});
+  testo += riga({"orologio", nome, stato.orologio.adesso().toString(u"yyyy-MM-dd hh:mm:ss"_s).toLatin1()});
   return testo + ganci(cabinet) +
          riga({"transazioni", nome, QByteArray::number(stato.transazioni.numero())}) +
          riga({"riavvii", nome, QByteArray::number(cabinet.riavvii())});
@@ -58,9 +67,11 @@ Impianto::Posto Impianto::crea(const OpzioniSimulatore& opzioni, int ordine, Ret
                                RegistroEventi& registro) {
   Posto posto;
   const QString indirizzo = opzioni.indirizzi[ordine - 1];
-  const QByteArray seriale = QByteArray::number(ordine).rightJustified(10, '0');
+  const QByteArray seriale = QByteArray::number(opzioni.seriale + ordine - 1).rightJustified(10, '0');
   const quint64 seme = seme_di(opzioni.seme, static_cast<quint64>(ordine));
-  posto.cabinet = std::make_unique<Cabinet>(Cabinet::Identita{indirizzo, seriale}, clock_, registro);
+  const Cabinet::Identita identita =
+      opzioni.fabbrica ? Cabinet::di_fabbrica(seriale, indirizzo) : Cabinet::Identita{indirizzo, seriale};
+  posto.cabinet = std::make_unique<Cabinet>(identita, clock_, registro);
   posto.cabinet->imposta_gestito(opzioni.gestiti.contains(indirizzo));
   opzioni.sito.appendi(*posto.cabinet, ordine, opzioni.registra_chiavi);
 

@@ -22,12 +22,16 @@ class Impianto {
   void basta_prelievi();
   void chiudi();
 
-  /// What the cabinets hold, one a line, fields separated by tabs:
+  /// What the cabinets hold, one a line, fields separated by tabs. The address in second place is the one
+  /// that the cabinet began with:
   ///   operatore    address  position  code  mask
   ///   chiave       address  position  code
   ///   gancio       address  position  code  dentro|fuori  card or "-"
   ///   transazioni  address  number still stored
   ///   riavvii      address  number of resets
+  ///   rete         address  address  port  mask  gateway
+  ///   parametri    address  the eight numbers of the wire, in its order
+  ///   orologio     address  what its clock shows
   QByteArray archivio() const;
 
   /// Every frame: cabinet, port, '<' to the cabinet or '>' from it, text.

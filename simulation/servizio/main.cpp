@@ -8,6 +8,7 @@
 #include "adapters/base/qt_timer.h"
 #include "simulation/servizio/impianto.h"
 #include "simulation/servizio/real_rete.h"
+#include "simulation/servizio/rete_propria.h"
 #include "simulation/servizio/segnali.h"
 
 namespace {
@@ -45,6 +46,10 @@ void stampa_frame(const QString& cabinet, quint16 porta, char verso, QByteArrayV
 }
 
 int esegui(const OpzioniSimulatore& opzioni) {
+  if (const QString via = opzioni.broadcast ? via_verso_altri() : QString(); !via.isEmpty()) {
+    return rifiuta(u"--broadcast: %1 leads to other computers; run it by scripts/rete_propria"_s.arg(via),
+                   comando_errato);
+  }
   QFile registro_su;
   QFile archivio_su;
   if (!apri(registro_su, opzioni.registro))
@@ -56,7 +61,7 @@ int esegui(const OpzioniSimulatore& opzioni) {
   registro.Riga = [&](const QByteArray& riga) { annota(registro_su, riga); };
   const QtClock orologio;
   QtTimers timer;
-  RealRete rete;
+  RealRete rete(opzioni.broadcast);
   Impianto impianto(opzioni, rete, orologio, timer, registro);
   if (opzioni.parla) impianto.Parla = stampa_frame;
   const Segnali segnali([] { QCoreApplication::quit(); });

@@ -24,6 +24,7 @@ struct Numero {
 
 constexpr Numero numeri[] = {
     {"lokere", "n", "number of cabinets, at 127.0.0.2 and up", 3, 1, 250},
+    {"seriale", "n", "serial number of the first cabinet, the others follow", 1, 1, 1'000'000'000},
     {"seme", "n", "seed of everything that chance decides", 1, 0, std::numeric_limits<qint64>::max()},
     {"ritmo", "n", "withdrawals and returns an hour at each cabinet; 0: nobody comes", 60, 0, 1'000'000},
     {"durata", "s", "seconds until the program ends by itself", 600, 1, 86'400},
@@ -43,7 +44,8 @@ struct Testo {
 };
 
 constexpr Testo testi[] = {
-    {"indirizzi", "a,b,...", "addresses of the cabinets instead of their number"},
+    {"indirizzi", "a,b,...",
+     "addresses of the cabinets instead of their number; with --broadcast an address can stand there twice"},
     {"gestite", "a,b,...", "cabinets that ask the console: addresses or numbers from 1, or \"tutte\""},
     {"sito", "file",
      "keys and cards: lines \"chiave<TAB>cabinet<TAB>position<TAB>code\" and "
@@ -58,6 +60,12 @@ constexpr Testo testi[] = {
 constexpr Testo interruttori[] = {
     {"parla", "", "print every frame"},
     {"senza-chiavi", "", "the key archives start empty; the keys of the site file only hang there"},
+    {"fabbrica", "",
+     "cabinets as they come out of their box: empty archives, factory parameters, the clock never set; the "
+     "keys of the site file only hang there"},
+    {"broadcast", "",
+     "the cabinets hear what is sent to all; only in a network of its own, as scripts/rete_propria makes "
+     "one"},
 };
 
 void dichiara(QCommandLineParser& parser) {
@@ -107,7 +115,9 @@ QString scegli_indirizzi(const QCommandLineParser& parser, OpzioniSimulatore& o)
   for (const QString& indirizzo : std::as_const(o.indirizzi)) {
     if (!locale(indirizzo)) return u"%1 is not an address within 127.0.0.0/8"_s.arg(indirizzo);
   }
-  if (o.indirizzi.removeDuplicates() > 0) return u"an address stands twice in --indirizzi"_s;
+  if (!o.broadcast && QStringList(o.indirizzi).removeDuplicates() > 0) {
+    return u"an address stands twice in --indirizzi, and without --broadcast nobody would hear the second"_s;
+  }
   return {};
 }
 
@@ -120,6 +130,7 @@ QString trova_cabinet(const QString& nome, const QStringList& indirizzi) {
 
 QString scegli_gestiti(const QCommandLineParser& parser, OpzioniSimulatore& o) {
   const QString scelta = parser.value(u"gestite"_s);
+  if (o.fabbrica && !scelta.isEmpty()) return u"--fabbrica: no cabinet asks the console yet"_s;
   if (scelta == u"tutte") o.gestiti = o.indirizzi;
   if (scelta == u"tutte") return {};
   for (const QString& nome : scelta.split(u',', Qt::SkipEmptyParts)) {
@@ -157,6 +168,7 @@ QString leggi_files(const QCommandLineParser& parser, OpzioniSimulatore& o) {
 void leggi_numeri(const QCommandLineParser& parser, OpzioniSimulatore& o) {
   const auto numero = [&](const char* nome) { return parser.value(QString::fromLatin1(nome)).toInt(); };
   o.seme = parser.value(u"seme"_s).toULongLong();
+  o.seriale = numero("seriale");
   o.eventi_ora = numero("ritmo");
   o.durata_s = numero("durata");
   o.prelievi_s = numero("prelievi");
@@ -184,7 +196,9 @@ QString leggi_opzioni(const QStringList& argomenti, OpzioniSimulatore& o) {
   o.registro = parser.value(u"registro"_s);
   o.archivio = parser.value(u"archivio"_s);
   o.parla = parser.isSet(u"parla"_s);
-  o.registra_chiavi = !parser.isSet(u"senza-chiavi"_s);
+  o.fabbrica = parser.isSet(u"fabbrica"_s);
+  o.broadcast = parser.isSet(u"broadcast"_s);
+  o.registra_chiavi = !o.fabbrica && !parser.isSet(u"senza-chiavi"_s);
   for (const auto passo : {scegli_indirizzi, scegli_gestiti, leggi_files}) {
     if (QString errore = passo(parser, o); !errore.isEmpty()) return errore;
   }

@@ -10,8 +10,9 @@ namespace lokera::simulazione {
 
 /// What `simulatore` was asked for.
 struct OpzioniSimulatore {
-  QStringList indirizzi;  ///< all within 127.0.0.0/8
+  QStringList indirizzi;  ///< all within 127.0.0.0/8; with `broadcast` one can stand there twice
   QStringList gestiti;    ///< those of them that ask the console
+  int seriale = 1;        ///< of the first, the others follow
   quint64 seme = 1;
   int eventi_ora = 60;
   int durata_s = 600;
@@ -20,6 +21,8 @@ struct OpzioniSimulatore {
   QString archivio;
   bool parla = false;
   bool registra_chiavi = true;
+  bool fabbrica = false;   ///< cabinets as they come out of their box
+  bool broadcast = false;  ///< they hear what is sent to all
   bool aiuto = false;
   Comportamento comportamento;
   Sito sito;

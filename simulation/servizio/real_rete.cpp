@@ -24,45 +24,54 @@ std::shared_ptr<T> crea_socket() {
 
 RealRete::~RealRete() = default;
 
-bool RealRete::ascolta_tcp(const QString& indirizzo, quint16 porta, Accetta accetta) {
+bool RealRete::ascolta_tcp(const QString& indirizzo, quint16 porta, Accetta accetta, Proprietario di) {
   const auto server = crea_socket<QTcpServer>();
   if (!server->listen(QHostAddress(indirizzo), porta)) return false;
-  QObject::connect(server.get(), &QTcpServer::newConnection, server.get(),
-                   [this, suo = server.get(), accetta = std::move(accetta)] { accogli(*suo, accetta); });
-  server_.emplace_back(indirizzo, server);
+  QObject::connect(
+      server.get(), &QTcpServer::newConnection, server.get(),
+      [this, suo = server.get(), accetta = std::move(accetta), di] { accogli(*suo, accetta, di); });
+  server_.push_back({indirizzo, di, server});
   return true;
 }
 
-void RealRete::accogli(QTcpServer& server, const Accetta& accetta) {
+void RealRete::accogli(QTcpServer& server, const Accetta& accetta, Proprietario di) {
   const auto accoglie = accetta;  // a copy: it may stop listening inside
   std::vector<QTcpSocket*> nuovi;
   while (QTcpSocket* socket = server.nextPendingConnection()) nuovi.push_back(socket);
   for (QTcpSocket* socket : nuovi) {
     const auto canale = std::make_shared<RealCanale>(socket);
-    std::erase_if(canali_, [](const auto& debole) { return debole.expired(); });
-    canali_.push_back(canale);
+    std::erase_if(canali_, [](const Accolto& uno) { return uno.canale.expired(); });
+    canali_.push_back({canale, di});
     accoglie(canale);
     canale->ascolta();
   }
 }
 
-bool RealRete::ascolta_udp(const QString& indirizzo, quint16 porta, Datagramma arrivo) {
+bool RealRete::ascolta_udp(const QString& indirizzo, quint16 porta, Datagramma arrivo, Proprietario di) {
   const auto socket = crea_socket<QUdpSocket>();
   if (!socket->bind(QHostAddress(indirizzo), porta, QUdpSocket::DontShareAddress)) return false;
   QObject::connect(socket.get(), &QUdpSocket::readyRead, socket.get(),
                    [this, suo = socket.get()] { leggi(*suo); });
-  prese_.push_back({indirizzo, porta, socket, std::move(arrivo)});
+  prese_.push_back({indirizzo, di, porta, socket, std::move(arrivo)});
   if (broadcast_) ascolta_broadcast(porta);
   return true;
 }
 
-void RealRete::ascolta_broadcast(quint16 porta) {
+bool RealRete::ascolta_tutti(const QString& indirizzo, quint16 porta, Datagramma arrivo, Proprietario di) {
+  if (!broadcast_ || !ascolta_broadcast(porta)) return false;
+  prese_.push_back({indirizzo, di, porta, crea_socket<QUdpSocket>(), std::move(arrivo)});
+  return true;
+}
+
+bool RealRete::ascolta_broadcast(quint16 porta) {
   auto& socket = tutti_[porta];
-  if (socket) return;
-  socket = std::make_unique<QUdpSocket>();
-  socket->bind(QHostAddress(QHostAddress::Broadcast), porta, QUdpSocket::ShareAddress);
+  if (socket) return true;
+  auto nuovo = std::make_unique<QUdpSocket>();
+  if (!nuovo->bind(QHostAddress(QHostAddress::Broadcast), porta, QUdpSocket::ShareAddress)) return false;
+  socket = std::move(nuovo);
   QObject::connect(socket.get(), &QUdpSocket::readyRead, socket.get(),
                    [this, porta] { leggi_broadcast(porta); });
+  return true;
 }
 
 void RealRete::leggi(QUdpSocket& socket) {
@@ -94,13 +103,14 @@ void RealRete::consegna(const Presa& presa, const QByteArray& dati, const QHostA
   });
 }
 
-void RealRete::smetti(const QString& indirizzo) {
-  std::erase_if(server_, [&](const auto& voce) { return voce.first == indirizzo; });
-  std::erase_if(prese_, [&](const Presa& presa) { return presa.indirizzo == indirizzo; });
+void RealRete::smetti(const QString& indirizzo, Proprietario di) {
+  const auto sua = [&](const auto& voce) { return voce.indirizzo == indirizzo && voce.di == di; };
+  std::erase_if(server_, sua);
+  std::erase_if(prese_, sua);
   const auto canali = canali_;
-  for (const auto& debole : canali) {
-    const auto canale = debole.lock();
-    if (canale && canale->indirizzo() == indirizzo) canale->chiudi();
+  for (const Accolto& uno : canali) {
+    const auto canale = uno.canale.lock();
+    if (canale && uno.di == di && canale->indirizzo() == indirizzo) canale->chiudi();
   }
 }
 

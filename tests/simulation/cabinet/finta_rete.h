@@ -34,15 +34,20 @@ class FintoCanale : public Canale {
 /// A network without wires: the test dials and hands the pieces over itself.
 class FintaRete : public Rete {
  public:
-  bool ascolta_tcp(const QString& indirizzo, quint16 porta, Accetta accetta) override {
+  bool ascolta_tcp(const QString& indirizzo, quint16 porta, Accetta accetta, Proprietario suo = {}) override {
+    di.try_emplace({indirizzo, porta}, suo);
     return tcp.emplace(std::pair(indirizzo, porta), std::move(accetta)).second;
   }
-  bool ascolta_udp(const QString& indirizzo, quint16 porta, Datagramma arrivo) override {
+  bool ascolta_udp(const QString& indirizzo, quint16 porta, Datagramma arrivo, Proprietario suo) override {
+    di.try_emplace({indirizzo, porta}, suo);
     return udp.emplace(std::pair(indirizzo, porta), std::move(arrivo)).second;
   }
-  void smetti(const QString& indirizzo) override {
-    std::erase_if(tcp, [&](const auto& p) { return p.first.first == indirizzo; });
-    std::erase_if(udp, [&](const auto& p) { return p.first.first == indirizzo; });
+  bool ascolta_tutti(const QString&, quint16, Datagramma, Proprietario) override { return false; }
+  void smetti(const QString& indirizzo, Proprietario suo) override {
+    std::erase_if(di, [&](const auto& voce) {
+      if (voce.first.first != indirizzo || voce.second != suo) return false;
+      return tcp.erase(voce.first) + udp.erase(voce.first) > 0;
+    });
   }
 
   std::shared_ptr<FintoCanale> chiama(const QString& indirizzo, quint16 porta) {
@@ -57,6 +62,7 @@ class FintaRete : public Rete {
     return risposta;
   }
 
+  std::map<std::pair<QString, quint16>, Proprietario> di;
   std::map<std::pair<QString, quint16>, Accetta> tcp;
   std::map<std::pair<QString, quint16>, Datagramma> udp;
 };
