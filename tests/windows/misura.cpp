@@ -31,7 +31,10 @@ void misura_lista(const TabellaLista& t, QStringList& guasti) {
 }
 
 bool testo_tagliato(const QWidget& w) {
-  if (qobject_cast<const QLabel*>(&w)) return stretto(w, static_cast<const QLabel&>(w).text());
+  if (const auto* label = qobject_cast<const QLabel*>(&w)) {
+    const bool a_capo = label->wordWrap();
+    return a_capo ? w.heightForWidth(w.width()) > w.height() : stretto(w, label->text());
+  }
   const auto* pulsante = qobject_cast<const QAbstractButton*>(&w);
   if (!pulsante || pulsante->text().isEmpty()) return false;
   return pulsante->sizeHint().width() > w.width() && stretto(w, pulsante->text(), 20);
