@@ -25,6 +25,10 @@ qlonglong SessioneSlave::lokera() const {
   return lokera_.value_or(corrente_.id());
 }
 
+void SessioneSlave::rinumerata(qlonglong vecchio, qlonglong nuovo) {
+  if (lokera_ == vecchio) lokera_ = nuovo;
+}
+
 void SessioneSlave::wsk_DataArrival(QByteArray frame) {
   if (richiesta) richiesta(frame);
   scambio_.buffer_ricezione = std::move(frame);

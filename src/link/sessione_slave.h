@@ -26,6 +26,9 @@ class SessioneSlave {
   /// before the first connection, 0 for none.
   qlonglong lokera() const;
 
+  /// The row of a cabinet has another `ID` now: who is at the other end stays the same cabinet.
+  void rinumerata(qlonglong vecchio, qlonglong nuovo);
+
   QString nome_computer() const { return wsk_.nome_computer(); }
 
   /// Decides and answers at once; must not run the loop. Empties what it has answered.

@@ -126,6 +126,12 @@ void CicloDownload::prossima_lokera(Visita& visita) {
   e_.lblStatusD.Caption = u"OFF line"_s;
 }
 
+void CicloDownload::lascia() {
+  if (visita_in_corso_ || sessione_.connessa()) sessione_.chiudi();
+  e_.lblStatusD.Caption = e_.lblLetturaTrans.Caption = u"OFF line"_s;
+  riempi_coda();
+}
+
 void CicloDownload::riempi_coda() {
   grdAggOper.RemoveAll();
   const auto righe = CodaTessere(db_.connessione_db).per_lokera(corrente_.id());

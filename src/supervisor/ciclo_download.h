@@ -37,6 +37,10 @@ class CicloDownload {
   /// The timer runs from now on, unless a window that has the session stops it (`Fermi::tick`).
   void accendi();
 
+  /// The current cabinet is another one, by no visit: the visit under way, or another conversation with the
+  /// one before, ends, and nothing of it is shown any longer.
+  void lascia();
+
   /// The columns that the cycle keeps its state in, added to those that the layout shows.
   void completa_colonne();
   /// A cabinet at the end of the list; `indirizzoIP` in the stored form of 15 characters.

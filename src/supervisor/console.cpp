@@ -56,9 +56,12 @@ void Console::riempi_catalogo() {
     return std::make_unique<frm_fascie_orarie>(elenco_, db_, griglie_, orologio);
   });
   catalogo_.aggiungi(u"frm_param_lokere"_s, [this, &archivio] {
-    auto finestra = std::make_unique<frm_param_lokere>(elenco_, archivio, griglie_, macchina_.socket,
-                                                       macchina_.timer);
+    auto finestra =
+        std::make_unique<frm_param_lokere>(elenco_, archivio, griglie_, macchina_.socket, macchina_.timer);
     finestra->lokere_cambiate = [this] { parti_->partenza.trova_lokere_sistema(); };
+    finestra->lokera_rinumerata = [this](qlonglong vecchio, qlonglong nuovo) {
+      parti_->lokera_rinumerata(vecchio, nuovo);
+    };
     return finestra;
   });
   catalogo_.aggiungi(u"frm_traduzioni"_s, [this, &orologio] {

@@ -56,12 +56,14 @@ frm_Main::frm_Main(ElencoFinestre& finestre, const Clock& orologio, TimerFactory
       lblLetturaTrans(*this, u"lblLetturaTrans"_s, u"waiting"_s),
       lblOrarioAgg(*this, u"lblOrarioAgg"_s, u"00.00"_s),
       lblOrario(*this, u"lblOrario"_s),
+      lblNessunaLokera(*this, u"lblNessunaLokera"_s),
       lblErrore(*this, u"lblErrore"_s),
       didascalie_(*this, didascalie),
       timerOrario(timer.crea_timer()),
       orologio_(orologio),
       traduttore_(traduttore) {
   Caption(u"Lokera elettronica  -   release "_s + release());
+  lblNessunaLokera.Visible = false;
   timerOrario->Interval(intervallo_orologio_ms);
   timerOrario->Evento = [this] { timerOrario_Timer(); };
   timerOrario->Enabled(true);

@@ -44,6 +44,7 @@ class frm_Main : public Finestra {
   Label lblModalità;
   Label lblStatus, lblStatusD, lblPorta, lblPortaD, lblSocket, lblSocketD;
   Label lblLetturaTrans, lblOrarioAgg, lblOrario;
+  Label lblNessunaLokera;  ///< in the board's place when this computer has no cabinet: what to do
   Label lblErrore;  ///< how many live movements wait, the last failure of the store: for who sits at the desk
 
  private:

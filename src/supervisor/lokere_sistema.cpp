@@ -11,7 +11,10 @@ LokereSistema::LokereSistema(Database& db, Traduttore& traduttore, frm_Main& pri
       principale_(principale),
       pannello_(pannello),
       ciclo_(ciclo),
-      slave_(slave) {}
+      slave_(slave) {
+  for (Controllo* c : principale.Controls())
+    if (auto* label = dynamic_cast<Label*>(c); label && label->Caption().isEmpty()) dati_.push_back(label);
+}
 
 Errore LokereSistema::leggi() {
   Recordset rs;
@@ -21,32 +24,46 @@ Errore LokereSistema::leggi() {
     return e;
   pannello_.modo_slave = false;
   gestita_ = false;
-  principale_.lblModalità.Caption = traduttore_.traduci(u"autonomo - STAND-ALONE"_s);
-  if (!rs.eof()) imposta_prima(rs);
+  rs.eof() ? nessuna() : imposta_prima(rs);
+  principale_.lblModalità.Caption =
+      traduttore_.traduci(gestita_ ? u"gestito - SLAVE"_s : u"autonomo - STAND-ALONE"_s);
   return elenca(rs);
 }
 
+void LokereSistema::nessuna() {
+  principale_.corrente.porta_a({}, {}, {});
+  principale_.lblOrarioAgg.Caption = QString();
+  principale_.lblNessunaLokera.Caption =
+      traduttore_.traduci(u"Nessuna lokera assegnata a questo computer"_s) +
+      u" (%1): "_s.arg(slave_.nome_computer()) + traduttore_.traduci(u"menu Tabelle, Parametri Sistema"_s);
+}
+
 void LokereSistema::imposta_prima(const Recordset& rs) {
-  LokeraCorrente& corrente = principale_.corrente;
-  cabinet_controllate = true;
-  corrente.lblID.Caption = rs.testo(u"id");
-  corrente.lblNome.Caption = rs.testo(u"descrizione");
   pannello_.modo_slave = rs.numero(u"slot") == 1;
   const int attesa_inizio_ms = static_cast<int>(rs.numero(u"tempo_attesa_inizio") * 100);
   pannello_.TimerSX->Interval(attesa_inizio_ms);
   pannello_.TimerDX->Interval(attesa_inizio_ms);
   pannello_.TimerSlot->Interval(static_cast<int>(rs.numero(u"tempo_di_comunicazione") * 2));
   db_.lingua_interfaccia = static_cast<qint16>(rs.numero(u"lingua"));
-  if (db_.lingua_interfaccia == 1 && !tradotta_) {
-    traduttore_.traduci_form(principale_);
-    tradotta_ = true;
-  }
-  // Behind the translation, which an address is no word for.
-  corrente.lblIndirizzoIP.Caption = rs.testo(u"ip_lokera");
+  if (db_.lingua_interfaccia == 1 && !tradotta_) traduci_principale();
+  // Behind the translation: a name and an address are no words for it.
+  principale_.corrente.porta_a(rs.testo(u"id"), rs.testo(u"descrizione"), rs.testo(u"ip_lokera"));
   const QDateTime aggiornamento = rs.valore(u"orario_aggiornamento_tessere").toDateTime();
   principale_.lblOrarioAgg.Caption = aggiornamento.isValid() ? aggiornamento.toString(u"HH:mm"_s) : QString();
   gestita_ = rs.numero(u"funzionamento") == 1;
-  if (gestita_) principale_.lblModalità.Caption = traduttore_.traduci(u"gestito - SLAVE"_s);
+}
+
+// In the middle of the day the window holds data, which would get into the table of the words.
+void LokereSistema::traduci_principale() {
+  principale_.corrente.lblIndirizzoIP.Caption = QString();
+  QStringList valori;
+  for (Label* l : dati_) {
+    valori += l->Caption();
+    l->Caption = QString();
+  }
+  traduttore_.traduci_form(principale_);
+  for (Label* l : dati_) l->Caption = valori.takeFirst();
+  tradotta_ = true;
 }
 
 Errore LokereSistema::elenca(Recordset& rs) {
@@ -57,7 +74,9 @@ Errore LokereSistema::elenca(Recordset& rs) {
     ciclo_.aggiungi_lokera(rs.testo(u"id"), rs.testo(u"descrizione"), rs.testo(u"ip_lokera"));
     errore = rs.MoveNext();
   }
+  lista.Row(0);  // the current one
   lista.Visible = lista.Rows() > 1;
+  principale_.lblNessunaLokera.Visible = !cabinet_controllate();
   return errore;
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <vector>
+
 #include "access/pannello_live.h"
 #include "link/sessione_slave.h"
 #include "store/database.h"
@@ -16,18 +18,19 @@ class LokereSistema {
   LokereSistema(Database& db, Traduttore& traduttore, frm_Main& principale, PannelloLive& pannello,
                 CicloDownload& ciclo, const SessioneSlave& slave);
 
-  /// Reads them. After a failure what was read before stands.
+  /// Reads them; with none there is no current cabinet. After a failure what was read before stands.
   Errore leggi();
-  /// Before a reading that counts as the first.
-  void azzera() { cabinet_controllate = false; }
 
+  /// Whether this computer looks after any.
+  bool cabinet_controllate() const { return ciclo_.grdLokere.Rows() > 0; }
   /// Whether the first cabinet asks this console for its decisions.
   bool gestita() const { return gestita_; }
   bool modo_slave() const { return pannello_.modo_slave; }
-  bool cabinet_controllate = false;
 
  private:
   void imposta_prima(const Recordset& rs);
+  void nessuna();
+  void traduci_principale();
   Errore elenca(Recordset& rs);
 
   Database& db_;
@@ -36,6 +39,7 @@ class LokereSistema {
   PannelloLive& pannello_;
   CicloDownload& ciclo_;
   const SessioneSlave& slave_;
+  std::vector<Label*> dati_;  ///< labels of the main window that had no wording when they were made
   bool gestita_ = false;
   bool tradotta_ = false;  ///< once: a second time would take the translations for Italian
 };

@@ -28,8 +28,7 @@ void Partenza::avvia() {
     archivio_illeggibile(e);
     return;
   }
-  parti_.principale.timerOrario_Timer();
-  parti_.principale.mostra_titolo();
+  in_lingua();
   if (parti_.principale.Show) parti_.principale.Show();
   prime_visite();
 }
@@ -44,13 +43,21 @@ void Partenza::a_riposo() {
 
 void Partenza::prime_visite() {
   CicloDownload& ciclo = parti_.ciclo;
-  if (parti_.lokere.cabinet_controllate && parti_.lokere.gestita()) parti_.slave.connessione_socket();
+  if (parti_.lokere.gestita()) parti_.slave.connessione_socket();
   ciclo.conta_fascie = CicloDownload::tick_tra_visite - 1;
   ciclo.grdLokere.Row(ciclo.grdLokere.Rows() - 1);
   ciclo.accendi();
   ciclo.TimerDownload_Timer();
-  // With a live session the first visit, which draws the board, is minutes away.
+  disegna_tabellone();  // with a live session the first visit, which draws it, is minutes away
+}
+
+void Partenza::disegna_tabellone() {
   if (const Errore e = parti_.tabellone.situazione_chiavi(); e.fallito()) parti_.principale.segnala(e);
+}
+
+void Partenza::in_lingua() {
+  parti_.principale.timerOrario_Timer();
+  parti_.principale.mostra_titolo();
 }
 
 // Who has the right to write from the first reading on can't find the file taken half way. A failure to write
@@ -63,7 +70,6 @@ Errore Partenza::prepara_archivio() {
     parti_.griglia_lokere.layout(c, nome, u"grdLokere"_s, c, QString(), larghezza_tabella);
     parti_.griglia_agg_oper.layout(c, nome, u"grdAggOper"_s, c, QString(), larghezza_tabella);
     parti_.ciclo.completa_colonne();
-    parti_.lokere.azzera();
     if (Errore e = parti_.lokere.leggi(); e.fallito()) return e;
     letto = true;
     for (const Errore& e : {aggiorna_database(db_), registra_release(), registra_computer()})
@@ -90,11 +96,15 @@ void Partenza::archivio_illeggibile(const Errore& errore) {
 }
 
 void Partenza::trova_lokere_sistema() {
+  const LokeraCorrente& corrente = parti_.principale.corrente;
+  const qlonglong prima = corrente.id();
+  const QString indirizzo = corrente.indirizzo();
   const Errore e = parti_.lokere.leggi();
-  if (e.classe == ClasseErrore::schema)
-    archivio_illeggibile(e);
-  else if (e.fallito())
-    parti_.principale.segnala(e);
+  if (e.classe == ClasseErrore::schema) return archivio_illeggibile(e);
+  if (e.fallito()) return parti_.principale.segnala(e);
+  if (corrente.id() != prima || corrente.indirizzo() != indirizzo) parti_.ciclo.lascia();
+  in_lingua();
+  disegna_tabellone();
 }
 
 Errore Partenza::registra_release() {

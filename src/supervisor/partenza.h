@@ -25,13 +25,17 @@ class Partenza {
   /// can't be read) it returns early.
   void avvia();
 
-  /// Reads the cabinets of this computer. On a file older than the program it runs the migration and ends the
-  /// program; any other failure is shown, and what was read before stands.
+  /// Reads the cabinets of this computer, also after each change of their table while the program runs: the
+  /// first is the current one, or none. When that is another cabinet or address than before, who talks with
+  /// the one before ends. The live session stays as it is. On a file older than the program it runs the
+  /// migration and ends the program; any other failure is shown, and what was read before stands.
   void trova_lokere_sistema();
 
  private:
   void a_riposo();
   void prime_visite();
+  void disegna_tabellone();
+  void in_lingua();  ///< what the main window writes itself, in the language as it is now
   Errore prepara_archivio();
   void archivio_illeggibile(const Errore& errore);
   AttesaBlocco attesa_blocco();

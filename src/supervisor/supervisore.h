@@ -28,6 +28,11 @@ class Supervisore {
               ServiziGriglia& griglie);
   Q_DISABLE_COPY_MOVE(Supervisore)
 
+  /// A cabinet of the table has another number, and its keys with it: its live requests go on being decided;
+  /// 0 for one that is deleted, whose number another may get.
+  /// Does not read the table again, see `Partenza::trova_lokere_sistema`.
+  void lokera_rinumerata(qlonglong vecchio, qlonglong nuovo) { slave.rinumerata(vecchio, nuovo); }
+
   frm_Main principale;  ///< its controls first, then those of the parts, in the order that Tab and
                         ///< translation take
 

@@ -2,7 +2,10 @@
 #include <QFile>
 #include <QProcess>
 
+#include <poll.h>
+#include <pty.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include "store/archivio.h"
@@ -17,9 +20,12 @@ class LokeraDb : public ::testing::Test {
     int stato;
     QString uscita, errori;
   };
-  static Corsa esegui(const QStringList& argomenti, const QString& programma = QString::fromUtf8(LOKERA_DB)) {
+  static Corsa esegui(const QStringList& argomenti, const QString& programma = QString::fromUtf8(LOKERA_DB),
+                      const QByteArray& ingresso = {}) {
     QProcess p;
     p.start(programma, argomenti);
+    p.write(ingresso);
+    p.closeWriteChannel();
     if (!p.waitForFinished(60'000)) return {-1, {}, u"non finisce"_s};
     return {p.exitCode(), QString::fromUtf8(p.readAllStandardOutput()),
             QString::fromUtf8(p.readAllStandardError())};
@@ -45,6 +51,87 @@ TEST_F(LokeraDb, UsoErratoENessunMezzoFile) {
                                               {{u"copia"_s, file(u"manca.mdb"_s), file(u"b.mdb"_s)}, 1}};
   for (const auto& [argomenti, stato] : casi) EXPECT_EQ(esegui(argomenti).stato, stato);
   EXPECT_TRUE(QDir(cartella.path()).isEmpty());
+}
+
+/// `crea` with a person at its terminal, who answers each question as it comes; what showed there.
+struct Terminale {
+  Terminale(const QString& file, const QByteArrayList& risposte) {
+    const pid_t figlio = ::forkpty(&capo, nullptr, nullptr, nullptr);
+    if (figlio == 0) ::_exit(::execl(LOKERA_DB, LOKERA_DB, "crea", qPrintable(file), nullptr));
+    for (const QByteArray& risposta : risposte) {
+      if (!leggi_fino_a(": ")) break;
+      EXPECT_EQ(::write(capo, risposta.data(), static_cast<size_t>(risposta.size())), risposta.size());
+    }
+    leggi_fino_a({});
+    int come = 0;
+    ::waitpid(figlio, &come, 0);
+    stato = WIFEXITED(come) ? WEXITSTATUS(come) : -1;
+    ::close(capo);
+  }
+  bool leggi_fino_a(const QByteArray& fine) {
+    const qsizetype da = visto.size();
+    char pezzo[256];
+    for (pollfd p{capo, POLLIN, 0}; ::poll(&p, 1, 60'000) == 1;) {
+      const ssize_t letti = ::read(capo, pezzo, sizeof pezzo);
+      if (letti <= 0) return false;
+      visto += QByteArrayView(pezzo, letti);
+      if (!fine.isEmpty() && visto.size() > da && visto.endsWith(fine)) return true;
+    }
+    return false;
+  }
+  int capo = -1, stato = -1;
+  QByteArray visto;
+};
+
+TEST_F(LokeraDb, IlPrimoSupervisoreOIlFileNonNasce) {
+  const QByteArray lungo(51, 'x');
+  const struct {
+    QByteArray nome, ingresso;
+    const char* rifiuto;  ///< null for none
+  } casi[] = {{"Anna D'Angelo", "se' creta \naltro\n", nullptr},
+              {"anna", "senza fine riga", nullptr},
+              {" ", "x\n", "Inserire il nome"},
+              {"anna", "", "Inserire la password"},
+              {"anna", " \n", "Inserire la password"},
+              {lungo, "x\n", "user: al massimo 50 caratteri"},
+              {"anna", lungo, "pwd: al massimo 50 caratteri"}};
+  const QString f = file(u"a.mdb"_s);
+  for (const auto& c : casi) {
+    const Corsa corsa = esegui({u"crea"_s, f, u"--utente"_s, QString::fromUtf8(c.nome)},
+                               QString::fromUtf8(LOKERA_DB), c.ingresso);
+    EXPECT_EQ(corsa.stato, c.rifiuto ? 1 : 0) << c.nome.data();
+    EXPECT_TRUE(corsa.errori.contains(testo(c.rifiuto ? c.rifiuto : ""))) << corsa.errori.toStdString();
+    EXPECT_NE(QDir(cartella.path()).isEmpty(), !c.rifiuto) << c.nome.data();
+    if (!c.rifiuto) {
+      EXPECT_EQ(sql(f, u"select user, pwd, su from operatori"_s).uscita.toUtf8(),
+                c.nome + '\t' + c.ingresso.split('\n')[0] + "\t1\n");
+    }
+    QFile::remove(f);
+  }
+}
+
+TEST_F(LokeraDb, AlTerminaleChiedeESenzaEco) {
+  const struct {
+    QByteArrayList risposte;
+    int stato;
+    const char* utenti;
+  } casi[] = {{{"anna\n", "zorro1\n", "zorro1\n"}, 0, "anna\tzorro1\n"},
+              {{"anna\n", "zorro1\n", "zorro2\n", "\n", "\n", "zorro3\n", "zorro3\n"}, 0, "anna\tzorro3\n"},
+              {{"\n"}, 0, ""},
+              {{"anna\n", "zorro1\n", "\n", "zorro1\n", "\n", "zorro1\n", "\n"}, 1, nullptr},
+              {{"anna\n", "zorro1\n", "\x03"}, 1, nullptr},
+              {{"\x04"}, 1, nullptr}};
+  const QString f = file(u"a.mdb"_s);
+  for (const auto& c : casi) {
+    const Terminale t(f, c.risposte);
+    EXPECT_EQ(t.stato, c.stato) << t.visto.data();
+    EXPECT_FALSE(t.visto.contains("zorro")) << t.visto.data();
+    EXPECT_EQ(QDir(cartella.path()).isEmpty(), c.stato == 1) << t.visto.data();
+    if (c.utenti) {
+      EXPECT_EQ(sql(f, u"select user, pwd from operatori"_s).uscita, testo(c.utenti));
+    }
+    QFile::remove(f);
+  }
 }
 
 TEST_F(LokeraDb, CreaControllaInterroga) {

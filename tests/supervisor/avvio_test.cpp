@@ -18,7 +18,7 @@ TEST(Avvio, LaPrimaRigaDecideETutteSonoInElenco) {
       u"update parametri set tempo_attesa_inizio = 17, tempo_di_comunicazione = 800, slot = 0,"
       " orario_aggiornamento_tessere = #06:30# where ID = 1"_s);
   p.partenza.trova_lokere_sistema();
-  EXPECT_TRUE(p.lokere.cabinet_controllate);
+  EXPECT_TRUE(p.lokere.cabinet_controllate());
   EXPECT_FALSE(p.lokere.modo_slave());
   EXPECT_EQ(m.corrente.lblID.Caption() + u' ' + m.corrente.lblNome.Caption(), u"1 lokera 1"_s);
   EXPECT_EQ(m.corrente.lblIndirizzoIP.Caption(), u"127.000.000.002"_s);

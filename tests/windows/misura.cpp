@@ -30,15 +30,11 @@ void misura_lista(const TabellaLista& t, QStringList& guasti) {
   }
 }
 
-bool stretta(const QLabel& w) {
-  if (!w.wordWrap()) return stretto(w, w.text());
-  const QRect dove = w.contentsRect();
-  const QRect serve = w.fontMetrics().boundingRect(dove, static_cast<int>(w.alignment()) | Qt::TextWordWrap, w.text());
-  return serve.width() > dove.width() || serve.height() > dove.height();
-}
-
 bool testo_tagliato(const QWidget& w) {
-  if (const auto* etichetta = qobject_cast<const QLabel*>(&w)) return stretta(*etichetta);
+  if (const auto* label = qobject_cast<const QLabel*>(&w)) {
+    const bool a_capo = label->wordWrap();
+    return a_capo ? w.heightForWidth(w.width()) > w.height() : stretto(w, label->text());
+  }
   const auto* pulsante = qobject_cast<const QAbstractButton*>(&w);
   if (!pulsante || pulsante->text().isEmpty()) return false;
   return pulsante->sizeHint().width() > w.width() && stretto(w, pulsante->text(), 20);

@@ -1,8 +1,12 @@
 #include "comandi.h"
 
+#include <QFile>
+
 #include <array>
+#include <optional>
 
 #include "demo.h"
+#include "primo_supervisore.h"
 #include "store/recordset.h"
 #include "store/schema_base.h"
 
@@ -15,10 +19,18 @@ namespace {
 struct Contesto {
   QStringList argomenti;  ///< those behind the command's name
   QTextStream& uscita;
+  std::optional<QString> utente = {};  ///< of "--utente"
 };
 
+// Nobody is asked for a file that can't be made, and none is begun while somebody thinks about the answer.
 Errore comando_crea(Contesto& c) {
-  return crea_database(c.argomenti[0]);
+  const QString& file = c.argomenti[0];
+  if (QFile::exists(file)) return crea_database(file);
+  const auto primo = chiedi_supervisore(c.utente);
+  if (primo.fallito()) return primo.errore();
+  return crea_database(file, password_database(), [&](Connection& connessione) {
+    return primo->nome.isEmpty() ? Errore{} : aggiungi_supervisore(connessione, *primo);
+  });
 }
 
 Errore comando_demo(Contesto& c) {
@@ -93,8 +105,8 @@ struct Comando {
 };
 
 constexpr std::array comandi{
-    Comando{"crea"_L1, u"FILE", u"crea il file come viene consegnato: tabelle, indici, righe di base",
-            comando_crea},
+    Comando{"crea"_L1, u"FILE [--utente NOME]",
+            u"crea il file come viene consegnato, con il primo supervisore", comando_crea},
     Comando{"demo"_L1, u"FILE", u"crea un file con un impianto dimostrativo per questo computer",
             comando_demo},
     Comando{"sql"_L1, u"FILE ISTRUZIONE", u"esegue un'istruzione nel dialetto della console", comando_sql},
@@ -106,14 +118,32 @@ constexpr std::array comandi{
 void aiuto(QTextStream& uscita) {
   uscita << u"Uso: lokera_db COMANDO ARGOMENTI\n\nComandi:\n"_s;
   for (const Comando& c : comandi) {
-    uscita << u"  "_s << QString(c.nome + u' ' + c.argomenti.toString()).leftJustified(24) << c.spiegazione
+    uscita << u"  "_s << QString(c.nome + u' ' + c.argomenti.toString()).leftJustified(28) << c.spiegazione
            << '\n';
   }
-  uscita
-      << u"\nNessun comando sovrascrive un file. \"sql\" scrive una riga per record, i valori separati da\n"
-         u"tabulazioni: \\N è Null; tabulazioni, a capo e barre inverse diventano \\t, \\n, \\r e \\\\.\n"
-         u"Di un inserimento, una modifica o una cancellazione scrive quante righe ha toccato.\n"
-         u"Stato di uscita: 0 riuscito, 1 fallito (il motivo sullo standard error), 2 uso errato.\n"_s;
+  uscita << u"\nA un terminale \"crea\" chiede nome e password del primo supervisore. Con --utente il nome è "
+            u"quello\n"
+            u"dato e la password è la prima riga dello standard input; altrimenti non c'è nessun utente.\n"
+            u"Nessun comando sovrascrive un file. \"sql\" scrive una riga per record, i valori separati da\n"
+            u"tabulazioni: \\N è Null; tabulazioni, a capo e barre inverse diventano \\t, \\n, \\r e \\\\.\n"
+            u"Di un inserimento, una modifica o una cancellazione scrive quante righe ha toccato.\n"
+            u"Stato di uscita: 0 riuscito, 1 fallito (il motivo sullo standard error), 2 uso errato.\n"_s;
+}
+
+/// How many there are before the options.
+qsizetype obbligatori(QStringView argomenti) {
+  const qsizetype opzioni = argomenti.indexOf(u" [");
+  return (opzioni < 0 ? argomenti : argomenti.first(opzioni)).count(u' ') + 1;
+}
+
+constexpr QStringView opzione_utente = u"--utente";
+
+/// Takes the option and its value out of the arguments.
+std::optional<QString> prendi_utente(QStringList& argomenti) {
+  const qsizetype dove = argomenti.indexOf(opzione_utente);
+  if (dove < 0 || dove + 1 >= argomenti.size()) return std::nullopt;
+  argomenti.removeAt(dove);
+  return argomenti.takeAt(dove);
 }
 
 const Comando* trova(const QString& nome) {
@@ -139,7 +169,8 @@ CodiceUscita esegui_comando(const QStringList& argomenti, QTextStream& uscita, Q
     return CodiceUscita::uso_errato;
   }
   Contesto contesto{argomenti.sliced(1), uscita};
-  if (contesto.argomenti.size() != comando->argomenti.count(u' ') + 1) {
+  if (comando->argomenti.contains(opzione_utente)) contesto.utente = prendi_utente(contesto.argomenti);
+  if (contesto.argomenti.size() != obbligatori(comando->argomenti)) {
     errori << u"Uso: lokera_db "_s << comando->nome << ' ' << comando->argomenti << '\n';
     return CodiceUscita::uso_errato;
   }
