@@ -9,6 +9,7 @@
 
 #include "app/avvio.h"
 #include "app/cronaca.h"
+#include "app/strada_demo.h"
 
 namespace {
 
@@ -29,6 +30,7 @@ struct Opzioni {
   int scarica = 0;
   QRect schermo;
   bool di_seguito = false;
+  bool strada = false;
 };
 
 Opzioni leggi(const QCoreApplication& applicazione) {
@@ -43,11 +45,12 @@ Opzioni leggi(const QCoreApplication& applicazione) {
        {u"ogni"_s, u"Seconds between two pictures."_s, u"N"_s, u"10"_s},
        {u"scarica"_s, u"Every so many seconds, move on to the next cabinet as the menu does; 0: never."_s,
         u"N"_s, u"0"_s},
-       {u"di_seguito"_s, u"Move on to the next cabinet as soon as there is nothing left to do at one."_s}});
+       {u"di_seguito"_s, u"Move on to the next cabinet as soon as there is nothing left to do at one."_s},
+       {u"strada"_s, u"First find the cabinets of the network by broadcast and register them."_s}});
   p.process(applicazione);
   Opzioni o{p.value(u"cartella"_s),     p.value(u"schermate"_s),       p.value(u"secondi"_s).toInt(),
             p.value(u"ogni"_s).toInt(), p.value(u"scarica"_s).toInt(), leggi_schermo(p.value(u"schermo"_s)),
-            p.isSet(u"di_seguito"_s)};
+            p.isSet(u"di_seguito"_s),   p.isSet(u"strada"_s)};
   if (o.secondi <= 0 || o.ogni <= 0) {
     std::fputs("secondi and ogni must be positive numbers\n", stderr);
     std::exit(2);
@@ -55,16 +58,17 @@ Opzioni leggi(const QCoreApplication& applicazione) {
   return o;
 }
 
-/// Saves numbered pictures of a window.
+/// Saves numbered pictures, of the main window mostly.
 class Schermate {
  public:
   Schermate(QWidget& finestra, const QString& cartella) : finestra_(finestra), cartella_(cartella) {
     if (!cartella.isEmpty()) QDir().mkpath(cartella);
   }
-  void scatta(const QString& motivo) {
-    if (cartella_.isEmpty() || !finestra_.isVisible()) return;
+  void scatta(const QString& motivo) { scatta(finestra_, motivo); }
+  void scatta(QWidget& finestra, const QString& motivo) {
+    if (cartella_.isEmpty() || !finestra.isVisible()) return;
     const QString nome = u"%1_%2.png"_s.arg(++numero_, 3, 10, '0'_L1).arg(motivo);
-    if (!finestra_.grab().save(QDir(cartella_).filePath(nome)))
+    if (!finestra.grab().save(QDir(cartella_).filePath(nome)))
       std::fprintf(stderr, "can't save %s\n", qPrintable(nome));
   }
 
@@ -126,6 +130,11 @@ int main(int argc, char** argv) {
     schermate.scatta(u"fine"_s);
     avvio.console().macchina().programma.fine();  // as the menu's last entry does, wherever a wait may stand
   });
-  QTimer::singleShot(0, [&avvio] { avvio.carica(); });
+  lokera::StradaDemo strada(avvio, [&](QWidget& w, const QString& motivo) { schermate.scatta(w, motivo); });
+  QTimer::singleShot(0, [&] {
+    avvio.carica();
+    schermate.scatta(u"avvio"_s);
+    if (opzioni.strada) strada.percorri();
+  });
   return QApplication::exec();
 }

@@ -37,7 +37,8 @@ class frm_param_lokere : public Finestra {
   /// Opens the line to the cabinet of the fields; shows why when it can't.
   bool connetti_lokera();
 
-  /// The rows of `parametri` have changed, or a cabinet has another number; handed down by the owner.
+  /// The rows of `parametri` have changed; before it, that a cabinet has another number, 0 for one that is no
+  /// more. Handed down by the owner.
   std::function<void()> lokere_cambiate;
   std::function<void(qlonglong vecchio, qlonglong nuovo)> lokera_rinumerata;
 

@@ -141,6 +141,7 @@ void frm_param_lokere::Command1_Click() {
   if (const Errore e = archivio_.elimina(id); e.fallito()) return mostra_errore(e);
   lista.grdLok.RemoveItem(lista.grdLok.Row());
   grdLok_RowColChange();
+  if (lokera_rinumerata) lokera_rinumerata(id, 0);
   if (lokere_cambiate) lokere_cambiate();
   avvisa(u"Eliminazione eseguita!"_s);
 }
