@@ -45,7 +45,7 @@ class TutteLeFinestre : public ::testing::TestWithParam<Vista> {
   void ognuno_col_suo_nome();
   const int lingua = std::get<1>(GetParam());
   const int larghezza = std::get<2>(GetParam());
-  const int altezza = larghezza == 1280 ? 735 : 1080;
+  const int altezza = larghezza == 1024 ? 768 : larghezza == 1280 ? 735 : 1080;
   Banco b;
   std::unique_ptr<SchermoConsole> schermo;
   Finestra* finestra = nullptr;
@@ -107,13 +107,18 @@ void TutteLeFinestre::ognuno_col_suo_nome() {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(, TutteLeFinestre,
-                         ::testing::Combine(::testing::Values("frm_Main", "frm_Main_senza_lokere",
-                                                              "frm_gruppi", "frm_gruppi_utenti",
-                                                              "frm_operatori", "frm_param_lokere",
-                                                              "frm_fascie_orarie", "frm_traduzioni"),
-                                            ::testing::Values(0, 1), ::testing::Values(1280, 1920)),
-                         [](const auto& info) { return nome(info.param); });
+const auto dei_menu = ::testing::Values("frm_gruppi", "frm_gruppi_utenti", "frm_operatori",
+                                        "frm_param_lokere", "frm_fascie_orarie", "frm_traduzioni");
+const auto lingue = ::testing::Values(0, 1);
+const auto nome_del_caso = [](const auto& info) { return nome(info.param); };
+
+INSTANTIATE_TEST_SUITE_P(Principale, TutteLeFinestre,
+                         ::testing::Combine(::testing::Values("frm_Main", "frm_Main_senza_lokere"), lingue,
+                                            ::testing::Values(1280, 1920)),
+                         nome_del_caso);
+INSTANTIATE_TEST_SUITE_P(Menu, TutteLeFinestre,
+                         ::testing::Combine(dei_menu, lingue, ::testing::Values(1024, 1280, 1920)),
+                         nome_del_caso);
 
 // With LOKERA_SCHERMATE=FOLDER the pictures for the documentation are made too.
 TEST_P(TutteLeFinestre, SiVedeTuttoESiUsaDaTastiera) {
