@@ -75,14 +75,15 @@ Errore Vicende::accoda_ovunque(const QString& tessera) {
   if (Errore e = ha_gruppi(tessera, raggiunge); e.fallito()) return e;
   if (!raggiunge) return richiama(tessera, MotivoConservare::non_raggiunta);
   for (int id = 1; id <= impostazioni_.lokere; ++id) {
-    if (Errore e = coda_.accoda_scrittura(tessera, id); e.fallito()) return e;
+    if (Errore e = coda_.accoda_scritture(TessereScelte::coppia(tessera, id)); e.fallito()) return e;
   }
   return {};
 }
 
 Errore Vicende::richiama(const QString& tessera, MotivoConservare motivo) {
   for (int id = 1; id <= impostazioni_.lokere; ++id) {
-    if (Errore e = coda_.accoda_cancellazione_conservando(tessera, id, motivo); e.fallito()) return e;
+    if (Errore e = coda_.accoda_cancellazioni(TessereScelte::coppia(tessera, id), motivo); e.fallito())
+      return e;
   }
   return {};
 }

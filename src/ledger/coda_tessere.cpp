@@ -12,25 +12,12 @@ QString lettera(OperazioneCoda operazione) {
   return QString(QChar(static_cast<char16_t>(operazione)));
 }
 
-QString testo(MotivoConservare motivo) {
-  return motivo == MotivoConservare::non_raggiunta ? u"non raggiunta"_s : u"attende chiave"_s;
-}
-
 }  // namespace
 
 QString CodaTessere::in_uscita(const QString& tessera) {
   return u"exists (select 1 from aggiorn_tessere_oper as q where q.ID_tessera = %1 and q.operazione = 'D' and"
          " not exists (select 1 from tessere_da_conservare as m where m.ID_tessera = q.ID_tessera and"
          " m.ID_lokera = q.ID_lokera))"_s.arg(tessera);
-}
-
-Errore CodaTessere::accoda_scrittura(const QString& tessera, qlonglong lokera) {
-  return tutto_o_niente(c_, [&] { return metti(tessera, lokera, OperazioneCoda::scrittura); });
-}
-
-Errore CodaTessere::accoda_scrittura_se_manca(const QString& tessera, qlonglong lokera) {
-  const TesseraInLokera una{tessera, lokera};
-  return accoda_scritture_se_mancano({&una, 1});
 }
 
 Errore CodaTessere::accoda_scritture_se_mancano(std::span<const TesseraInLokera> coppie) {
@@ -55,23 +42,6 @@ Errore CodaTessere::accoda_insieme(std::span<const TesseraInLokera> coppie) {
       " where ID_tessera = nuove.tessera and ID_lokera = nuove.lokera) and not %2"_s.arg(
           righe, in_uscita(u"nuove.tessera"_s)),
       valori);
-}
-
-Errore CodaTessere::accoda_cancellazione(const QString& tessera, qlonglong lokera) {
-  return tutto_o_niente(c_, [&] {
-    Errore errore = togli_segni(tessera);
-    return errore.fallito() ? errore : metti(tessera, lokera, OperazioneCoda::cancellazione);
-  });
-}
-
-Errore CodaTessere::accoda_cancellazione_conservando(const QString& tessera, qlonglong lokera,
-                                                     MotivoConservare motivo) {
-  return tutto_o_niente(c_, [&]() -> Errore {
-    const auto esce = esiste(u"select 1 where "_s + in_uscita(u"?"_s), {tessera});
-    if (esce.fallito()) return esce.errore();
-    if (Errore e = metti(tessera, lokera, OperazioneCoda::cancellazione); e.fallito()) return e;
-    return *esce ? Errore{} : segna(tessera, lokera, motivo);
-  });
 }
 
 Errore CodaTessere::elimina_tessera(const QString& tessera) {
@@ -135,23 +105,12 @@ Errore CodaTessere::servita_cancellazione(const QString& tessera, qlonglong loke
     const auto conservata = esiste(
         u"select 1 from tessere_da_conservare where ID_tessera = ? and ID_lokera = ?"_s, {tessera, lokera});
     if (conservata.fallito()) return conservata.errore();
+    const auto riscrivi = da_riscrivere(tessera, lokera);
+    if (riscrivi.fallito()) return riscrivi.errore();
     if (Errore e = togli(tessera, lokera, OperazioneCoda::cancellazione); e.fallito()) return e;
+    if (*riscrivi) return accoda_scritture(TessereScelte::coppia(tessera, lokera));
     return *conservata ? Errore{} : esce_se_servita(tessera);
   });
-}
-
-Errore CodaTessere::metti(const QString& tessera, qlonglong lokera, OperazioneCoda operazione) {
-  if (Errore e = c_.Execute(u"delete from tessere_da_conservare where ID_tessera = ? and ID_lokera = ?"_s,
-                            {tessera, lokera});
-      e.fallito())
-    return e;
-  const auto righe = c_.esegui_contando(
-      u"update aggiorn_tessere_oper set operazione = ? where ID_tessera = ? and ID_lokera = ?"_s,
-      {lettera(operazione), tessera, lokera});
-  if (righe.fallito() || *righe > 0) return righe.errore();
-  return c_.Execute(
-      u"insert into aggiorn_tessere_oper (ID_tessera, ID_lokera, operazione) values (?, ?, ?)"_s,
-      {tessera, lokera, lettera(operazione)});
 }
 
 Errore CodaTessere::togli(const QString& tessera, qlonglong lokera, OperazioneCoda operazione) {
@@ -163,11 +122,6 @@ Errore CodaTessere::togli(const QString& tessera, qlonglong lokera, OperazioneCo
     return c_.Execute(u"delete from tessere_da_conservare where ID_tessera = ? and ID_lokera = ?"_s,
                       {tessera, lokera});
   });
-}
-
-Errore CodaTessere::segna(const QString& tessera, qlonglong lokera, MotivoConservare motivo) {
-  return c_.Execute(u"insert into tessere_da_conservare (ID_tessera, ID_lokera, motivo) values (?, ?, ?)"_s,
-                    {tessera, lokera, testo(motivo)});
 }
 
 Errore CodaTessere::togli_segni(const QString& tessera) {

@@ -1,13 +1,9 @@
 #pragma once
 
-#include <QString>
-
-#include <optional>
-#include <span>
+#include <functional>
 #include <utility>
-#include <vector>
 
-#include "store/connection.h"
+#include "ledger/tessere_scelte.h"
 
 namespace lokera {
 
@@ -15,7 +11,11 @@ namespace lokera {
 enum class OperazioneCoda : char16_t { scrittura = u'I', cancellazione = u'D' };
 
 /// Why the record of a card is to leave a cabinet while the card stays in the registry.
-enum class MotivoConservare { non_raggiunta, attende_chiave };
+enum class MotivoConservare {
+  non_raggiunta,   ///< its groups reach the cabinet no more
+  attende_chiave,  ///< a key there is not registered at the cabinet yet
+  chiave_tolta,    ///< a key there is gone; what the card still reaches there is written once it is deleted
+};
 
 /// A card and a cabinet that its record concerns.
 using TesseraInLokera = std::pair<QString, qlonglong>;
@@ -36,21 +36,32 @@ class CodaTessere {
  public:
   explicit CodaTessere(Connection& connessione) : c_(connessione) {}
 
-  /// The record is to be written, whatever was queued there.
-  Errore accoda_scrittura(const QString& tessera, qlonglong lokera);
-  /// The same, unless something is queued there already, or the card is on its way out.
-  Errore accoda_scrittura_se_manca(const QString& tessera, qlonglong lokera);
-  /// The same for many; quicker by far than one by one. With more than `piu_scritture` at once a failure
-  /// leaves some queued, unless a transaction is open.
+  /// The records are to be written, whatever was queued there; but never that of a card on its way out.
+  Errore accoda_scritture(const TessereScelte& tessere);
+  /// The records are to be deleted and the cards stay, but for one that is on its way out already.
+  Errore accoda_cancellazioni(const TessereScelte& tessere, MotivoConservare motivo);
+  /// The records are to be written, unless something is queued there already, or the card is on its way out.
+  /// With more than `piu_scritture` at once a failure leaves some queued, unless a transaction is open.
   Errore accoda_scritture_se_mancano(std::span<const TesseraInLokera> coppie);
   static constexpr size_t piu_scritture = 50;
-  /// The record is to be deleted, and the card is on its way out from now on.
-  Errore accoda_cancellazione(const QString& tessera, qlonglong lokera);
-  /// The record is to be deleted and the card stays, unless it is on its way out already.
-  Errore accoda_cancellazione_conservando(const QString& tessera, qlonglong lokera, MotivoConservare motivo);
+
+  /// The person at the desk registers the card: `scrivi` writes its row and its groups. What it reaches then
+  /// is to be written, and where it was before and is no more to be deleted. Fails for a card on its way out,
+  /// which stays deleted.
+  Errore registra_tessera(const QString& tessera, const std::function<Errore()>& scrivi);
+  /// The same for a new card. One on its way out that had the code stays in the registry as this; the
+  /// deletions that wait for it still come first wherever this isn't to be written.
+  Errore registra_nuova_tessera(const QString& tessera, const std::function<Errore()>& scrivi);
+  /// The card has another code from now on: a row of its own with what the old one had, its groups, and its
+  /// record queued. The old code goes as by `elimina_tessera`. Fails when a card has the new code that isn't
+  /// on its way out, or the old one is none or is on its way out.
+  Errore cambia_codice(const QString& vecchio, const QString& nuovo);
   /// The person at the desk deletes the card: it leaves every cabinet that may hold it, then the registry;
   /// both at once when no cabinet does.
   Errore elimina_tessera(const QString& tessera);
+
+  /// How many cards have no record at the cabinet, or soon none, because they wait for a key there.
+  Esito<qlonglong> trattenute(qlonglong lokera);
 
   /// The condition, for a statement, that a card is on its way out; `tessera` is a column or "?". The names
   /// q and m are its own.
@@ -64,14 +75,20 @@ class CodaTessere {
   /// The cabinet has the record. What has become a deletion meanwhile stays queued.
   Errore servita_scrittura(const QString& tessera, qlonglong lokera);
   /// The cabinet has the record no more: the row goes and, with the last one of a card on its way out, the
-  /// card. What has become a writing meanwhile stays queued, and so does the card.
+  /// card. Where only a key was gone and the card reaches others there, its writing is queued instead. What
+  /// has become a writing meanwhile stays queued, and so does the card.
   Errore servita_cancellazione(const QString& tessera, qlonglong lokera);
 
  private:
   Errore accoda_insieme(std::span<const TesseraInLokera> coppie);
-  Errore metti(const QString& tessera, qlonglong lokera, OperazioneCoda operazione);
+  Errore metti(const TessereScelte& tessere, OperazioneCoda operazione, const QString& condizione = {});
   Errore togli(const QString& tessera, qlonglong lokera, OperazioneCoda operazione);
-  Errore segna(const QString& tessera, qlonglong lokera, MotivoConservare motivo);
+  Errore segna(const TessereScelte& tessere, MotivoConservare motivo);
+  Errore riprendi(const QString& tessera);
+  Errore copia_riga(const QString& vecchio, const QString& nuovo);
+  Errore sposta_gruppi(const QString& vecchio, const QString& nuovo);
+  Esito<bool> esce(const QString& tessera);
+  Esito<bool> da_riscrivere(const QString& tessera, qlonglong lokera);
   Errore togli_segni(const QString& tessera);
   Errore esce_se_servita(const QString& tessera);
   Esito<bool> esiste(const QString& sql, const QVariantList& valori);
