@@ -4,6 +4,8 @@
 
 #include <utility>
 
+#include "platform/letterali.h"
+
 namespace lokera::simulazione {
 
 class VirtualMSComm : public MSComm {
@@ -23,6 +25,9 @@ class VirtualMSComm : public MSComm {
     return true;
   }
   bool PortOpen() const override { return aperta_ != 0; }
+  QString dispositivo() const override {
+    return PortOpen() ? porte_.dispositivi(aperta_).first() : QString();
+  }
 
   qsizetype InBufferCount() const override { return arrivati_.size(); }
   QByteArray Input() override {
@@ -36,7 +41,18 @@ class VirtualMSComm : public MSComm {
     annuncia();
   }
 
+  /// Closed by the event that tells it, as the real one is.
+  void perdi() {
+    perduta_ = true;
+    dal_ciclo([this] {
+      if (!perduta_) return;
+      chiudi();
+      if (const auto evento = Perduta) evento();
+    });
+  }
+
   void chiudi() {
+    perduta_ = false;
     arrivati_.clear();
     if (aperta_ != 0) porte_.aperte_.erase(std::exchange(aperta_, 0));
   }
@@ -44,8 +60,12 @@ class VirtualMSComm : public MSComm {
  private:
   void annuncia() {
     if (arrivati_.isEmpty() || dentro_ || std::exchange(annunciato_, true)) return;
-    porte_.ciclo_.fra(Monotonic(0), [this, vivo = std::weak_ptr(vita_)] {
-      if (!vivo.expired()) consegna();
+    dal_ciclo([this] { consegna(); });
+  }
+
+  void dal_ciclo(std::function<void()> evento) {
+    porte_.ciclo_.fra(Monotonic(0), [evento = std::move(evento), vivo = std::weak_ptr(vita_)] {
+      if (!vivo.expired()) evento();
     });
   }
 
@@ -63,6 +83,7 @@ class VirtualMSComm : public MSComm {
   int aperta_ = 0;  // the number that it is open with, 0 for closed
   QByteArray arrivati_;
   bool annunciato_ = false;
+  bool perduta_ = false;
   bool dentro_ = false;
   std::shared_ptr<char> vita_ = std::make_shared<char>();
 };
@@ -73,11 +94,23 @@ std::unique_ptr<MSComm> VirtualMSComms::crea_mscomm() {
 
 void VirtualMSComms::scollega(int numero) {
   collegate_.erase(numero);
-  if (const auto aperta = aperte_.find(numero); aperta != aperte_.end()) aperta->second->chiudi();
+  if (const auto aperta = aperte_.find(numero); aperta != aperte_.end()) aperta->second->perdi();
+}
+
+QStringList VirtualMSComms::dispositivi(int numero) const {
+  return {u"COM%1"_s.arg(numero)};
+}
+
+std::vector<PortaSeriale> VirtualMSComms::presenti() const {
+  std::vector<PortaSeriale> porte;
+  porte.reserve(collegate_.size());
+  for (const int numero : collegate_) porte.push_back({numero, dispositivi(numero).first()});
+  return porte;
 }
 
 void VirtualMSComms::arriva(int numero, const QByteArray& dati) {
-  if (const auto aperta = aperte_.find(numero); aperta != aperte_.end()) aperta->second->arriva(dati);
+  const auto aperta = aperte_.find(numero);
+  if (collegate_.contains(numero) && aperta != aperte_.end()) aperta->second->arriva(dati);
 }
 
 }  // namespace lokera::simulazione

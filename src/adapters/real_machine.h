@@ -19,9 +19,9 @@ namespace lokera {
 /// The computer that the program runs on. The application object must exist before it and outlive it.
 class RealMachine {
  public:
-  /// `porte_seriali`: see QtMSComms.
-  explicit RealMachine(QStringList porte_seriali = QtMSComms::di_solito())
-      : ciclo_(orologio_), seriali_(std::move(porte_seriali)) {
+  /// `dispositivi`: the folder of the serial ports, see NomiSeriali.
+  explicit RealMachine(const QString& dispositivi = NomiSeriali::di_solito())
+      : ciclo_(orologio_), seriali_(dispositivi) {
     fissa_fuso_orario();
   }
   Machine macchina() {

@@ -73,6 +73,7 @@ class Controllo {
   Proprieta<bool> Enabled{*this, true};
   Proprieta<bool> Visible{*this, true};
   Proprieta<QString> Tag{*this, {}};
+  Proprieta<QString> ToolTip{*this, {}};  ///< plain text, lines parted by "\n"
 
   std::function<void()> GotFocus;  ///< the user moved into it, or SetFocus did
 

@@ -1,9 +1,11 @@
 #pragma once
 
 #include <QByteArray>
+#include <QStringList>
 
 #include <functional>
 #include <memory>
+#include <vector>
 
 namespace lokera {
 
@@ -21,6 +23,8 @@ class MSComm {
   virtual bool PortOpen(bool aperta) = 0;
   /// False too after the device went away.
   virtual bool PortOpen() const = 0;
+  /// The device that it is open on; empty while it is closed.
+  virtual QString dispositivo() const = 0;
 
   /// How many bytes have come and were not read. More come only while the event loop runs.
   virtual qsizetype InBufferCount() const = 0;
@@ -31,6 +35,18 @@ class MSComm {
   /// same port: a handler that waits for more looks at InBufferCount, and what it leaves is announced after
   /// it has returned. The port must not be destroyed inside.
   std::function<void()> OnComm;
+
+  /// The device of the open port went away, and the port is closed. Delivered from the event loop, also while
+  /// a handler of OnComm runs it. The port must not be destroyed inside.
+  std::function<void()> Perduta;
+};
+
+/// A device that is there, and the number that means it.
+struct PortaSeriale {
+  int numero = 0;
+  QString dispositivo;
+
+  bool operator==(const PortaSeriale&) const = default;
 };
 
 class MSCommFactory {
@@ -38,6 +54,11 @@ class MSCommFactory {
   virtual ~MSCommFactory() = default;
   /// A new closed port.
   virtual std::unique_ptr<MSComm> crea_mscomm() = 0;
+
+  /// The devices that the number may mean, there or not: a port opens the first of them that opens.
+  virtual QStringList dispositivi(int numero) const = 0;
+  /// Those that are there, by number; of several of one number the first is tried first.
+  virtual std::vector<PortaSeriale> presenti() const = 0;
 };
 
 }  // namespace lokera

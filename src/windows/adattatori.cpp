@@ -23,6 +23,7 @@ QString titolo_mostrato(const QString& caption) {
 void Adattatore::aggiorna() {
   if (!widget_) return;
   widget_->setEnabled(controllo_.Enabled());
+  widget_->setToolTip(controllo_.ToolTip());
   mostra();
   widget_->setVisible(controllo_.Visible());
 }

@@ -156,8 +156,8 @@ class MacchinaReale : public MacchinaDiProva {
   }
 
  private:
-  RealMachine pc_{QStringList{file(u"COM%1"_s)}};
-  FintaSeriale seriale_{file(u"COM1"_s)};
+  RealMachine pc_{file({})};
+  FintaSeriale seriale_{file(u"lokera-lettore1"_s)};
   Persona persona_;
   mutable QMap<QString, QMap<QString, QString>> fogli_;
 };

@@ -2,33 +2,28 @@
 
 #include <utility>
 
-#include "platform/letterali.h"
-
 namespace lokera {
 
 namespace {
 
 constexpr qint64 memoria_arrivi = 1024;
 
-QString nome_porta(const QString& nome, int numero) {
-  return QString(nome)
-      .replace("%1"_L1, QString::number(numero))
-      .replace("%2"_L1, QString::number(numero - 1));
-}
-
 }  // namespace
 
-QtMSComm::QtMSComm(QStringList nomi) : nomi_(std::move(nomi)) {
+QtMSComm::QtMSComm(NomiSeriali nomi) : nomi_(std::move(nomi)) {
   porta_.setReadBufferSize(memoria_arrivi);
   QObject::connect(&porta_, &QSerialPort::readyRead, &posta_, [this] { annuncia(); });
   // Posted: the port may not be closed inside its own signal. What can't be read now will never be.
   QObject::connect(
-      &porta_, &QSerialPort::errorOccurred, &posta_,
-      [this](QSerialPort::SerialPortError errore) {
-        const bool perduta = errore == QSerialPort::ResourceError || errore == QSerialPort::ReadError;
-        if (perduta && porta_.isOpen() && porta_.error() == errore) porta_.close();
-      },
+      &porta_, &QSerialPort::errorOccurred, &posta_, [this](auto errore) { perdi(errore); },
       Qt::QueuedConnection);
+}
+
+void QtMSComm::perdi(QSerialPort::SerialPortError errore) {
+  const bool perduta = errore == QSerialPort::ResourceError || errore == QSerialPort::ReadError;
+  if (!perduta || !porta_.isOpen() || porta_.error() != errore) return;
+  porta_.close();
+  if (const auto evento = Perduta) evento();
 }
 
 bool QtMSComm::PortOpen(bool aperta) {
@@ -36,10 +31,15 @@ bool QtMSComm::PortOpen(bool aperta) {
   return !aperta || apri();
 }
 
+// What the device sent before somebody listened waits in the system for who opens it, a tag of an hour ago
+// too.
 bool QtMSComm::apri() {
-  for (const QString& nome : nomi_) {
-    porta_.setPortName(nome_porta(nome, numero_));
-    if (porta_.open(QIODevice::ReadOnly)) return true;
+  for (const QString& nome : nomi_.dispositivi(numero_)) {
+    porta_.setPortName(nome);
+    if (!porta_.open(QIODevice::ReadOnly)) continue;
+    porta_.clear(QSerialPort::Input);
+    aperto_ = nome;
+    return true;
   }
   return false;
 }
@@ -57,10 +57,6 @@ void QtMSComm::consegna() {
   if (const auto evento = OnComm) evento();
   dentro_ = false;
   annuncia();
-}
-
-QStringList QtMSComms::di_solito() {
-  return {u"COM%1"_s, u"ttyS%2"_s, u"ttyUSB%2"_s, u"ttyACM%2"_s};
 }
 
 }  // namespace lokera

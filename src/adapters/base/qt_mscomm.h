@@ -1,8 +1,8 @@
 #pragma once
 
 #include <QSerialPort>
-#include <QStringList>
 
+#include "adapters/base/nomi_seriali.h"
 #include "platform/mscomm.h"
 
 namespace lokera {
@@ -10,14 +10,14 @@ namespace lokera {
 /// A serial port of the computer. Like the socket it announces what came by an event posted to itself.
 class QtMSComm : public MSComm {
  public:
-  /// `nomi`: see QtMSComms.
-  explicit QtMSComm(QStringList nomi);
+  explicit QtMSComm(NomiSeriali nomi);
   ~QtMSComm() override { porta_.disconnect(&posta_); }
   Q_DISABLE_COPY_MOVE(QtMSComm)
 
   void CommPort(int numero) override { numero_ = numero; }
   bool PortOpen(bool aperta) override;
   bool PortOpen() const override { return porta_.isOpen(); }
+  QString dispositivo() const override { return porta_.isOpen() ? aperto_ : QString(); }
   qsizetype InBufferCount() const override { return porta_.bytesAvailable(); }
   QByteArray Input() override { return porta_.isOpen() ? porta_.read(1) : QByteArray(); }
 
@@ -25,9 +25,11 @@ class QtMSComm : public MSComm {
   bool apri();
   void annuncia();
   void consegna();
+  void perdi(QSerialPort::SerialPortError errore);
 
-  const QStringList nomi_;
+  const NomiSeriali nomi_;
   int numero_ = 1;
+  QString aperto_;  // the device of the last opening
   QSerialPort porta_;
   bool annunciato_ = false;
   bool dentro_ = false;
@@ -36,16 +38,14 @@ class QtMSComm : public MSComm {
 
 class QtMSComms : public MSCommFactory {
  public:
-  /// Port 1 is the first device of a kind: "ttyS0", or "ttyUSB0" when that doesn't open, or "ttyACM0". A link
-  /// "COM1" in /dev comes before all of them, for whoever has ports of several kinds.
-  static QStringList di_solito();
-
-  /// `nomi`: of the devices, tried in order; "%1" stands for the number, "%2" for the number less one.
-  explicit QtMSComms(QStringList nomi) : nomi_(std::move(nomi)) {}
+  /// `cartella`: where the devices are, see NomiSeriali.
+  explicit QtMSComms(const QString& cartella = NomiSeriali::di_solito()) : nomi_(cartella) {}
   std::unique_ptr<MSComm> crea_mscomm() override { return std::make_unique<QtMSComm>(nomi_); }
+  QStringList dispositivi(int numero) const override { return nomi_.dispositivi(numero); }
+  std::vector<PortaSeriale> presenti() const override { return nomi_.presenti(); }
 
  private:
-  const QStringList nomi_;
+  const NomiSeriali nomi_;
 };
 
 }  // namespace lokera

@@ -74,12 +74,23 @@ TEST(MSComm, a_port_is_held_by_one_and_closing_drops_what_was_not_read) {
   EXPECT_EQ(altra->InBufferCount(), 0);
 }
 
-TEST(MSComm, a_device_that_goes_away_closes_its_port) {
+TEST(MSComm, a_device_that_goes_away_closes_its_port_and_tells_it_once) {
   Lettore l;
+  int perduta = 0;
+  l.porta->Perduta = [&] {
+    EXPECT_FALSE(l.porta->PortOpen());
+    ++perduta;
+  };
   ASSERT_TRUE(l.porta->PortOpen(true));
+  EXPECT_EQ(l.pc.seriali.presenti(), (std::vector{PortaSeriale{1, l.porta->dispositivo()}}));
+  EXPECT_TRUE(l.pc.seriali.dispositivi(1).contains(l.porta->dispositivo()));
   l.m->stacca();
-  EXPECT_TRUE(l.attesa.attendi(5, [&] { return !l.porta->PortOpen(); }));
+  EXPECT_TRUE(l.attesa.attendi(5, [&] { return perduta > 0; }));
   EXPECT_FALSE(l.porta->PortOpen(true));
+  l.attesa.cedi();
+  EXPECT_EQ(perduta, 1);
+  EXPECT_TRUE(l.pc.seriali.presenti().empty());
+  EXPECT_TRUE(l.porta->dispositivo().isEmpty());
 }
 
 }  // namespace
