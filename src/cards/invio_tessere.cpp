@@ -61,8 +61,7 @@ qint16 InvioTessere::invia_record_operatore(const QString& codice, qint32& posiz
     record = da_inviare.prendi();
   }
   if (!scrivi_e_verifica(c, posto(tipo, posizione), record)) return 1;
-  if (tipo == record_operatore) return fallito(scritta(c, codice, posizione, record)) ? 1 : 0;
-  return fallito(coda_.servita_scrittura(codice, c.lokera)) ? 1 : 0;
+  return tipo == record_operatore && fallito(scritta(c, codice, posizione, record)) ? 1 : 0;
 }
 
 Esito<QByteArray> InvioTessere::record_di(const QString& codice) {

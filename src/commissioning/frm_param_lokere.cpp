@@ -114,18 +114,8 @@ void frm_param_lokere::carica_lista() {
   if (const Errore e = lista.carica_lista_lokere(connessione_); e.fallito()) mostra_errore(e);
 }
 
-frm_param_lokere::Lavoro::Lavoro(frm_param_lokere& f) : f_(f), attesa_(f) {
-  ++f_.lavori_;
-  f_.abilita();
-}
-
-frm_param_lokere::Lavoro::~Lavoro() {
-  --f_.lavori_;
-  f_.abilita();
-}
-
 void frm_param_lokere::abilita() {
-  const bool libera = lavori_ == 0;
+  const bool libera = !in_attesa();
   const bool sfoglia = libera && !in_modifica_;
   const bool riga = lista.grdLok.Row() >= 0;
   lista.grdLok.Enabled = grd.Enabled = sfoglia;

@@ -21,6 +21,7 @@ class frm_param_lokere : public Finestra {
                    WinsockFactory& socket, TimerFactory& timer);
 
   void Form_Load() override;
+  void attesa_cambiata() override { abilita(); }
   void grdLok_RowColChange();
 
   void Command4_Click();     ///< "ricerca broadcast"
@@ -53,18 +54,6 @@ class frm_param_lokere : public Finestra {
   SSOleDBGrid grd;  ///< the computers and the COM port of each one's desk reader
 
  private:
-  /// An action that waits is under way: no other begins.
-  class Lavoro {
-   public:
-    explicit Lavoro(frm_param_lokere& f);
-    ~Lavoro();
-    Q_DISABLE_COPY_MOVE(Lavoro)
-
-   private:
-    frm_param_lokere& f_;
-    Attesa attesa_;
-  };
-
   void collega_eventi();
   void abilita();
   void mostra_rete();
@@ -99,7 +88,6 @@ class frm_param_lokere : public Finestra {
   griglia griglia_lokere_, griglia_computer_;
   bool in_modifica_ = false;
   bool riga_letta_ = false;  ///< the fields show the row as the database has it
-  int lavori_ = 0;
 };
 
 }  // namespace lokera

@@ -18,7 +18,7 @@ bool frm_param_lokere::in_linea() {
 }
 
 void frm_param_lokere::Command10_Click() {
-  const Lavoro lavoro(*this);
+  const Attesa attesa(*this);
   if (!in_linea()) return;
   leggi_contatore("000351", lblChiaviLok, u"Chiavi reg. sulla lokera: "_s);
   leggi_contatore("000350", lblTessereLok, u"Operatori reg. sulla. lokera: "_s);
@@ -35,7 +35,7 @@ bool frm_param_lokere::leggi_contatore(QByteArrayView testo, Label& etichetta, c
 }
 
 void frm_param_lokere::Command6_Click() {
-  const Lavoro lavoro(*this);
+  const Attesa attesa(*this);
   if (!in_linea()) return;
   if (!conferma(
           servizi_.traduttore, servizi_.messaggi,

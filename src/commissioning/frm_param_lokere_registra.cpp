@@ -30,7 +30,7 @@ bool frm_param_lokere::connetti_lokera() {
 }
 
 void frm_param_lokere::cmdRegPar_Click() {
-  const Lavoro lavoro(*this);
+  const Attesa attesa(*this);
   const ParametriLokera p = pannello.parametri();
   if (!registra_riga(p)) return;
   if (!connetti_lokera()) return fine_modifica();
@@ -84,7 +84,7 @@ bool frm_param_lokere::invia_parametri(const ParametriLokera& p) {
 }
 
 void frm_param_lokere::Command2_Click() {
-  const Lavoro lavoro(*this);
+  const Attesa attesa(*this);
   const ReteLokera rete = pannello.rete();
   linea_.chiudi_datagrammi();
   linea_.wsk_udp.pausa(0);
@@ -131,7 +131,7 @@ void frm_param_lokere::memorizza_indirizzo(const QString& indirizzo) {
 }
 
 void frm_param_lokere::Command1_Click() {
-  const Lavoro lavoro(*this);
+  const Attesa attesa(*this);
   const qlonglong id = lista.id();
   if (id == 0) return avvisa(u"lokera non ancora registrata!"_s);
   if (!conferma(
@@ -147,7 +147,7 @@ void frm_param_lokere::Command1_Click() {
 }
 
 void frm_param_lokere::chiedi_reset() {
-  const Lavoro lavoro(*this);
+  const Attesa attesa(*this);
   if (conferma(servizi_.traduttore, servizi_.messaggi,
                u"Tutte le lokere accese vengono resettate. Continuare ?"_s))
     Command5_Click();

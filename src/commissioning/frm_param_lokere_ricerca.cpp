@@ -8,7 +8,7 @@ using namespace Qt::StringLiterals;
 
 // A window that was asked to close goes no further than the wait that runs.
 void frm_param_lokere::Command4_Click() {
-  const Lavoro lavoro(*this);
+  const Attesa attesa(*this);
   avanzamento.inizia();
   carica_lista();
   bool avanti = cerca_in_rete();

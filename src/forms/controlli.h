@@ -75,7 +75,8 @@ class Controllo {
   Proprieta<QString> Tag{*this, {}};
   Proprieta<QString> ToolTip{*this, {}};  ///< plain text, lines parted by "\n"
 
-  std::function<void()> GotFocus;  ///< the user moved into it, or SetFocus did
+  std::function<void()> GotFocus;   ///< the user moved into it, or SetFocus did
+  std::function<void()> LostFocus;  ///< another control of the window has the focus now; before its GotFocus
 
  protected:
   template <class T>
@@ -151,6 +152,7 @@ class TextBox : public Controllo {
   Proprieta<bool> nascosto{*this, false};  ///< shows "*" for each character (PasswordChar)
   Proprieta<int> MaxLength{*this, 0};      ///< 0 for no limit
   std::function<void()> Change;            ///< after the user changed the text
+  std::function<void()> Invio;             ///< Return in it; with none it is the window's
 };
 
 /// A date with a mask; `Text` is "__/__/____" when it is empty.

@@ -28,8 +28,14 @@ Finestra::~Finestra() {
   if (vista_) vista_->distrutta(*this);
 }
 
+Finestra::Attesa::Attesa(Finestra& f) : f_(f) {
+  if (f_.attese_++ == 0) f_.attesa_cambiata();
+}
+
 Finestra::Attesa::~Attesa() {
-  if (--f_.attese_ == 0 && f_.chiusura_chiesta_) f_.chiudi();
+  if (--f_.attese_ > 0) return;
+  f_.attesa_cambiata();
+  if (f_.chiusura_chiesta_) f_.chiudi();
 }
 
 void Finestra::Caption(const QString& titolo) {
@@ -49,8 +55,9 @@ Controllo* Finestra::controllo(QStringView nome) const {
 }
 
 void Finestra::SetFocus(Controllo& controllo) {
-  attivo_ = &controllo;
+  const Controllo* lasciato = std::exchange(attivo_, &controllo);
   if (vista_) vista_->fuoco(controllo);
+  if (lasciato && lasciato != &controllo && lasciato->LostFocus) lasciato->LostFocus();
   if (controllo.GotFocus) controllo.GotFocus();
 }
 

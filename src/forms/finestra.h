@@ -65,7 +65,7 @@ class Finestra {
   /// A wait of this window's own is on the stack while one of these lives; the window must outlive it.
   class Attesa {
    public:
-    explicit Attesa(Finestra& f) : f_(f) { ++f_.attese_; }
+    explicit Attesa(Finestra& f);
     ~Attesa();
     Attesa(const Attesa&) = delete;
     Attesa& operator=(const Attesa&) = delete;
@@ -73,6 +73,10 @@ class Finestra {
    private:
     Finestra& f_;
   };
+
+  bool in_attesa() const { return attese_ > 0; }
+  /// The first wait has begun, or the last one ended: what may be pressed meanwhile is the window's to say.
+  virtual void attesa_cambiata() {}
 
   /// The user asks to close the window (close box). It asks `Form_Unload` first; while a wait of the window's
   /// own runs it only notes the wish, and closes after it. `Chiusa` is called when the window may be

@@ -8,8 +8,9 @@ QString tradotto(Traduttore& traduttore, const QString& testo) {
 }
 }  // namespace
 
-void avvisa(Traduttore& traduttore, MessageBox& messaggi, const QString& testo, const QString& titolo) {
-  messaggi.mostra(tradotto(traduttore, testo), tradotto(traduttore, titolo));
+void avvisa(Traduttore& traduttore, MessageBox& messaggi, const QString& testo, const QString& titolo,
+            Icona icona) {
+  messaggi.apri({tradotto(traduttore, testo), tradotto(traduttore, titolo), icona});
 }
 
 bool conferma(Traduttore& traduttore, MessageBox& messaggi, const QString& testo, const QString& titolo) {

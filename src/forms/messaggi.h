@@ -6,7 +6,8 @@
 namespace lokera {
 
 /// The program's own wording in a box, in the language of the interface.
-void avvisa(Traduttore& traduttore, MessageBox& messaggi, const QString& testo, const QString& titolo = {});
+void avvisa(Traduttore& traduttore, MessageBox& messaggi, const QString& testo, const QString& titolo = {},
+            Icona icona = Icona::nessuna);
 bool conferma(Traduttore& traduttore, MessageBox& messaggi, const QString& testo, const QString& titolo = {});
 
 }  // namespace lokera

@@ -25,7 +25,8 @@ class SSOleDBCombo : public Tendina {
   void AddItem(const QStringList& voce) { aggiungi(voce); }
   /// Its columns, but for hidden ones.
   QString riga(int voce) const override;
-  bool scrivibile() const override { return true; }
+  bool solo_voci = false;  ///< the user chooses an entry and types nothing
+  bool scrivibile() const override { return !solo_voci; }
 
   std::function<void(int voce)> CloseUp;  ///< the user chose this entry
 

@@ -4,6 +4,8 @@
 
 #include "access/frm_fascie_orarie.h"
 #include "cards/frm_gruppi.h"
+#include "cards/frm_tessere.h"
+#include "cards/frm_tessere_operatori.h"
 #include "commissioning/frm_param_lokere.h"
 #include "forms/frm_traduzioni.h"
 #include "supervisor/attesa_blocco.h"
@@ -21,6 +23,7 @@ Console::Console(const Machine& macchina, std::function<bool()> istanza_preceden
       griglie_{traduttore_, macchina.messaggi, attesa_},
       finestre_(elenco_, catalogo_, macchina.timer) {
   riempi_catalogo();
+  riempi_catalogo_lokere();
 }
 
 Console::~Console() = default;
@@ -55,18 +58,42 @@ void Console::riempi_catalogo() {
   catalogo_.aggiungi(u"frm_fascie_orarie"_s, [this, &orologio] {
     return std::make_unique<frm_fascie_orarie>(elenco_, db_, griglie_, orologio);
   });
-  catalogo_.aggiungi(u"frm_param_lokere"_s, [this, &archivio] {
-    auto finestra =
-        std::make_unique<frm_param_lokere>(elenco_, archivio, griglie_, macchina_.socket, macchina_.timer);
+  catalogo_.aggiungi(u"frm_traduzioni"_s, [this, &orologio] {
+    return std::make_unique<frm_traduzioni>(elenco_, db_, griglie_, orologio);
+  });
+}
+
+ServiziTessere Console::servizi_tessere() {
+  return {db_.connessione_db,
+          griglie_,
+          parti_->download,
+          *parti_->principale.timerOrario,
+          macchina_.domande,
+          {db_.connessione_db, macchina_.seriali, macchina_.orologio, macchina_.timer, traduttore_,
+           macchina_.messaggi, parti_->slave.nome_computer()}};
+}
+
+// Those that talk to cabinets, or to the reader of their cards.
+void Console::riempi_catalogo_lokere() {
+  catalogo_.aggiungi(u"frm_param_lokere"_s, [this] {
+    auto finestra = std::make_unique<frm_param_lokere>(elenco_, db_.connessione_db, griglie_,
+                                                       macchina_.socket, macchina_.timer);
     finestra->lokere_cambiate = [this] { parti_->partenza.trova_lokere_sistema(); };
     finestra->lokera_rinumerata = [this](qlonglong vecchio, qlonglong nuovo) {
       parti_->lokera_rinumerata(vecchio, nuovo);
     };
     return finestra;
   });
-  catalogo_.aggiungi(u"frm_traduzioni"_s, [this, &orologio] {
-    return std::make_unique<frm_traduzioni>(elenco_, db_, griglie_, orologio);
+  catalogo_.aggiungi(u"frm_tessere"_s, [this] {
+    auto finestra = std::make_unique<frm_tessere>(elenco_, servizi_tessere(), parti_->principale.corrente,
+                                                  parti_->invio, macchina_.puntatore);
+    finestra->lokera_scelta = [this] {
+      if (const Errore e = parti_->tabellone.situazione_chiavi(); e.fallito()) parti_->principale.segnala(e);
+    };
+    return finestra;
   });
+  catalogo_.aggiungi(u"frm_tessere_operatori"_s,
+                     [this] { return std::make_unique<frm_tessere_operatori>(elenco_, servizi_tessere()); });
 }
 
 }  // namespace lokera

@@ -5,6 +5,7 @@
 #include <functional>
 #include <memory>
 
+#include "cards/servizi_tessere.h"
 #include "platform/machine.h"
 #include "supervisor/gestore_finestre.h"
 #include "supervisor/supervisore.h"
@@ -37,6 +38,8 @@ class Console {
 
  private:
   void riempi_catalogo();
+  void riempi_catalogo_lokere();
+  ServiziTessere servizi_tessere();
 
   Machine macchina_;
   std::function<bool()> istanza_precedente_;

@@ -4,6 +4,8 @@
 #include "ui_frm_gruppi.h"
 #include "ui_frm_operatori.h"
 #include "ui_frm_param_lokere.h"
+#include "ui_frm_tessere.h"
+#include "ui_frm_tessere_operatori.h"
 #include "ui_frm_traduzioni.h"
 #include "windows/forma_principale.h"
 
@@ -28,6 +30,8 @@ constexpr Riga forme[] = {
     {u"frm_operatori", nuova<Forma<Ui::frm_operatori>>},
     {u"frm_fascie_orarie", nuova<Forma<Ui::frm_fascie_orarie>>},
     {u"frm_param_lokere", nuova<Forma<Ui::frm_param_lokere>>},
+    {u"frm_tessere", nuova<Forma<Ui::frm_tessere>>},
+    {u"frm_tessere_operatori", nuova<Forma<Ui::frm_tessere_operatori>>},
     {u"frm_traduzioni", nuova<Forma<Ui::frm_traduzioni>>},
 };
 

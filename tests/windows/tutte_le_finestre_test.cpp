@@ -108,7 +108,7 @@ void TutteLeFinestre::ognuno_col_suo_nome() {
 }
 
 const auto dei_menu = ::testing::Values("frm_gruppi", "frm_gruppi_utenti", "frm_operatori",
-                                        "frm_param_lokere", "frm_fascie_orarie", "frm_traduzioni");
+                                        "frm_param_lokere", "frm_fascie_orarie", "frm_tessere", "frm_tessere_operatori", "frm_traduzioni");
 const auto lingue = ::testing::Values(0, 1);
 const auto nome_del_caso = [](const auto& info) { return nome(info.param); };
 
