@@ -7,6 +7,7 @@
 #include "adapters/base/qt_clock.h"
 #include "adapters/base/qt_timer.h"
 #include "simulation/servizio/impianto.h"
+#include "simulation/servizio/lettore_finto.h"
 #include "simulation/servizio/real_rete.h"
 #include "simulation/servizio/rete_propria.h"
 #include "simulation/servizio/segnali.h"
@@ -68,6 +69,11 @@ int esegui(const OpzioniSimulatore& opzioni) {
 
   const QString occupato = impianto.apri();
   if (!occupato.isEmpty()) return rifiuta(u"can't listen on %1"_s.arg(occupato), 1);
+  LettoreFinto lettore(opzioni.lettore, leggibili(opzioni.sito), seme_di(opzioni.seme, 0));
+  if (!opzioni.lettore.isEmpty()) {
+    if (const QString errore = lettore.attacca(); !errore.isEmpty()) return rifiuta(errore, 1);
+    lettore.inizia(timer, opzioni.lettore_ogni_s);
+  }
   impianto.inizia();
   QTimer::singleShot(opzioni.durata_s * 1000, [] { QCoreApplication::quit(); });
   if (opzioni.prelievi_s > 0) {

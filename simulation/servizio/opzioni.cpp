@@ -35,6 +35,7 @@ constexpr Numero numeri[] = {
     {"ritarda", "per-mille", "replies that come late", 0, 0, 1000},
     {"ritardo", "ms", "how late", 5000, 1, 60'000},
     {"spezza", "per-mille", "replies that come in two pieces", 0, 0, 1000},
+    {"lettore-ogni", "s", "seconds from one tag at the desk reader to the next", 5, 1, 86'400},
 };
 
 struct Testo {
@@ -54,6 +55,11 @@ constexpr Testo testi[] = {
      "a scenario: lines \"ms<TAB>cabinet<TAB>card<TAB>key<TAB>P|R<TAB>"
      "completa|rinuncia[<TAB>label]\", key \"-\" to show the card only"},
     {"registro", "file", "ledger of all that happens, one line each"},
+    {"lettore", "file",
+     "a desk reader: a serial device behind this link, to which the keys and cards of the site file are "
+     "held, "
+     "each twice; tags of nobody where that has none that a reader can tell (hexadecimal, not from \"00\" "
+     "on)"},
     {"archivio", "file", "written at the end: records, keys and what is still stored"},
 };
 
@@ -178,6 +184,7 @@ void leggi_numeri(const QCommandLineParser& parser, OpzioniSimulatore& o) {
   o.comportamento.ritarda = numero("ritarda");
   o.comportamento.ritardo_ms = numero("ritardo");
   o.comportamento.spezza = numero("spezza");
+  o.lettore_ogni_s = numero("lettore-ogni");
 }
 
 }  // namespace
@@ -195,6 +202,7 @@ QString leggi_opzioni(const QStringList& argomenti, OpzioniSimulatore& o) {
   leggi_numeri(parser, o);
   o.registro = parser.value(u"registro"_s);
   o.archivio = parser.value(u"archivio"_s);
+  o.lettore = parser.value(u"lettore"_s);
   o.parla = parser.isSet(u"parla"_s);
   o.fabbrica = parser.isSet(u"fabbrica"_s);
   o.broadcast = parser.isSet(u"broadcast"_s);

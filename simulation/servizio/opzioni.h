@@ -19,6 +19,8 @@ struct OpzioniSimulatore {
   int prelievi_s = 0;  ///< nobody takes a key after this; 0 for the whole time
   QString registro;
   QString archivio;
+  QString lettore;  ///< link to a desk reader; empty for none
+  int lettore_ogni_s = 5;
   bool parla = false;
   bool registra_chiavi = true;
   bool fabbrica = false;   ///< cabinets as they come out of their box
