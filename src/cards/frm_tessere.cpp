@@ -29,7 +29,7 @@ constexpr struct {
   int larghezza;
   Allineamento allineamento;
 } colonne[] = {{u"posizione", u"posizione", 1150, Allineamento::destra},
-               {u"codice", u"codice", 1300, Allineamento::sinistra},
+               {u"codice", u"codice", 1450, Allineamento::sinistra},
                {u"descrizione", u"descrizione", 3600, Allineamento::sinistra},
                {u"lokera", u"lokera", 970, Allineamento::destra},
                {u"gruppo", u"gruppo", 860, Allineamento::destra},
@@ -93,6 +93,7 @@ frm_tessere::frm_tessere(ElencoFinestre& elenco, const ServiziTessere& servizi, 
       didascalie_(*this, didascalie),
       griglia_(grd, servizi.griglie) {
   grd.imposta_colonne(crea_colonne());
+  griglia_.defaults();
   comboLKR.solo_voci = true;
   optOrdPos.Value = true;
   Text1.MaxLength = 100;

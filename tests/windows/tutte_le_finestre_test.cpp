@@ -63,6 +63,17 @@ void TutteLeFinestre::riempi() {
   for (int g = 1; g <= 3; ++g)
     for (const QString& giorno : {u"Lunedì"_s, u"Martedì"_s, u"Mercoledì"_s})
       b.fascia(g, g, b.console->traduttore().traduci(giorno), {8, 0}, {12, 30});
+  const QStringList nomi = {u"Barbieri Giuseppe"_s, u"Bianchi Paolo"_s, u"Colombo Marco"_s,
+                            u"D'Angelo Lucia"_s};
+  for (int i = 0; i < 12; ++i) {
+    b.chiave(u"00001000%1"_s.arg(i, 2, 10, '0'_L1), 1 + i % 3, i, 1 + i % 4);
+    b.sql(u"insert into tessere_operatori values (?, ?, #1/1/2008#, ?, ?, ?, 3)"_s,
+          {u"00000010%1"_s.arg(i, 2, 10, '0'_L1), nomi[i % 4], momento(QDate(2008, 11, 25).addDays(i)), i,
+           1 + i % 3});
+    b.abilita(u"00000010%1"_s.arg(i, 2, 10, '0'_L1), 1 + i % 4);
+  }
+  b.sql(
+      u"update tessere_chiavi set operatore = '0000001005', uscita = #11/30/2008 7:45:12# where posizione in (3, 6)"_s);
   b.sql(u"insert into giorni_particolari values (25, 12, 0, ?), (6, 1, 2009, ?)"_s, {festa, festa});
   b.sql(
       u"insert into operatori (user, pwd, su, ultima_entrata, pc) values ('Bruno', 'y', 0, Null, Null),"
@@ -107,8 +118,9 @@ void TutteLeFinestre::ognuno_col_suo_nome() {
   }
 }
 
-const auto dei_menu = ::testing::Values("frm_gruppi", "frm_gruppi_utenti", "frm_operatori",
-                                        "frm_param_lokere", "frm_fascie_orarie", "frm_tessere", "frm_tessere_operatori", "frm_traduzioni");
+const auto dei_menu =
+    ::testing::Values("frm_gruppi", "frm_gruppi_utenti", "frm_operatori", "frm_param_lokere",
+                      "frm_fascie_orarie", "frm_tessere", "frm_tessere_operatori", "frm_traduzioni");
 const auto lingue = ::testing::Values(0, 1);
 const auto nome_del_caso = [](const auto& info) { return nome(info.param); };
 
