@@ -150,6 +150,7 @@ class TextBox : public Controllo {
   Proprieta<bool> nascosto{*this, false};  ///< shows "*" for each character (PasswordChar)
   Proprieta<int> MaxLength{*this, 0};      ///< 0 for no limit
   std::function<void()> Change;            ///< after the user changed the text
+  std::function<void()> Invio;             ///< Return in it; with none it is the window's
 };
 
 /// A date with a mask; `Text` is "__/__/____" when it is empty.
