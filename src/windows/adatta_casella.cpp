@@ -1,6 +1,8 @@
 // Controls that text is typed into.
 #include <QComboBox>
+#include <QKeyEvent>
 #include <QLineEdit>
+#include <QShortcut>
 
 #include "forms/tendina.h"
 #include "windows/adattatori.h"
@@ -19,13 +21,35 @@ class AdattaTesto : public AdattatoreDi<TextBox, QLineEdit> {
       c_.Text = testo;
       chiama(c_.Change);
     });
+    w.installEventFilter(this);
+    scorciatoia("scorciatoia", [&w] {
+      w.setFocus(Qt::ShortcutFocusReason);
+      w.selectAll();
+    });
+    scorciatoia("invio", [this] { chiama(c_.Invio); });
   }
 
  protected:
+  bool eventFilter(QObject* oggetto, QEvent* evento) override {
+    if (oggetto != &w_ || evento->type() != QEvent::KeyPress || !c_.Invio) return false;
+    const int tasto = static_cast<QKeyEvent*>(evento)->key();
+    if (tasto != Qt::Key_Return && tasto != Qt::Key_Enter) return false;
+    chiama(c_.Invio);
+    return true;
+  }
   void mostra() override {
     w_.setMaxLength(c_.MaxLength() > 0 ? c_.MaxLength() : 32767);
     w_.setEchoMode(c_.nascosto() ? QLineEdit::Password : QLineEdit::Normal);
     if (w_.text() != c_.Text()) w_.setText(c_.Text);
+  }
+
+ private:
+  /// A key of the whole window that the drawing names, while the box takes input.
+  template <class Lavoro>
+  void scorciatoia(const char* proprieta, const Lavoro& lavoro) {
+    const QString tasti = w_.property(proprieta).toString();
+    if (!tasti.isEmpty())
+      connect(new QShortcut(QKeySequence(tasti), &w_), &QShortcut::activated, this, lavoro);
   }
 };
 
