@@ -6,6 +6,7 @@
 #include "cards/invio_tessere.h"
 #include "cards/servizi_tessere.h"
 #include "forms/didascalie.h"
+#include "forms/lavoro.h"
 #include "forms/ricerca_in_lista.h"
 #include "forms/ss_ole_db_combo.h"
 #include "link/sessione_tenuta.h"
@@ -59,6 +60,7 @@ class frm_tessere : public Finestra {
   RicercaInLista ricerca;
   Label lblRecords_LOK, lblRecords_DB;
   CommandButton Command10;
+  Lavoro lavoro;  ///< the full update
   TextBox txtCodice, txtCodiceVer, Text1;
   SSOleDBCombo comboG;
   TextBox Text2;

@@ -49,6 +49,7 @@ frm_tessere_operatori::frm_tessere_operatori(ElencoFinestre& elenco, const Servi
       lblRecords_LOK(*this, u"lblRecords_LOK"_s),
       lblRecords_DB(*this, u"lblRecords_DB"_s),
       Command10(*this, u"Command10"_s, u"ctrl"_s),
+      lavoro(*this, servizi.griglie.attesa, servizi.griglie.traduttore),
       txtCodice(*this, u"txtCodice"_s),
       txtCodiceVer(*this, u"txtCodiceVer"_s),
       Text1(*this, u"Text1"_s),

@@ -3,6 +3,7 @@
 #include "cards/archivio_tessere.h"
 #include "cards/servizi_tessere.h"
 #include "forms/didascalie.h"
+#include "forms/lavoro.h"
 #include "forms/ricerca_in_lista.h"
 #include "forms/ss_ole_db_combo.h"
 
@@ -44,6 +45,7 @@ class frm_tessere_operatori : public Finestra {
   RicercaInLista ricerca;
   Label lblRecords_LOK, lblRecords_DB;
   CommandButton Command10;
+  Lavoro lavoro;  ///< the full update
   TextBox txtCodice, txtCodiceVer, Text1;
   MaskEdBox txtDal, txtAl;
   SSOleDBCombo cmbGru;

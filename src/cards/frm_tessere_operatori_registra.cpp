@@ -191,19 +191,20 @@ bool frm_tessere_operatori::riga_completa(int riga) const {
          intero(grd.cella(riga, u"gruppo")) && intero(grd.cella(riga, u"NrMaxPrelievi"));
 }
 
+// As many at a time as one stretch of the loop bears.
 void frm_tessere_operatori::aggiorna_tutte() {
-  std::vector<QString> tessere;
-  tessere.reserve(TessereScelte::al_massimo);
-  for (int riga = 0; riga < grd.Rows(); ++riga) {
-    if (riga_completa(riga)) tessere.push_back(grd.cella(riga, u"codice"));
-    if (tessere.size() < TessereScelte::al_massimo && riga + 1 < grd.Rows()) continue;
+  Lavoro::Corsa corsa(lavoro, grd.Rows());
+  int riga = 0;
+  while (corsa.continua(riga)) {
+    std::vector<QString> tessere;
+    tessere.reserve(TessereScelte::al_massimo);
+    for (; riga < grd.Rows() && tessere.size() < TessereScelte::al_massimo; ++riga)
+      if (riga_completa(riga)) tessere.push_back(grd.cella(riga, u"codice"));
+    if (tessere.empty()) continue;
     if (const Errore e = coda_.accoda_scritture(TessereScelte::ovunque(tessere)); e.fallito())
       return mostra_errore(e);
-    tessere.clear();
-    servizi_.griglie.attesa.cedi();
-    if (in_chiusura()) return;
   }
-  avvisa(u"Aggiornamento eseguito!"_s);
+  if (corsa.finito()) avvisa(u"Aggiornamento eseguito!"_s);
 }
 
 }  // namespace lokera

@@ -131,15 +131,15 @@ void frm_tessere::Command7_Click() {
 }
 
 void frm_tessere::aggiorna_tutte() {
-  for (int riga = 0; riga < grd.Rows(); ++riga) {
+  Lavoro::Corsa corsa(lavoro, grd.Rows());
+  for (int riga = 0; corsa.continua(riga); ++riga) {
     grd.Row(riga);
     campi_da_riga();
     servizi_.griglie.attesa.cedi();
     (void)registra();
     servizi_.sessione.pausa(0);
-    if (in_chiusura()) return;
   }
-  avvisa(u"Aggiornamento Tessere Chiavi riuscito"_s);
+  if (corsa.finito()) avvisa(u"Aggiornamento Tessere Chiavi riuscito"_s);
 }
 
 }  // namespace lokera

@@ -259,6 +259,10 @@ TEST_F(TessereChiavi, AggiornamentoTotale) {
   EXPECT_EQ(messaggi().last(), u"Aggiornamento Tessere Chiavi riuscito"_s);
   EXPECT_EQ(coda(), u"0000000001|I 0000000003|I"_s);
   EXPECT_TRUE(f->interattivo && f->Command7.Enabled());
+  b.vm.messaggi().risposte = {true};
+  b.vm.ciclo().fra(500ms, [this] { f->lavoro.cmdInterrompi.Click(); });
+  f->Command7_Click();
+  EXPECT_EQ(f->lavoro.lblLavoro.Caption(), u"interrotto: 1 di 3"_s);
   EXPECT_EQ(b.conta(u"tessere_chiavi"_s), 3);
 }
 
