@@ -1,7 +1,6 @@
 #include "cards/frm_tessere.h"
 
 #include "forms/messaggi.h"
-#include "link/protocollo.h"
 
 namespace lokera {
 
@@ -252,10 +251,9 @@ void frm_tessere::Command10_Click() {
   const Attesa attesa(*this);
   if (!servizi_.sessione.connessa())
     return avvisa(u"Errore di comunicazione computer-lokera. Operazione annullata!"_s);
-  const auto risposta = servizi_.sessione.scambia(componi_frame("000351"), 5, 4);
-  if (!accettata(risposta)) return avvisa(u"Errore di comunicazione con la lokera."_s);
-  lblRecords_LOK.Caption =
-      traduci(u"Records presenti nella Lokera n. "_s) + QString::fromLatin1(campo_frame(*risposta, 8, 4));
+  const auto quanti = conta_record(servizi_.sessione, record_chiave);
+  if (quanti.fallito()) return avvisa(u"Errore di comunicazione con la lokera."_s);
+  lblRecords_LOK.Caption = traduci(u"Records presenti nella Lokera n. "_s) + *quanti;
 }
 
 }  // namespace lokera

@@ -76,7 +76,6 @@ class frm_tessere : public Finestra {
   void riempi_elenchi();
   void cambiAttivazione(bool modifica);
   void campi_da_riga();
-  void vai_a(const QString& codice);
   void leggi_titolari();
   void mostra_note();
   void conta_trattenute();

@@ -53,11 +53,6 @@ void frm_tessere::campi_da_riga() {
   mostra_note();
 }
 
-void frm_tessere::vai_a(const QString& codice) {
-  for (int riga = 0; riga < grd.Rows(); ++riga)
-    if (grd.cella(riga, u"codice").compare(codice, Qt::CaseInsensitive) == 0) return grd.Row(riga);
-}
-
 // The mask of a card counts the keys of all cabinets by position.
 void frm_tessere::mostra_note() {
   QStringList note;
@@ -72,10 +67,10 @@ void frm_tessere::mostra_note() {
 
 void frm_tessere::conta_trattenute() {
   const auto quante = coda_.trattenute(lokera());
-  lblTrattenute.Caption =
-      quante.fallito() || *quante == 0
-          ? QString()
-          : traduci(u"Tessere in attesa di una chiave: ripetere \"registra\"."_s) + u" (%1)"_s.arg(*quante);
+  lblTrattenute.Caption = quante.fallito() || *quante == 0
+                              ? QString()
+                              : traduci(u"Tessere in attesa di una chiave: ripetere la registrazione."_s) +
+                                    u" (%1)"_s.arg(*quante);
 }
 
 // A tag that was read has its own words, by cabinet; the same code typed has others.

@@ -1,9 +1,9 @@
 #include "cards/frm_tessere_operatori.h"
 
+#include "cards/invio_tessere.h"
 #include "forms/celle_nominate.h"
 #include "forms/messaggi.h"
 #include "forms/prepara_liste.h"
-#include "link/protocollo.h"
 
 namespace lokera {
 
@@ -223,14 +223,11 @@ void frm_tessere_operatori::Command9_Click() {
 
 void frm_tessere_operatori::Command10_Click() {
   const Attesa attesa(*this);
-  SessioneDownload& sessione = servizi_.sessione;
-  if (!sessione.connessa())
+  if (!servizi_.sessione.connessa())
     return avvisa(u"Errore di Comunicazione computer-lokera. Operazione annullata."_s);
-  sessione.prendi();
-  const auto risposta = sessione.scambia(componi_frame("000350"), 5, 4);
-  if (!accettata(risposta)) return avvisa(u"Errore in comunicazione con la lokera."_s);
-  lblRecords_LOK.Caption =
-      traduci(u"Records presenti nella Lokera n. "_s) + QString::fromLatin1(campo_frame(*risposta, 8, 4));
+  const auto quanti = conta_record(servizi_.sessione, record_operatore);
+  if (quanti.fallito()) return avvisa(u"Errore in comunicazione con la lokera."_s);
+  lblRecords_LOK.Caption = traduci(u"Records presenti nella Lokera n. "_s) + *quanti;
 }
 
 }  // namespace lokera

@@ -65,7 +65,6 @@ class frm_tessere_operatori : public Finestra {
   void spunta_gruppi(const QList<qlonglong>& gruppi);
   QList<qlonglong> gruppi_spuntati() const;
   void campi_da_riga();
-  void vai_a(const QString& codice);
   void mostra_stato();
   bool scaduta(int riga) const;
   QString scadenza(int riga) const;

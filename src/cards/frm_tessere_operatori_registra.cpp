@@ -1,6 +1,7 @@
 // The card of the current row: its fields, its groups, its way into the tables.
 #include "cards/codice_tessera.h"
 #include "cards/frm_tessere_operatori.h"
+#include "forms/celle_nominate.h"
 #include "forms/formato.h"
 #include "forms/messaggi.h"
 
@@ -59,11 +60,6 @@ void frm_tessere_operatori::campi_da_riga() {
   txtNrMaxPrelievi.Text = grd.cella(riga, u"NrMaxPrelievi");
   Text2.Text = grd.cella(riga, u"posizione");
   mostra_stato();
-}
-
-void frm_tessere_operatori::vai_a(const QString& codice) {
-  for (int riga = 0; riga < grd.Rows(); ++riga)
-    if (grd.cella(riga, u"codice").compare(codice, Qt::CaseInsensitive) == 0) return grd.Row(riga);
 }
 
 void frm_tessere_operatori::mostra_stato() {
@@ -146,7 +142,7 @@ void frm_tessere_operatori::Command1_Click() {
   nuovo_record = false;
   cambiAttivazione(false);
   elenca_operatori();
-  vai_a(riga.codice);
+  grd.Row(riga_con(grd, u"codice", riga.codice));
 }
 
 void frm_tessere_operatori::Command5_Click() {

@@ -2,6 +2,7 @@
 #include "cards/codice_tessera.h"
 #include "cards/frm_tessere.h"
 #include "cards/maschera.h"
+#include "forms/celle_nominate.h"
 #include "forms/messaggi.h"
 #include "link/protocollo.h"
 
@@ -68,7 +69,7 @@ void frm_tessere::Command1_Click() {
   nuovo_record = false;
   sospesa_.clear();
   elenca_tessere();
-  vai_a(codice);
+  grd.Row(riga_con(grd, u"codice", codice));
   cambiAttivazione(false);
   avvisa(u"Registrazione eseguita!"_s);
 }

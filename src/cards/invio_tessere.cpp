@@ -24,6 +24,13 @@ QByteArray frame_cancella(qint16 tipo, qint32 posizione) {
 
 }  // namespace
 
+Esito<QString> conta_record(SessioneDownload& sessione, TipoRecord tipo) {
+  sessione.prendi();
+  const auto risposta = sessione.scambia(componi_frame("00035" + QByteArray::number(tipo)), 5, 4);
+  if (!accettata(risposta)) return Errore{senza_risposta, u"nessuna risposta"_s};
+  return QString::fromLatin1(campo_frame(*risposta, 8, 4));
+}
+
 InvioTessere::InvioTessere(Database& db, const Clock& orologio, SessioneDownload& sessione,
                            const Giorno& giorno, const LokeraCorrente& corrente)
     : db_(db),

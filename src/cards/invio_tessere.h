@@ -13,6 +13,10 @@ namespace lokera {
 /// What a record of a cabinet's archive belongs to.
 enum TipoRecord : qint16 { record_operatore = 0, record_chiave = 1 };
 
+/// Asks the connected cabinet how many records of that kind it holds: the four digits of its answer. Runs the
+/// loop; who talks with the cabinet meanwhile is interrupted.
+Esito<QString> conta_record(SessioneDownload& sessione, TipoRecord tipo);
+
 /// Writes card records to the connected cabinet, the current one when an operation begins, and deletes them.
 /// Every operation runs the event loop while it waits for the cabinet; the caller sees to it that nothing
 /// else uses the session meanwhile. When somebody connects anew all the same, the operation fails, sends

@@ -1,5 +1,7 @@
 #include "commissioning/rete_lokera.h"
 
+#include <QStringList>
+
 #include "link/protocollo.h"
 #include "platform/letterali.h"
 

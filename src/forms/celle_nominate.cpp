@@ -22,4 +22,11 @@ void aggiungi_riga(SSOleDBGrid& grd, std::initializer_list<CellaNuova> celle) {
   grd.AddItem(riga);
 }
 
+int riga_con(const SSOleDBGrid& grd, QStringView campo, const QString& testo) {
+  const int colonna = grd.colonna(campo);
+  for (int riga = 0; riga < grd.Rows(); ++riga)
+    if (grd.cella(riga, colonna).compare(testo, Qt::CaseInsensitive) == 0) return riga;
+  return -1;
+}
+
 }  // namespace lokera

@@ -22,4 +22,7 @@ struct CellaNuova {
 /// A row at the end; cells that aren't named are empty.
 void aggiungi_riga(SSOleDBGrid& grd, std::initializer_list<CellaNuova> celle);
 
+/// The first row whose cell of that field says this, in any case; -1 when none does.
+int riga_con(const SSOleDBGrid& grd, QStringView campo, const QString& testo);
+
 }  // namespace lokera

@@ -199,11 +199,7 @@ void CicloDownload::azzera_lokera(const Visita& visita) {
 
 // Where the cabinet stands in the list now; -1 when it is there no longer.
 int CicloDownload::riga(const Visita& visita) const {
-  const int colonna = grdLokere.colonna(u"id");
-  for (int riga = 0; riga < grdLokere.Rows(); ++riga) {
-    if (grdLokere.cella(riga, colonna) == visita.id) return riga;
-  }
-  return -1;
+  return riga_con(grdLokere, u"id", visita.id);
 }
 
 QString CicloDownload::cella(const Visita& visita, QStringView colonna) const {

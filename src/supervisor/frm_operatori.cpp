@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "forms/celle_nominate.h"
 #include "forms/messaggi.h"
 #include "forms/prepara_liste.h"
 
@@ -14,12 +15,6 @@ namespace {
 const QString& elenco_utenti() {
   static const QString sql = u"SELECT * FROM operatori ORDER BY user"_s;
   return sql;
-}
-
-int riga_di(const SSOleDBGrid& grd, const QString& utente) {
-  for (int riga = 0; riga < grd.Rows(); ++riga)
-    if (grd.cella(riga, u"user").compare(utente, Qt::CaseInsensitive) == 0) return riga;
-  return -1;
 }
 
 }  // namespace
@@ -106,7 +101,7 @@ void frm_operatori::svuota_password() {
 void frm_operatori::ricarica(QString utente) {
   const QString cercato = std::move(utente);
   griglia_.popola(archivio_, elenco_utenti());
-  if (const int riga = riga_di(grd, cercato); riga >= 0) grd.Row(riga);
+  if (const int riga = riga_con(grd, u"user", cercato); riga >= 0) grd.Row(riga);
   grd_RowColChange();
   svuota_password();
   grd.Enabled = true;

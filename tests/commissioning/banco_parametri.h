@@ -23,7 +23,7 @@ class BancoParametri : public ::testing::Test {
   bool aperta() const { return b.console->elenco().trova(u"frm_param_lokere"_s) != nullptr; }
 
   /// All datagrams for port 3040 are answered like this.
-  void a_datagrammi(std::function<Risposte(const QByteArray& frame)> risposta,
+  void a_datagrammi(const std::function<Risposte(const QByteArray& frame)>& risposta,
                     const QString& da = u"127.0.0.99"_s) {
     ASSERT_TRUE(
         b.vm.rete().ascolta_udp(da, 3040, [this, risposta](QByteArrayView dati, const auto& rispondi) {

@@ -12,7 +12,7 @@ const QByteArray ora_lokera = componi_frame(
     "0001F001301120080759"
     "58");
 
-LokeraFinta::Risposta seriale_e_ora(QByteArray seriale) {
+LokeraFinta::Risposta seriale_e_ora(const QByteArray& seriale) {
   return [seriale](const QByteArray& frame) -> QList<QByteArray> {
     if (frame.startsWith("0001B")) return {componi_frame("0001B00" + seriale)};
     if (frame.startsWith("0001F")) return {ora_lokera};
