@@ -84,7 +84,7 @@ QByteArray LettoreFinto::scegli() {
 
 QByteArrayList leggibili(const Sito& sito) {
   QByteArrayList codici;
-  codici.reserve(static_cast<qsizetype>(sito.chiavi.size() + sito.tessere.size()));
+  codici.reserve(qsizetype(sito.chiavi.size()) + qsizetype(sito.tessere.size()));
   for (const Sito::Chiave& chiave : sito.chiavi) codici.append(chiave.codice);
   for (const QByteArray& tessera : sito.tessere) codici.append(tessera);
   codici.removeIf([](const QByteArray& codice) { return !leggibile(codice); });
