@@ -106,6 +106,12 @@ void Righe::imposta_cella(int riga, int colonna, QByteArrayView testo) {
   sostituisci(riga, nuova);
 }
 
+void Righe::riordina(const std::vector<int>& ordine) {
+  std::deque<char*> nuove;
+  for (const int da : ordine) nuove.push_back(righe_[static_cast<size_t>(da)]);
+  righe_ = std::move(nuove);
+}
+
 /// A list that is written to all day must not grow: once most of the blocks is lost, the rows move to new
 /// ones.
 void Righe::ricompatta() {

@@ -21,6 +21,8 @@ class Righe {
   void sostituisci(int riga, QByteArrayView testo);
   QByteArrayView riga(int riga) const;
   QByteArrayView cella(int riga, int colonna) const;  ///< empty when the row has fewer cells
+  /// Row i is then the one that was `ordine[i]`.
+  void riordina(const std::vector<int>& ordine);
   void imposta_cella(int riga, int colonna, QByteArrayView testo);
 
   /// All memory that the rows hold.

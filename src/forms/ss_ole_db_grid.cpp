@@ -56,6 +56,7 @@ void SSOleDBGrid::imposta_colonna(int i, const Colonna& colonna) {
 void SSOleDBGrid::RemoveAll() {
   righe_.svuota();
   selezionate_.clear();
+  ordine_ = {};
   riga_ = modificata_ = nuova_ = -1;
   ++svuotamenti_;
   if (vista_) vista_->righe_cambiate();
@@ -74,6 +75,7 @@ void SSOleDBGrid::AddItem(QByteArrayView riga_con_tab) {
 }
 
 void SSOleDBGrid::riga_aggiunta() {
+  ordine_ = {};
   if (ridisegna_ && vista_) vista_->righe_aggiunte(Rows() - 1, 1);
 }
 

@@ -38,6 +38,12 @@ struct Cella {
   bool operator==(const Cella&) const = default;
 };
 
+/// By which column the person has put the rows in order; none is -1.
+struct OrdineRighe {
+  int colonna = -1;
+  bool decrescente = false;
+};
+
 /// A list: columns, rows of text, a current row. Rows and columns are counted from 0; no current row is -1.
 class SSOleDBGrid : public Controllo {
  public:
@@ -51,6 +57,9 @@ class SSOleDBGrid : public Controllo {
   Proprieta<bool> AllowAddNew{*this, false};  ///< the user may add rows at the end
   Proprieta<bool> AllowDelete{*this, false};
   Proprieta<bool> AllowUpdate{*this, false};  ///< cells can be edited in place
+
+  /// The user may put the rows in another order to look at them. Not for a list whose order is what is saved.
+  Proprieta<bool> OrdinabileDaTestata{*this, false};
 
   Proprieta<Colore> BackColorEven{*this, bianco};  ///< of every other row, from the first
   Proprieta<Colore> BackColorOdd{*this, bianco};
@@ -107,6 +116,10 @@ class SSOleDBGrid : public Controllo {
   /// last row to a new row. False when there is nowhere to go, so that a Tab may leave the list.
   bool utente_avanti();
   bool utente_indietro();
+  /// The rows themselves move, as text without regard to case, as numbers in a column that holds them, as
+  /// dates; by the same column once more, the other way round. The current row stays the same record under
+  /// another number, none is selected. Rows added later come last.
+  void utente_ordina(int colonna);
   void utente_seleziona(std::vector<int> righe);
   void utente_allarga(int colonna, int larghezza);  ///< the column's border was dragged; grid's units
 
@@ -115,6 +128,7 @@ class SSOleDBGrid : public Controllo {
   std::optional<Cella> cella_dopo(Cella da) const;
   std::optional<Cella> cella_prima(Cella da) const;
 
+  const OrdineRighe& ordine() const { return ordine_; }
   const std::vector<int>& selezionate() const {
     return selezionate_;
   }  ///< rows marked by the user, ascending; the current row isn't one for being current
@@ -150,11 +164,13 @@ class SSOleDBGrid : public Controllo {
   int lascia_riga(int verso);
   void chiudi_riga();
   int aggiungi_riga();
+  void disponi(const std::vector<int>& ordine);
   bool vai(std::optional<Cella> dove);
 
   std::vector<Colonna> colonne_;
   Righe righe_;
   std::vector<int> selezionate_;
+  OrdineRighe ordine_;
   int riga_ = -1;
   int col_ = 0;
   int modificata_ = -1;  ///< row with edits that AfterUpdate hasn't been told of

@@ -53,6 +53,7 @@ int SSOleDBGrid::utente_aggiunge_riga() {
 int SSOleDBGrid::aggiungi_riga() {
   chiudi_riga();
   righe_.aggiungi({});
+  ordine_ = {};
   const int riga = Rows() - 1;
   if (vista_) vista_->righe_aggiunte(riga, 1);
   muovi(riga, col_);

@@ -60,7 +60,8 @@ class CodaTessere {
   /// both at once when no cabinet does.
   Errore elimina_tessera(const QString& tessera);
 
-  /// How many cards have no record at the cabinet, or soon none, because they wait for a key there.
+  /// How many cards wait for a key at the cabinet with their deletion still queued. One that was served is no
+  /// longer counted: its mark is gone.
   Esito<qlonglong> trattenute(qlonglong lokera);
 
   /// The condition, for a statement, that a card is on its way out; `tessera` is a column or "?". The names

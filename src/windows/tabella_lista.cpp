@@ -37,6 +37,8 @@ void TabellaLista::collega(SSOleDBGrid& grd) {
   connect(modello_, &QAbstractItemModel::modelReset, this, &TabellaLista::disponi_colonne);
   connect(horizontalHeader(), &QHeaderView::sectionResized, this,
           [this](int colonna, int, int pixel) { allargata(colonna, pixel); });
+  connect(horizontalHeader(), &QHeaderView::sectionClicked, this, &TabellaLista::ordina);
+  connect(modello_, &QAbstractItemModel::rowsRemoved, this, &TabellaLista::mostra_ordine);
   disponi_colonne();
   segui(grd.Row());
 }
@@ -69,6 +71,7 @@ void TabellaLista::allargata(int colonna, int pixel) {
 
 void TabellaLista::segui(int riga) {
   if (!grd()) return;
+  mostra_ordine();
   const QScopedValueRollback guida(segue_, true);
   const QModelIndex dove = riga < 0 ? QModelIndex() : modello_->index(riga, grd()->Col());
   if (dove.isValid() && isColumnHidden(dove.column()))
@@ -147,6 +150,28 @@ void TabellaLista::elimina() {
   if (grd()) grd()->utente_elimina(grd()->Row());
 }
 
+void TabellaLista::ordina(int colonna) {
+  const QPointer<TabellaLista> io(this);
+  if (!grd() || !grd()->OrdinabileDaTestata()) return;
+  grd()->utente_ordina(colonna);
+  if (!io || !grd()) return;
+  selectionModel()->clearSelection();  // it would stay on places where other rows are now
+  segui(grd()->Row());
+}
+
+void TabellaLista::mostra_ordine() {
+  if (!grd()) return;
+  const auto [colonna, decrescente] = grd()->ordine();
+  horizontalHeader()->setSortIndicatorShown(colonna >= 0);
+  horizontalHeader()->setSortIndicator(colonna, decrescente ? Qt::DescendingOrder : Qt::AscendingOrder);
+}
+
+int TabellaLista::visibile(int quale) const {
+  for (int i = 0; i < grd()->Cols(); ++i)
+    if (!isColumnHidden(i) && quale-- == 0) return i;
+  return -1;
+}
+
 bool TabellaLista::spazio() {
   const QModelIndex qui = currentIndex();
   if (!qui.isValid() || grd()->Columns(qui.column()).stile != StileCella::spunta) return false;
@@ -155,6 +180,10 @@ bool TabellaLista::spazio() {
 }
 
 bool TabellaLista::tasto(int codice, Qt::KeyboardModifiers modi) {
+  if (modi == Qt::ControlModifier && codice >= Qt::Key_1 && codice <= Qt::Key_9) {
+    ordina(visibile(codice - Qt::Key_1));
+    return true;
+  }
   switch (codice) {
     case Qt::Key_Return:
     case Qt::Key_Enter:

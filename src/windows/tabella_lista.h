@@ -12,7 +12,8 @@ namespace lokera {
 ///
 /// Keys: Return (and Tab where cells can be edited) goes to the next cell, past the last one to a new row;
 /// Insert, or Down from the last row, adds a row; Delete or Ctrl+Delete removes the current one; Space turns
-/// a check; F2 or typing edits a cell, Esc leaves it as it was; Ctrl+Tab leaves the list.
+/// a check; Ctrl+1 to Ctrl+9 orders by that column of those that show, as a click on its head does; F2 or
+/// typing edits a cell, Esc leaves it as it was; Ctrl+Tab leaves the list.
 ///
 /// The current row is highlighted and no more than that. Rows are selected with Ctrl or Shift, or several by
 /// dragging over them.
@@ -43,6 +44,9 @@ class TabellaLista : public QTableView {
   bool tasto(int codice, Qt::KeyboardModifiers modi);
   bool spazio();
   void elimina();
+  void ordina(int colonna);
+  void mostra_ordine();
+  int visibile(int quale) const;  ///< the column that shows at this place, counted from 0; -1 for none
   void avanti();
   void indietro();
   void disponi_colonne();

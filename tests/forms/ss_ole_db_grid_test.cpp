@@ -137,5 +137,50 @@ TEST(SSOleDBGrid, RemovedRowsTakeTheirMarksAlong) {
   EXPECT_EQ(l.grd.Row(), 2);
 }
 
+/// The first column's cells in the order of the rows, behind each the current one's "<".
+QString ordine(const SSOleDBGrid& grd) {
+  QString tutte;
+  for (int i = 0; i < grd.Rows(); ++i) tutte += grd.cella(i, 0) + (i == grd.Row() ? u"<"_s : QString());
+  return tutte;
+}
+
+TEST(SSOleDBGrid, TheHeadOrdersNumbersDatesAndWordsAndKeepsTheRecord) {
+  Lista l;
+  std::vector<Colonna> colonne(5);
+  colonne[0].campo = u"nome"_s;
+  colonne[1].campo = u"numero"_s;
+  colonne[1].allineamento = Allineamento::destra;
+  colonne[2].campo = u"data"_s;
+  colonne[3].campo = u"testo"_s;
+  l.grd.imposta_colonne(colonne);
+  for (const char* riga : {"a\t10\t01/02/2009\tzeta", "b\t9\t02/01/2009\tÀlfa", "c\t\t\talfb",
+                           "d\t-1,5\t31/12/2008\tZETA", "e\t1.000\t31/12/2008 08.00.00\tBeta"})
+    l.grd.AddItem(QByteArrayView(riga));
+  l.grd.RowLoaded = [&](int riga, AspettoRiga& a) {
+    a.celle = {{4, l.grd.cella(riga, 0) == u"c" ? u"a"_s : u"b"_s}};
+  };
+  l.grd.Row(1);
+  l.grd.utente_seleziona({0, 2});
+  l.grd.utente_ordina(1);
+  EXPECT_EQ(ordine(l.grd), u"ab<cde"_s) << "only where the list allows it";
+  l.grd.OrdinabileDaTestata = true;
+  l.eventi.clear();
+  const std::pair<int, QString> casi[] = {{1, u"cdb<ae"_s}, {1, u"eab<dc"_s}, {2, u"cdeb<a"_s},
+                                          {3, u"b<ceda"_s}, {3, u"daecb<"_s}, {4, u"cdaeb<"_s}};
+  for (const auto& [colonna, atteso] : casi) {
+    l.grd.utente_ordina(colonna);
+    EXPECT_EQ(ordine(l.grd), atteso) << colonna;
+    EXPECT_EQ(l.grd.ordine().colonna, colonna);
+  }
+  EXPECT_TRUE(l.eventi.isEmpty()) << l.eventi.join(u'/').toStdString();
+  EXPECT_TRUE(l.grd.selezionate().empty());
+  l.in_cella = [&] { l.grd.utente_modifica(4, 3, u"w"_s); };
+  l.grd.utente_ordina(0);
+  EXPECT_EQ(l.eventi.join(u'/'), u"cambiata 4,3/lasciata 4"_s) << "before the rows move";
+  EXPECT_EQ(ordine(l.grd) + l.grd.cella(1, 3), u"ab<cdew"_s);
+  l.grd.AddItem(QStringList{u"0"_s});
+  EXPECT_EQ(l.grd.ordine().colonna, -1);
+}
+
 }  // namespace
 }  // namespace lokera

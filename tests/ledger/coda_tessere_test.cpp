@@ -126,6 +126,7 @@ TEST_F(Coda, ChiEliminaLaTesseraLaTogliePrimaDalleLokere) {
 }
 
 TEST_F(Coda, IPassiDellaChiaveToccanoTutteLeTessereDelGruppo) {
+  EXPECT_EQ(lokere_della_tessera(c(), t1).valore(), (std::vector<qlonglong>{1, 2}));
   const TessereScelte gruppo = TessereScelte::del_gruppo(1, 1);
   esegui("insert into gruppi_tessera (tessera, codice) values ('0000000009', 1)");  // nobody's
   in_coda(u"2D"_s);                                                                 // t1 is on its way out

@@ -322,5 +322,30 @@ TEST(Collegamento, MismatchesAreNamed) {
                    u"drp: a widget without a control"_s, u"txtDiTroppo: a widget without a control"_s}));
 }
 
+TEST_F(ListaDisegnata, AHeadOrdersByMouseAndByKeyboard) {
+  QHeaderView& testata = *tabella().horizontalHeader();
+  const auto codici = [&] { return riga(0).at(0) + u' ' + riga(1).at(0); };
+  const QPointF descrizione(testata.sectionPosition(1) + 20, 8);
+  clicca(*testata.viewport(), descrizione);
+  EXPECT_EQ(codici(), u"10 20"_s);
+  EXPECT_FALSE(testata.isSortIndicatorShown());
+  r->grd.OrdinabileDaTestata = true;
+  tabella().selectAll();
+  clicca(*testata.viewport(), descrizione);
+  EXPECT_EQ(codici(), u"20 10"_s);
+  EXPECT_EQ(tabella().currentIndex().row(), 1) << "the record that was current";
+  EXPECT_EQ(tabella().selectionModel()->selectedRows().size(), 1);
+  EXPECT_TRUE(r->grd.selezionate().empty());
+  EXPECT_TRUE(testata.isSortIndicatorShown());
+  EXPECT_EQ(testata.sortIndicatorSection(), 1);
+  premi(tabella(), Qt::Key_1, {}, Qt::ControlModifier);
+  EXPECT_EQ(codici(), u"10 20"_s);
+  premi(tabella(), Qt::Key_1, {}, Qt::ControlModifier);
+  EXPECT_EQ(codici(), u"20 10"_s);
+  EXPECT_EQ(testata.sortIndicatorOrder(), Qt::DescendingOrder);
+  r->grd.RemoveAll();
+  EXPECT_FALSE(testata.isSortIndicatorShown());
+}
+
 }  // namespace
 }  // namespace lokera::prova
