@@ -94,6 +94,7 @@ frm_tessere::frm_tessere(ElencoFinestre& elenco, const ServiziTessere& servizi, 
       griglia_(grd, servizi.griglie) {
   grd.imposta_colonne(crea_colonne());
   griglia_.defaults();
+  grd.OrdinabileDaTestata = true;
   comboLKR.solo_voci = true;
   optOrdPos.Value = true;
   Text1.MaxLength = 100;

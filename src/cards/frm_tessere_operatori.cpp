@@ -80,6 +80,7 @@ frm_tessere_operatori::frm_tessere_operatori(ElencoFinestre& elenco, const Servi
       griglia_(grd, servizi.griglie),
       griglia_gruppi_(grdGru, servizi.griglie) {
   grd.Caption = u"Tessere operatori"_s;
+  grd.OrdinabileDaTestata = true;
   grdGru.Caption = u"  Gruppi di chiavi abilitate"_s;
   txtCodice.MaxLength = txtCodiceVer.MaxLength = 10;
   Text1.MaxLength = 100;
