@@ -20,6 +20,7 @@ class CicloSorvegliato : public EventLoop {
   /// A stretch begins, and ends.
   void apri() { inizio_ = orologio_.monotono(); }
   void chiudi() { massimo_ = std::max(massimo_, orologio_.monotono() - inizio_); }
+  void azzera() { massimo_ = Monotonic(0); }  ///< before what is to be measured
   double massimo_ms() const { return std::chrono::duration<double, std::milli>(massimo_).count(); }
 
  private:

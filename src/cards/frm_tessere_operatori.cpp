@@ -34,8 +34,8 @@ const QString& elenco_gruppi() {
 }
 
 QString elenco_tessere() {
-  return u"SELECT * FROM tessere_operatori  where not %1 ORDER BY intestazione"_s.arg(
-      CodaTessere::in_uscita(u"tessere_operatori.codice"_s));
+  return u"SELECT * FROM tessere_operatori  where codice not in (%1) ORDER BY intestazione"_s.arg(
+      CodaTessere::tutte_in_uscita());
 }
 
 }  // namespace

@@ -9,6 +9,7 @@ namespace lokera {
 namespace {
 
 constexpr qsizetype cifre_lettura = 16;
+constexpr int elenco_dopo_ms = 200;
 
 const QString& riga_del_computer() {
   static const QString sql =
@@ -25,12 +26,15 @@ LettoreTavolo::LettoreTavolo(Finestra& finestra, const ServiziLettore& servizi, 
       servizi_(servizi),
       campi_(std::move(campi)),
       porta_(servizi.seriali.crea_mscomm()),
-      fine_(servizi.timer.crea_timer()) {
+      fine_(servizi.timer.crea_timer()),
+      elenca_(servizi.timer.crea_timer()) {
   txtNrSeriale.Change = txtNrSeriale.GotFocus = [this] { mostra_dispositivi(); };
   Command6.Click = [this] { Command6_Click(); };
   porta_->OnComm = [this] { arrivo(); };
   porta_->Perduta = [this] { perduta(); };
   fine_->Evento = [this] { fine_lettura(); };
+  elenca_->Interval(elenco_dopo_ms);
+  elenca_->Evento = [this] { mostra_dispositivi(); };
 }
 
 void LettoreTavolo::Form_Load() {
@@ -87,7 +91,7 @@ bool LettoreTavolo::apri() {
     attiva(true);
     return true;
   }
-  mostra_dispositivi();
+  elenca_->Enabled(true);
   mostra(traduci(u"Seriale nr. "_s) + txtNrSeriale.Text() + traduci(u" non valida!"_s));
   return false;
 }
@@ -102,7 +106,7 @@ void LettoreTavolo::attiva(bool attivo) {
   attivo_ = attivo;
   txtNrSeriale.Enabled = !attivo;
   Command6.Caption = attivo ? traduci(u"disattiva"_s) : traduci(u"attiva"_s);
-  mostra_dispositivi();
+  elenca_->Enabled(true);
 }
 
 void LettoreTavolo::disattiva() {
@@ -124,6 +128,7 @@ void LettoreTavolo::perduta() {
 }
 
 void LettoreTavolo::mostra_dispositivi() {
+  elenca_->Enabled(false);
   const QString suo = porta_->PortOpen() ? porta_->dispositivo()
                       : numero() > 0     ? servizi_.seriali.dispositivi(numero()).join(u", "_s)
                                          : u"-"_s;

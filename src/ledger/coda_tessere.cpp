@@ -14,10 +14,14 @@ QString lettera(OperazioneCoda operazione) {
 
 }  // namespace
 
+QString CodaTessere::tutte_in_uscita() {
+  return u"select q.ID_tessera from aggiorn_tessere_oper as q where q.operazione = 'D' and not exists "
+         u"(select 1"
+         " from tessere_da_conservare as m where m.ID_tessera = q.ID_tessera and m.ID_lokera = q.ID_lokera)"_s;
+}
+
 QString CodaTessere::in_uscita(const QString& tessera) {
-  return u"exists (select 1 from aggiorn_tessere_oper as q where q.ID_tessera = %1 and q.operazione = 'D' and"
-         " not exists (select 1 from tessere_da_conservare as m where m.ID_tessera = q.ID_tessera and"
-         " m.ID_lokera = q.ID_lokera))"_s.arg(tessera);
+  return u"exists (%1 and q.ID_tessera = %2)"_s.arg(tutte_in_uscita(), tessera);
 }
 
 Errore CodaTessere::accoda_scritture_se_mancano(std::span<const TesseraInLokera> coppie) {

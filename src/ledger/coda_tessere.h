@@ -67,6 +67,8 @@ class CodaTessere {
   /// The condition, for a statement, that a card is on its way out; `tessera` is a column or "?". The names
   /// q and m are its own.
   static QString in_uscita(const QString& tessera);
+  /// The same for a list of many cards: a query, run once, of all that are on their way out.
+  static QString tutte_in_uscita();
 
   /// Cards of the registry queued for a cabinet, in the order in which they are to be served.
   Esito<std::vector<RigaCoda>> per_lokera(qlonglong lokera);
@@ -86,6 +88,7 @@ class CodaTessere {
   Errore togli(const QString& tessera, qlonglong lokera, OperazioneCoda operazione);
   Errore segna(const TessereScelte& tessere, MotivoConservare motivo);
   Errore riprendi(const QString& tessera);
+  Errore lascia(const QString& tessera, const std::vector<qlonglong>& prima);
   Errore copia_riga(const QString& vecchio, const QString& nuovo);
   Errore sposta_gruppi(const QString& vecchio, const QString& nuovo);
   Esito<bool> esce(const QString& tessera);

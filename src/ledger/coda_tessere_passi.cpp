@@ -1,5 +1,7 @@
 // What the two registries ask of the queue: passes over many cards, a card's registration, a code that
 // changes.
+#include <algorithm>
+
 #include "ledger/coda_tessere.h"
 #include "store/recordset.h"
 
@@ -75,11 +77,22 @@ Errore CodaTessere::registra_tessera(const QString& tessera, const std::function
     const auto uscente = esce(tessera);
     if (uscente.fallito()) return uscente.errore();
     if (*uscente) return gia_eliminata();
-    const TessereScelte sua = TessereScelte::ovunque(tessera);
-    if (Errore e = accoda_cancellazioni(sua, MotivoConservare::non_raggiunta); e.fallito()) return e;
+    const auto prima = lokere_della_tessera(c_, tessera);
+    if (prima.fallito()) return prima.errore();
     if (Errore e = scrivi(); e.fallito()) return e;
-    return accoda_scritture(sua);
+    if (Errore e = accoda_scritture(TessereScelte::ovunque(tessera)); e.fallito()) return e;
+    return lascia(tessera, *prima);
   });
+}
+
+// Of the cabinets that the card reached before, those that it reaches no more.
+Errore CodaTessere::lascia(const QString& tessera, const std::vector<qlonglong>& prima) {
+  const auto adesso = lokere_della_tessera(c_, tessera);
+  Errore e = adesso.errore();
+  for (const qlonglong lokera : prima)
+    if (!e.fallito() && !std::ranges::binary_search(*adesso, lokera))
+      e = accoda_cancellazioni(TessereScelte::coppia(tessera, lokera), MotivoConservare::non_raggiunta);
+  return e;
 }
 
 Errore CodaTessere::registra_nuova_tessera(const QString& tessera, const std::function<Errore()>& scrivi) {

@@ -6,6 +6,18 @@ namespace lokera {
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+// From one cabinet to the next by the index: a site has thousands of keys and a few cabinets.
+QString lokere_con_chiavi() {
+  return u"with recursive una (lokera) as (select min(lokera) from tessere_chiavi union all select (select"
+         " min(k.lokera) from tessere_chiavi as k where k.lokera > una.lokera) from una where una.lokera is "
+         "not"
+         " null) select lokera from una where lokera is not null"_s;
+}
+
+}  // namespace
+
 QString tessera_raggiunge(const QString& tessera, const QString& lokera) {
   return u"exists (select 1 from (gruppi_tessera as g inner join tessere_chiavi as k on g.codice = k.gruppo)"
          " where g.tessera = %1 and k.lokera = %2)"_s.arg(tessera, lokera);
@@ -36,11 +48,10 @@ Sottoquery TessereScelte::coppie() const {
   if (lokera_)
     return {u"select tessera, ? as lokera from (%1)"_s.arg(tessere_.sql),
             QVariantList{*lokera_} + tessere_.valori};
-  return {
-      u"select t.tessera, l.lokera from (%1) as t, (select distinct lokera from tessere_chiavi where"
-      " lokera is not null) as l where "_s.arg(tessere_.sql) +
-          tessera_raggiunge(u"t.tessera"_s, u"l.lokera"_s),
-      tessere_.valori};
+  return {u"select t.tessera, l.lokera from (%1) as t, (%2) as l where "_s.arg(tessere_.sql,
+                                                                               lokere_con_chiavi()) +
+              tessera_raggiunge(u"t.tessera"_s, u"l.lokera"_s),
+          tessere_.valori};
 }
 
 Esito<std::vector<qlonglong>> lokere_della_tessera(Connection& connessione, const QString& tessera) {

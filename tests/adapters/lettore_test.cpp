@@ -51,6 +51,7 @@ TEST(Lettore, reads_tag_after_tag_and_outlives_its_cable) {
   finto.mostra();  // to nobody
   lettore.txtNrSeriale.Text = u"2"_s;
   lettore.Command6_Click();
+  EXPECT_TRUE(attesa.attendi(5, [&] { return !lettore.txtNrSeriale.ToolTip().isEmpty(); }));
   EXPECT_TRUE(lettore.txtNrSeriale.ToolTip().startsWith(u"Seriale nr. 2: "_s + dev.filePath(u"ttyUSB1"_s)));
   attesa.cedi();
   EXPECT_EQ(txtCodice.Text(), QString());

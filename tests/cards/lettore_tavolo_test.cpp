@@ -159,6 +159,7 @@ TEST_F(LettoreTavoloTest, UnaPortaSbagliataSiDiceENonSiRicorda) {
   f.Form_Load();
   EXPECT_EQ(messaggi.testi(), QStringList{u"Seriale nr. 8 non valida!"_s});
   EXPECT_TRUE(f.lettore.txtNrSeriale.Enabled());
+  vm.esegui_per(1s);
   EXPECT_EQ(f.lettore.txtNrSeriale.ToolTip(), u"Seriale nr. 8: COM8\nDispositivi collegati: 3 = COM3"_s);
 }
 
