@@ -117,6 +117,7 @@ constexpr std::array indici{
     u"tessere_chiavi_operatore on tessere_chiavi (operatore)",
     u"tessere_chiavi_lokera on tessere_chiavi (lokera, posizione)",
     u"tessere_chiavi_gruppo on tessere_chiavi (gruppo, posizione)",
+    u"tessere_chiavi_gruppo_lokera on tessere_chiavi (gruppo, lokera)",
     u"tessere_operatori_gruppo on tessere_operatori (gruppo)",
     u"gruppi_tessera_codice on gruppi_tessera (codice, tessera)",
     u"movimenti_data on movimenti (data)",
