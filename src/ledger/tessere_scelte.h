@@ -25,7 +25,7 @@ class TessereScelte {
   static TessereScelte ovunque(const QString& tessera) { return ovunque({&tessera, 1}); }
   static TessereScelte ovunque(std::span<const QString> tessere);
   /// The most of them in one go: as many as keep a pass short enough to be one stretch between two events.
-  static constexpr size_t al_massimo = 120;
+  static constexpr size_t al_massimo = 200;
   /// The cards that may use this group of keys, at one cabinet.
   static TessereScelte del_gruppo(qlonglong gruppo, qlonglong lokera);
   static TessereScelte coppia(const QString& tessera, qlonglong lokera);
