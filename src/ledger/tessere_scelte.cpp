@@ -48,6 +48,12 @@ Sottoquery TessereScelte::coppie() const {
   if (lokera_)
     return {u"select tessera, ? as lokera from (%1)"_s.arg(tessere_.sql),
             QVariantList{*lokera_} + tessere_.valori};
+  if (tessere_.valori.size() == 1)  // the keys of one card's groups are few
+    return {
+        u"select distinct t.tessera, k.lokera from ((%1) as t inner join gruppi_tessera as g on g.tessera ="
+        " t.tessera) inner join tessere_chiavi as k on k.gruppo = g.codice where k.lokera is not null"_s.arg(
+            tessere_.sql),
+        tessere_.valori};
   return {u"select t.tessera, l.lokera from (%1) as t, (%2) as l where "_s.arg(tessere_.sql,
                                                                                lokere_con_chiavi()) +
               tessera_raggiunge(u"t.tessera"_s, u"l.lokera"_s),
