@@ -231,6 +231,32 @@ TEST_F(TessereChiavi, CambiaGruppoPosizioneECodice) {
   EXPECT_EQ(in_lokera(), u"0150=3000000001"_s);
 }
 
+// The table has the new code already when the cabinet didn't answer: the same row, and no double.
+TEST_F(TessereChiavi, UnCodiceCambiatoSenzaRispostaSiRegistraDiNuovo) {
+  apri();
+  f->grd.Row(1);
+  f->Command4_Click();
+  f->txtCodice.Text = f->txtCodiceVer.Text = u"3000000001"_s;
+  muta = {"00031"};
+  f->Command1_Click();
+  EXPECT_EQ(riga(u"3000000001"_s), u"1|1|chiave 1000000001|1| "_s);
+  muta = {};
+  f->Command1_Click();
+  EXPECT_EQ(messaggi(), QStringList{u"Registrazione eseguita!"_s});
+  EXPECT_EQ(b.conta(u"tessere_chiavi"_s), 3);
+
+  f->Command4_Click();
+  muta = {"00031"};
+  f->Command1_Click();
+  f->Command2_Click();
+  muta = {};
+  f->grd.Row(2);
+  f->Command4_Click();
+  f->Text1.Text = u"Cantina"_s;
+  f->Command1_Click();
+  EXPECT_EQ(riga(u"1000000003"_s), u"1|3|Cantina|1| "_s);
+}
+
 TEST_F(TessereChiavi, EliminareCominciaDallaLokera) {
   apri();
   f->grd.Row(2);
