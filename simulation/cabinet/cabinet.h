@@ -66,6 +66,8 @@ class Cabinet {
 
   /// Hangs a key on its hook; `registra` also writes its record.
   void appendi(int posizione, const QByteArray& chiave, bool registra = true);
+  /// Takes a key away for good; its record stays.
+  void stacca(const QByteArray& chiave) { chiavi_.erase(chiave); }
   const std::map<QByteArray, ChiaveAppesa>& chiavi() const { return chiavi_; }
 
   /// The parameters in use say that the console decides.

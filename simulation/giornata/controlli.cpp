@@ -79,6 +79,16 @@ void riscontra_chiavi(Connection& c, Riscontro& r) {
   if (e.fallito()) r.differenze << e.descrizione;
 }
 
+bool coda_vuota(Connection& c) {
+  Recordset rs;
+  return !rs.Open(
+                u"select ID_lokera from aggiorn_tessere_oper union all select ID_lokera from"
+                " cancellazioni_da_confermare"_s,
+                c)
+              .fallito() &&
+         rs.eof();
+}
+
 void riscontra_coda(Connection& c, Riscontro& r) {
   for (const QString& tabella :
        {u"aggiorn_tessere_oper"_s, u"cancellazioni_da_confermare"_s, u"tessere_da_conservare"_s}) {

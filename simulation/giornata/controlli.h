@@ -14,6 +14,9 @@ struct Riscontro {
 /// Each key row says what the last booked movement of the key says.
 void riscontra_chiavi(Connection& c, Riscontro& r);
 
+/// No card's record is left to be written or deleted anywhere.
+bool coda_vuota(Connection& c);
+
 /// Nothing is left to be told to any cabinet, and no mark without its queue row.
 void riscontra_coda(Connection& c, Riscontro& r);
 

@@ -8,6 +8,7 @@
 #include "simulation/giornata/ciclo_misurato.h"
 #include "simulation/giornata/controlli.h"
 #include "simulation/giornata/osservatore.h"
+#include "simulation/giornata/prova_registri.h"
 #include "simulation/giornata/vicende.h"
 #include "store/schema_base.h"
 #include "supervisor/console.h"
@@ -23,6 +24,8 @@ namespace {
 constexpr Monotonic attesa_massima = 11s;
 // A tick may fall into a read, and the read of the next cabinet into nothing else.
 constexpr int annidate_al_massimo = 4;
+// A window's wait, and the box that it ends with.
+constexpr int annidate_alla_scrivania = 2;
 // Of a slow cabinet a visit reads no more records than fit between two ticks.
 constexpr int giri_al_massimo = 60;
 // From one band run to the next, and the visit itself.
@@ -62,10 +65,11 @@ class Giornata {
 
  private:
   bool prepara();
+  bool prepara_registri();
   void guasti();
   void riposa();
+  void gira_finche_quieto();
   bool giro(Monotonic limite);
-  bool coda_vuota();
   void visitata(const QString& indirizzo);
   void riscontra();
   void raccogli();
@@ -85,11 +89,15 @@ class Giornata {
   std::unique_ptr<Console> console_;
   std::unique_ptr<Osservatore> osservatore_;
   std::unique_ptr<Vicende> vicende_;
+  std::unique_ptr<ProvaRegistri> registri_;
 };
 
 bool Giornata::prepara() {
   const QString file = cartella_.filePath(nome_file_database());
-  const auto riempi = [this](Connection& c) { return sito_.riempi(c); };
+  const auto riempi = [this](Connection& c) {
+    const Errore e = sito_.riempi(c);
+    return e.fallito() || !impostazioni_.registri ? e : Scrivania::arreda(c);
+  };
   if (Errore e = crea_database(file, password_database(), riempi); e.fallito()) return fallita(e.descrizione);
   if (Errore e = seconda_.Open(file, password_database()); e.fallito()) return fallita(e.descrizione);
   const Machine m = vm_.macchina();
@@ -110,7 +118,15 @@ bool Giornata::prepara() {
   vicende_->Errata = [this](const QString& testo) { osservatore_->differenza(u"at the desk: "_s + testo); };
   if (impostazioni_.vicende) vicende_->programma();
   sito_.persone(true);
-  return true;
+  return !impostazioni_.registri || prepara_registri();
+}
+
+bool Giornata::prepara_registri() {
+  registri_ = std::make_unique<ProvaRegistri>(impostazioni_, sito_, vm_, ciclo_, *console_, seconda_);
+  registri_->scrivania.Errata = vicende_->Errata;
+  osservatore_->Trattenuti = [this] { return registri_->scrivania.tiene_la_sessione(); };
+  const Errore e = registri_->scrivania.programma();
+  return !e.fallito() || fallita(e.descrizione);
 }
 
 // Some days are bad, some are worse, and each kind of fault has days on which it doesn't come.
@@ -135,16 +151,6 @@ void Giornata::guasti() {
   if (impostazioni_.guasti && impostazioni_.gestita) vm_.rete().guasti_di(u"127.0.0.2"_s, g);
 }
 
-bool Giornata::coda_vuota() {
-  Recordset rs;
-  return !rs.Open(
-                u"select ID_lokera from aggiorn_tessere_oper union all select ID_lokera from"
-                " cancellazioni_da_confermare"_s,
-                seconda_)
-              .fallito() &&
-         rs.eof();
-}
-
 // Every cabinet once more.
 bool Giornata::giro(Monotonic limite) {
   const auto prima = osservatore_->visite();
@@ -165,11 +171,20 @@ void Giornata::riposa() {
   vm_.rete().guasti_accesi(false);
   sito_.persone(false);
   vm_.esegui_per(1min);
+  if (registri_ && !vm_.esegui_finche([this] { return registri_->scrivania.via(); }, 30min))
+    osservatore_->differenza(u"a window does not close"_s);
+  gira_finche_quieto();
+  if (!registri_) return;
+  for (const QString& d : registri_->ripeti()) osservatore_->differenza(d);
+  gira_finche_quieto();
+}
+
+void Giornata::gira_finche_quieto() {
   const Monotonic un_giro = 10min * impostazioni_.lokere;
   for (int giri = 0; giri < giri_al_massimo; ++giri) {
     if (!giro(un_giro)) return osservatore_->differenza(u"the cycle does not come round"_s);
     vm_.esegui_per(1min);
-    if (giri > 0 && sito_.quieto() && coda_vuota()) return;
+    if (giri > 0 && sito_.quieto() && coda_vuota(seconda_)) return;
   }
   for (const SitoGiornata::Posto& p : sito_.posti()) {
     if (p.server->occupato() || p.cabinet->stato().transazioni.numero() > 0)
@@ -194,18 +209,22 @@ void Giornata::riscontra() {
   Riscontro r;
   riscontra_chiavi(seconda_, r);
   riscontra_coda(seconda_, r);
-  riscontra_registro(seconda_, vicende_->vive(), vicende_->eliminate(), r);
+  if (registri_)
+    registri_->riscontra(r);
+  else
+    riscontra_registro(seconda_, vicende_->vive(), vicende_->eliminate(), r);
   Supervisore& parti = console_->parti();
   (void)parti.giorno.tipo_giorno();
   riscontra_tessere(seconda_, sito_, parti.giorno.giorno_corrente(), vm_.orologio().adesso().time(), r);
   if (ciclo_.oltre() > 0) r.differenze << u"%1 waits went on past their limit"_s.arg(ciclo_.oltre());
   if (ciclo_.massima() > attesa_massima) r.differenze << u"a wait has a limit beyond all"_s;
-  if (ciclo_.profonda() > annidate_al_massimo)
+  if (ciclo_.profonda() > annidate_al_massimo + (registri_ ? annidate_alla_scrivania : 0))
     r.differenze << u"%1 waits stood in one another"_s.arg(ciclo_.profonda());
   if (vm_.ciclo().inondato()) r.differenze << u"time stood still"_s;
   if (!parti.principale.lblErrore.Caption().isEmpty())
     r.differenze << u"shown at the desk: "_s + parti.principale.lblErrore.Caption();
-  for (const QString& testo : vm_.messaggi().testi()) r.differenze << u"message: "_s + testo;
+  for (const QString& testo : vm_.messaggi().testi())
+    if (!registri_ || !Scrivania::box_attesa(testo)) r.differenze << u"message: "_s + testo;
   if (vm_.programma().finito) r.differenze << u"the program ended"_s;
   esito_.differenze = osservatore_->differenze() + r.differenze;
 }
@@ -218,6 +237,7 @@ void Giornata::raccogli() {
   esito_.alterati = osservatore_->alterate();
   esito_.in_diretta = osservatore_->in_diretta();
   esito_.eliminate = static_cast<int>(vicende_->eliminate().size());
+  if (registri_) registri_->racconta(esito_);
   for (const SitoGiornata::Posto& p : sito_.posti()) esito_.azzeramenti += p.cabinet->riavvii();
   esito_.attesa_ms = std::chrono::duration_cast<std::chrono::milliseconds>(ciclo_.massima()).count();
   esito_.annidate = ciclo_.profonda();

@@ -51,6 +51,7 @@ std::optional<RigaComando> leggi(const QStringList& argomenti, QString& errore) 
                 {u"lente"_s, u"cabinets take their time"_s},
                 {u"senza-guasti"_s, u"nothing goes wrong"_s},
                 {u"senza-vicende"_s, u"no card is changed and the clock is never set back"_s},
+                {u"registri"_s, u"keys and cards are registered, moved and deleted in their windows"_s},
                 {u"segui-fasce"_s,
                  u"hold the masks against the bands after every visit; without faults and changes"_s}});
   const QCommandLineOption aiuto = p.addHelpOption();
@@ -66,10 +67,20 @@ std::optional<RigaComando> leggi(const QStringList& argomenti, QString& errore) 
   if (!errore.isEmpty()) return {};
   i.gestita = p.isSet(u"gestita"_s);
   i.lente = p.isSet(u"lente"_s);
+  i.registri = p.isSet(u"registri"_s);
   i.segui_fasce = p.isSet(u"segui-fasce"_s);
   i.guasti = !p.isSet(u"senza-guasti"_s) && !i.segui_fasce;
   i.vicende = !p.isSet(u"senza-vicende"_s) && !i.segui_fasce;
   return c;
+}
+
+QString registri(const EsitoGiornata& e) {
+  if (e.mosse == 0) return {};
+  return u", moves at the desk %1 (old positions %2, cards kept waiting %3, keys without record %4)"_s
+      .arg(e.mosse)
+      .arg(e.vecchie_posizioni)
+      .arg(e.trattenute)
+      .arg(e.senza_risposta);
 }
 
 QString riassunto(quint64 seme, const EsitoGiornata& e, qint64 ms) {
@@ -81,6 +92,7 @@ QString riassunto(quint64 seme, const EsitoGiornata& e, qint64 ms) {
              .arg(e.ripetuti)
              .arg(e.alterati)
              .arg(e.eliminate) +
+         registri(e) +
          u", resets %1, longest wait %2 ms, nested %3, trace %4, %5 ms"_s.arg(e.azzeramenti)
              .arg(e.attesa_ms)
              .arg(e.annidate)

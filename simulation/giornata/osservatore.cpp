@@ -126,7 +126,7 @@ void Osservatore::arrivato(const QString& indirizzo, const QByteArray& frame) {
   if (!leggi_record(frame, arrivo.riga)) return;
   leggi_righe();  // what came before has been booked by now
   trova_movimento(indirizzo, arrivo);
-  arrivo.doppio = std::exchange(ultimo_, frame) == frame;
+  arrivo.doppio = std::exchange(ultimo_, frame) == frame || (Trattenuti && Trattenuti());
   ++conti_[arrivo.n].arrivi;
   arrivi_.push_back(arrivo);
 }

@@ -38,6 +38,8 @@ class Osservatore {
   /// Visits since the start that ended with the question for stored records, by the cabinet's address.
   const std::map<QString, int>& visite() const { return visite_; }
   std::function<void(const QString& indirizzo)> Visitata;
+  /// While it holds, a record that arrives is perhaps not taken in.
+  std::function<bool()> Trattenuti;
 
   void differenza(const QString& testo);
   const QStringList& differenze() const { return differenze_; }
@@ -53,7 +55,7 @@ class Osservatore {
     RigaMovimento riga;
     quint64 n = 0;  ///< the movement that it tells of
     bool alterato = false;
-    bool doppio = false;  ///< the same bytes as the one before it
+    bool doppio = false;  ///< the same bytes as the one before it, or not to be taken in for certain
   };
   struct Conto {
     int arrivi = 0;

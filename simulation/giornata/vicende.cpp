@@ -29,7 +29,7 @@ Vicende::Vicende(const ImpostazioniGiornata& impostazioni, SitoGiornata& sito, V
 }
 
 void Vicende::programma() {
-  const int quante = al_giorno * impostazioni_.ore / 24;
+  const int quante = impostazioni_.registri ? 0 : al_giorno * impostazioni_.ore / 24;
   for (int i = 0; i < quante; ++i) {
     const Monotonic quando = minutes(caso_.fra(20, impostazioni_.ore * 60LL - 30));
     vm_.ciclo().fra(quando, [this] { una(); });
@@ -145,7 +145,7 @@ std::vector<Vicende::ApreFascia> Vicende::prossime_fasce() {
 
 void Vicende::elimina_a_una_fascia() {
   const std::vector<ApreFascia> fasce = prossime_fasce();
-  if (fasce.empty()) return;
+  if (fasce.empty() || impostazioni_.registri) return;
   const ApreFascia fascia = fasce[static_cast<size_t>(caso_.sotto(fasce.size()))];
   const std::chrono::seconds quando(fascia.fra_secondi + caso_.fra(-120, 240));
   vm_.ciclo().fra(quando, [this, fascia] {

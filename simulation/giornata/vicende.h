@@ -8,7 +8,7 @@ namespace lokera::simulazione {
 /// What the people at the desk do in the course of a day, by the seed: cards get and lose groups of keys, are
 /// sent again, called back from the cabinets for some hours, added and deleted, as the card window does it;
 /// one is deleted just when a band opens that would send it. And once, at night, the clock is set back,
-/// sometimes across midnight.
+/// sometimes across midnight. Where somebody registers cards in their window, only the clock is left.
 class Vicende {
  public:
   /// All of them must outlive the events. `inizio` is the calendar at the start of the day.

@@ -64,8 +64,17 @@ Errore ArchivioChiavi::prima_della_lokera(const QString& chiave, const RigaChiav
     if (!e.fallito())
       e = coda_.accoda_cancellazioni(TessereScelte::del_gruppo(nuova.gruppo, nuova.lokera),
                                      MotivoConservare::attende_chiave);
-    return e.fallito() || !anche_riga ? e : scrivi(chiave, nuova);
+    if (!e.fallito() && anche_riga) e = scrivi(chiave, nuova);
+    return e.fallito() || !anche_riga ? e : accoda_altrove(*vecchia, nuova);
   });
+}
+
+// A name or a code alone changes no mask.
+Errore ArchivioChiavi::accoda_altrove(const std::optional<RigaChiave>& prima, const RigaChiave& dopo) {
+  if (prima && prima->posizione == dopo.posizione && prima->gruppo == dopo.gruppo) return {};
+  Errore e;
+  if (prima && prima->gruppo != dopo.gruppo) e = coda_.accoda_altrove(prima->gruppo, prima->lokera);
+  return e.fallito() ? e : coda_.accoda_altrove(dopo.gruppo, dopo.lokera);
 }
 
 Errore ArchivioChiavi::scrivi(const QString& chiave, const RigaChiave& nuova) {
@@ -94,6 +103,7 @@ Errore ArchivioChiavi::elimina(const RigaChiave& chiave) {
   return in_transazione(archivio_, [&] {
     Errore e = coda_.accoda_cancellazioni(TessereScelte::del_gruppo(chiave.gruppo, chiave.lokera),
                                           MotivoConservare::chiave_tolta);
+    if (!e.fallito()) e = coda_.accoda_altrove(chiave.gruppo, chiave.lokera);
     if (e.fallito()) return e;
     return archivio_.Execute(u"DELETE FROM tessere_chiavi WHERE codice = ?"_s, {chiave.codice});
   });

@@ -32,8 +32,9 @@ class ArchivioChiavi {
   Esito<std::optional<RigaChiave>> stessa_posizione(const RigaChiave& chiave);
 
   /// Before the cabinet is told: the cards of the key's group wait for it, those of a group that it leaves
-  /// lose it; and, when `anche_riga`, the row of `chiave` becomes this, or a new row does. All of it or
-  /// nothing. Who has the key out, and since when, stays.
+  /// lose it; and, when `anche_riga`, the row of `chiave` becomes this, or a new row does, and where another
+  /// position or group changes masks, the cards' records at other cabinets are to be written anew. All of it
+  /// or nothing. Who has the key out, and since when, stays.
   Errore prima_della_lokera(const QString& chiave, const RigaChiave& nuova, bool anche_riga);
   /// The cabinet has the key: the records of those cards are to be written.
   Errore registrata_in_lokera(const RigaChiave& chiave);
@@ -42,6 +43,7 @@ class ArchivioChiavi {
 
  private:
   Errore scrivi(const QString& chiave, const RigaChiave& nuova);
+  Errore accoda_altrove(const std::optional<RigaChiave>& prima, const RigaChiave& dopo);
 
   Connection& archivio_;
   CodaTessere coda_;

@@ -231,6 +231,7 @@ void frm_tessere::Command4_Click() {
 void frm_tessere::Command2_Click() {
   const int riga = grd.Row();
   nuovo_record = false;
+  sospesa_.clear();
   elenca_tessere();
   grd.Row(riga);
   campi_da_riga();

@@ -83,6 +83,7 @@ class frm_tessere : public Finestra {
 
   qlonglong lokera() const { return comboLKR.Text().trimmed().toLongLong(); }
   RigaChiave dai_campi() const;
+  QString in_tabella() const;
   static std::optional<int> leggi_posizione(const QString& testo);
   bool campi_validi();
   bool doppia(const QString& codice, const QString& chiave);
@@ -105,7 +106,7 @@ class frm_tessere : public Finestra {
   griglia griglia_;
   std::optional<SessioneTenuta> tenuta_;
   QHash<QString, QString> titolari_;  ///< who has keys of this list out, by card
-  QString sospesa_;                   ///< the key that the table has and the cabinet perhaps not
+  QString sospesa_;  ///< the key that is being edited, when the table has it and the cabinet perhaps not
   bool in_modifica_ = false;
   bool collegata_ = false;  ///< the session to the chosen cabinet stood when it was chosen
   bool elimina_ = false;    ///< "elimina" serves: behind "modifica" only

@@ -21,6 +21,12 @@ RigaChiave frm_tessere::dai_campi() const {
           Text1.Text().trimmed(), comboG.Text().trimmed().toLongLong()};
 }
 
+// The code of the row that "modifica" was pressed on, which a registration that then failed at the cabinet
+// has changed.
+QString frm_tessere::in_tabella() const {
+  return sospesa_.isEmpty() ? grd.cella(grd.Row(), u"codice") : sospesa_;
+}
+
 // The first one alone ends it; of the others each says its own.
 bool frm_tessere::campi_validi() {
   if (txtCodice.Text() != txtCodiceVer.Text()) {
@@ -78,7 +84,7 @@ void frm_tessere::Command1_Click() {
 bool frm_tessere::registra() {
   if (!campi_validi()) return false;
   const RigaChiave chiave = dai_campi();
-  const QString identita = nuovo_record ? chiave.codice : grd.cella(grd.Row(), u"codice");
+  const QString identita = nuovo_record ? chiave.codice : in_tabella();
   if (doppia(chiave.codice, nuovo_record ? sospesa_ : identita) || posizione_presa(chiave, identita))
     return false;
   const Clessidra clessidra(puntatore_);
@@ -106,7 +112,7 @@ bool frm_tessere::registra_chiave(const QString& identita, const RigaChiave& chi
 void frm_tessere::Command5_Click() {
   if (!scelta_una_lokera()) return;
   const Attesa attesa(*this);
-  const auto chiave = archivio_.trova(grd.cella(grd.Row(), u"codice"));
+  const auto chiave = archivio_.trova(in_tabella());
   if (chiave.fallito()) return mostra_errore(chiave.errore());
   if (!*chiave) return;
   const QByteArray posizione = QByteArray::number((*chiave)->posizione).rightJustified(4, '0');

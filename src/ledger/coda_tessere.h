@@ -44,6 +44,10 @@ class CodaTessere {
   /// With more than `piu_scritture` at once a failure leaves some queued, unless a transaction is open.
   Errore accoda_scritture_se_mancano(std::span<const TesseraInLokera> coppie);
   static constexpr size_t piu_scritture = 50;
+  /// A key of the group has come to another position of this cabinet, or left it. A mask counts the keys of
+  /// all cabinets by position, so the group's cards are to be written anew at every other one that holds a
+  /// record of them, unless something is queued there already.
+  Errore accoda_altrove(qlonglong gruppo, qlonglong lokera);
 
   /// The person at the desk registers the card: `scrivi` writes its row and its groups. What it reaches then
   /// is to be written, and where it was before and is no more to be deleted. Fails for a card on its way out,

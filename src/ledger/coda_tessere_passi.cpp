@@ -51,6 +51,16 @@ Errore CodaTessere::accoda_cancellazioni(const TessereScelte& tessere, MotivoCon
   });
 }
 
+Errore CodaTessere::accoda_altrove(qlonglong gruppo, qlonglong lokera) {
+  return c_.Execute(
+      u"insert into aggiorn_tessere_oper (ID_tessera, ID_lokera, operazione) select p.ID_tessera,"
+      " p.ID_lokera, 'I' from posiz_tessere_oper as p where p.ID_lokera <> ? and exists (select 1 from"
+      " gruppi_tessera as g where g.tessera = p.ID_tessera and g.codice = ?) and not exists (select 1 from"
+      " aggiorn_tessere_oper as a where a.ID_tessera = p.ID_tessera and a.ID_lokera = p.ID_lokera) and not "_s +
+          in_uscita(u"p.ID_tessera"_s),
+      {lokera, gruppo});
+}
+
 Errore CodaTessere::metti(const TessereScelte& tessere, OperazioneCoda operazione,
                           const QString& condizione) {
   const Sottoquery coppie = tessere.coppie();

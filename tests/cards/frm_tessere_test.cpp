@@ -231,6 +231,63 @@ TEST_F(TessereChiavi, CambiaGruppoPosizioneECodice) {
   EXPECT_EQ(in_lokera(), u"0150=3000000001"_s);
 }
 
+// The table has the new code already when the cabinet didn't answer: the same row, and no double.
+TEST_F(TessereChiavi, UnCodiceCambiatoSenzaRispostaSiRegistraDiNuovo) {
+  apri();
+  f->grd.Row(1);
+  f->Command4_Click();
+  f->txtCodice.Text = f->txtCodiceVer.Text = u"3000000001"_s;
+  muta = {"00031"};
+  f->Command1_Click();
+  EXPECT_EQ(riga(u"3000000001"_s), u"1|1|chiave 1000000001|1| "_s);
+  muta = {};
+  f->Command1_Click();
+  EXPECT_EQ(messaggi(), QStringList{u"Registrazione eseguita!"_s});
+  EXPECT_EQ(b.conta(u"tessere_chiavi"_s), 3);
+
+  f->Command4_Click();
+  muta = {"00031"};
+  f->Command1_Click();
+  f->Command2_Click();
+  muta = {};
+  f->grd.Row(2);
+  f->Command4_Click();
+  f->Text1.Text = u"Cantina"_s;
+  f->Command1_Click();
+  EXPECT_EQ(riga(u"1000000003"_s), u"1|3|Cantina|1| "_s);
+}
+
+// A mask has the bits of the keys of all cabinets.
+TEST_F(TessereChiavi, ChiCambiaPostoRiscriveLeTessereAncheAltrove) {
+  for (const auto& [tessera, altra] :
+       {std::pair{u"0000000001"_s, 2}, {u"0000000002"_s, 2}, {u"0000000003"_s, 3}, {u"0000000003"_s, 1}})
+    b.sql(u"insert into posiz_tessere_oper (ID_tessera, ID_lokera, posizione) values (?, ?, 0)"_s,
+          {tessera, altra});
+  b.in_coda(u"0000000003"_s, 3, u"D"_s);  // told already
+  b.sql(u"insert into tessere_da_conservare (ID_tessera, ID_lokera, motivo) values ('0000000003', 3, '')"_s);
+  const struct {
+    const char* nome;
+    std::function<void()> mossa;
+    QString altrove;
+  } casi[] = {
+      {"name", [&] { f->Text1.Text = u"a"_s, f->Command1_Click(); }, {}},
+      {"position", [&] { f->Text2.Text = u"9"_s, f->Command1_Click(); }, u"0000000001|2|I"_s},
+      {"group", [&] { f->comboG.Value(u"2"_s), f->Command1_Click(); }, u"0000000001|2|I 0000000002|2|I"_s},
+      {"gone", [&] { f->Command5_Click(); }, u"0000000002|2|I"_s}};
+  apri();
+  for (const auto& c : casi) {
+    f->grd.Row(f->grd.Rows() - 1);
+    f->Command4_Click();
+    c.mossa();
+    const QStringList altrove = b.righe(
+        u"select ID_tessera, ID_lokera, operazione from aggiorn_tessere_oper where ID_lokera <> 1"
+        " and operazione = 'I' order by ID_tessera"_s);
+    EXPECT_EQ(altrove.join(u' '), c.altrove) << c.nome;
+    b.sql(u"delete from aggiorn_tessere_oper where ID_lokera = 2"_s);
+  }
+  EXPECT_EQ(b.conta(u"aggiorn_tessere_oper"_s, u"ID_lokera = 3 and operazione = 'D'"_s), 1);
+}
+
 TEST_F(TessereChiavi, EliminareCominciaDallaLokera) {
   apri();
   f->grd.Row(2);

@@ -8,11 +8,12 @@ namespace {
 using namespace Qt::StringLiterals;
 
 QByteArray come(const ImpostazioniGiornata& i, const EsitoGiornata& e) {
-  return u"giornata --semi %1 --lokere %2 --ritmo %3%4%5%6\n  "_s.arg(i.seme)
+  return u"giornata --semi %1 --lokere %2 --ore %3 --ritmo %4%5%6%7%8\n  "_s.arg(i.seme)
              .arg(i.lokere)
+             .arg(i.ore)
              .arg(i.eventi_ora)
              .arg(i.gestita ? u" --gestita"_s : QString(), i.lente ? u" --lente"_s : QString(),
-                  i.segui_fasce ? u" --segui-fasce"_s : QString())
+                  i.segui_fasce ? u" --segui-fasce"_s : QString(), i.registri ? u" --registri"_s : QString())
              .toUtf8() +
          e.differenze.join(u"\n  "_s).toUtf8();
 }
@@ -67,6 +68,20 @@ TEST_P(Fasce, ReachTheCabinetsWithinOneRunAndOneVisit) {
   giornata_buona({.seme = seme(), .lokere = 4, .guasti = false, .vicende = false, .segui_fasce = true});
 }
 INSTANTIATE_TEST_SUITE_P(Giornata, Fasce, testing::Range(401, 404));
+
+// Keys and cards go through their windows all day, whatever the cabinets answer.
+class Registri : public Semi {};
+TEST_P(Registri, AreWhatTheCabinetsHold) {
+  const bool gestita = GetParam() % 2 == 0;
+  const EsitoGiornata e = giornata_buona({.seme = seme(),
+                                          .lokere = 4,
+                                          .ore = 8,
+                                          .gestita = gestita,
+                                          .lente = GetParam() % 4 == 0,
+                                          .registri = true});
+  EXPECT_GT(e.mosse, 10);
+}
+INSTANTIATE_TEST_SUITE_P(Giornata, Registri, testing::Range(501, 505));
 
 TEST(Giornata, OfOneSeedIsTheSameToTheLastByte) {
   const ImpostazioniGiornata i{.seme = 7, .lokere = 3, .gestita = true};
