@@ -65,6 +65,7 @@ class TessereChiavi : public ::testing::Test {
     if (rifiuta.contains(codice)) return {componi_frame(codice + "05")};
     if (frame.mid(5, 1) != "1") return risponde_bene(frame);
     if (codice == "00031") record[posto] = frame.mid(10, 10);
+    if (codice == "00030" && alla_rilettura) alla_rilettura();
     if (codice == "00030")
       return {componi_frame(codice + "00" + (altra_chiave.isEmpty() ? record[posto] : altra_chiave))};
     if (codice == "00032") record.erase(posto);
@@ -75,6 +76,7 @@ class TessereChiavi : public ::testing::Test {
   std::map<QByteArray, QByteArray> record;
   QList<QByteArray> muta, rifiuta;
   QByteArray altra_chiave;
+  std::function<void()> alla_rilettura;
   LokeraFinta lokera{b.vm, u"127.0.0.2"_s, 10001,
                      [this](const QByteArray& frame) { return rispondi(frame); }};
   frm_tessere* f = nullptr;
@@ -335,6 +337,34 @@ TEST_F(TessereChiavi, StessaPosizioneConAltroGruppoAltrove) {
             u"Stessa posizione con altro gruppo nella lokera 2: 4000000003 chiave 4000000003"_s);
   f->grd.Row(1);
   EXPECT_EQ(f->lblNota.Caption(), QString());
+}
+
+// Another console holds the file before the cabinet is told, or while it answers: a second "registra" mends
+// it.
+TEST_F(TessereChiavi, ColFileBloccatoNullaRestaAMeta) {
+  apri();
+  for (const bool prima : {true, false}) {
+    SCOPED_TRACE(prima);
+    const QString codice = prima ? u"2000000002"_s : u"2000000004"_s;
+    nuova(codice, u"2"_s);
+    b.sql(u"delete from aggiorn_tessere_oper"_s);
+    b.sql(u"delete from tessere_da_conservare"_s);
+    Connection altra;
+    ASSERT_FALSE(altra.Open(b.file(), password_database()).fallito());
+    const auto blocca = [&] { EXPECT_FALSE(altra.BeginTrans().fallito()); };
+    alla_rilettura = prima ? std::function<void()>() : blocca;
+    if (prima) blocca();
+    f->Command1_Click();
+    EXPECT_EQ(messaggi().size(), 1);
+    EXPECT_TRUE(f->Command1.Enabled());
+    altra.RollbackTrans();
+    alla_rilettura = {};
+    EXPECT_EQ(coda(), prima ? QString() : u"0000000002|D"_s);
+    EXPECT_EQ(riga(codice).isEmpty(), prima);
+    f->Command1_Click();
+    EXPECT_EQ(messaggi(), QStringList{u"Registrazione eseguita!"_s});
+    EXPECT_EQ(coda(), u"0000000002|I"_s);
+  }
 }
 
 TEST_F(TessereChiavi, SiChiudeDopoLAttesaDiUnaRegistrazione) {
