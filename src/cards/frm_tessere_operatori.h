@@ -10,7 +10,8 @@
 namespace lokera {
 
 /// The cards of the people who take keys: who holds each, for how long, which groups of keys it may use. It
-/// writes the tables and queues the card; the visits take it to the cabinets, also while the window is open.
+/// writes the tables and queues the card; the visits, which stand still while the window is open, take it to
+/// the cabinets.
 class frm_tessere_operatori : public Finestra {
  public:
   frm_tessere_operatori(ElencoFinestre& elenco, const ServiziTessere& servizi);
