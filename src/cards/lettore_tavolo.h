@@ -81,9 +81,9 @@ class LettoreTavolo {
   const std::unique_ptr<MSComm> porta_;
   const std::unique_ptr<Timer> fine_;    ///< runs while a tag is being read
   const std::unique_ptr<Timer> elenca_;  ///< the devices are looked for once the window stands
-  QString testo_lettura_;              ///< two digits for each byte of it
-  bool attivo_ = false;                ///< `Command6` says "disattiva"
-  bool occupato_ = false;              ///< with the tag that was read last
+  QString testo_lettura_;                ///< two digits for each byte of it
+  bool attivo_ = false;                  ///< `Command6` says "disattiva"
+  bool occupato_ = false;                ///< with the tag that was read last
 };
 
 }  // namespace lokera
