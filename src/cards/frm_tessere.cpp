@@ -188,7 +188,7 @@ void frm_tessere::abilita() {
   const bool modifica = libera && in_modifica_;
   for (Controllo* c : std::initializer_list<Controllo*>{&grd, &comboLKR, &optOrdPos, &optOrdNome, &Command10})
     c->Enabled = sfoglia;
-  for (CommandButton* c : {&Command3, &Command4, &Command7}) c->Enabled = sfoglia && collegata_;
+  for (CommandButton* c : {&Command3, &Command4}) c->Enabled = sfoglia && collegata_;
   Command7.Enabled = sfoglia;
   for (Controllo* c : std::initializer_list<Controllo*>{&txtCodice, &txtCodiceVer, &Text1, &comboG})
     c->Enabled = in_modifica_;

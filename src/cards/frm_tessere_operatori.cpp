@@ -110,7 +110,6 @@ void frm_tessere_operatori::collega_eventi() {
 void frm_tessere_operatori::Form_Load() {
   const Attesa attesa(*this);
   servizi_.timerOrario.Enabled(false);
-  gruppi_attivi = true;
   prepara_liste(*this, servizi_.griglie, servizi_.archivio, u"   Tessere  Operatori"_s,
                 {{griglia_, elenco_tessere()}, {griglia_gruppi_, elenco_gruppi()}});
   prepara_colonne();

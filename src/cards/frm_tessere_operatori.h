@@ -36,7 +36,6 @@ class frm_tessere_operatori : public Finestra {
   void elenca_operatori();
 
   bool nuovo_record = false;  ///< from "nuovo" until the card is registered or given up
-  bool gruppi_attivi = false;
 
  private:
   ServiziTessere servizi_;

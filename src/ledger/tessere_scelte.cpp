@@ -10,10 +10,9 @@ namespace {
 
 // From one cabinet to the next by the index: a site has thousands of keys and a few cabinets.
 QString lokere_con_chiavi() {
-  return u"with recursive una (lokera) as (select min(lokera) from tessere_chiavi union all select (select"
-         " min(k.lokera) from tessere_chiavi as k where k.lokera > una.lokera) from una where una.lokera is "
-         "not"
-         " null) select lokera from una where lokera is not null"_s;
+  return u"with recursive una (lokera) as (select min(lokera) from tessere_chiavi union all"
+         " select (select min(k.lokera) from tessere_chiavi as k where k.lokera > una.lokera)"
+         " from una where una.lokera is not null) select lokera from una where lokera is not null"_s;
 }
 
 }  // namespace
