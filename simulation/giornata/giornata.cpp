@@ -103,7 +103,7 @@ bool Giornata::prepara() {
   const Machine m = vm_.macchina();
   console_ = std::make_unique<Console>(Machine{m.orologio, ciclo_, m.timer, m.socket, m.seriali, m.messaggi,
                                                m.domande, m.file, m.stampante, m.fogli, m.puntatore,
-                                               m.desktop, m.programma});
+                                               m.desktop, m.programma, m.documenti});
   if (!console_->apri(cartella_.path())) return fallita(u"the console can't open its file"_s);
   if (!sito_.apri()) return fallita(u"an address is taken"_s);
 

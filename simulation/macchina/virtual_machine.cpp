@@ -9,8 +9,8 @@ VirtualComputer::VirtualComputer(VirtualClock& orologio, VirtualEventLoop& ciclo
     : orologio(orologio), ciclo(ciclo), timer(ciclo), socket(rete, nome), seriali(ciclo) {}
 
 Machine VirtualComputer::macchina() {
-  return {orologio, ciclo,     timer, socket,    seriali, messaggi, domande,
-          file,     stampante, fogli, puntatore, desktop, programma};
+  return {orologio, ciclo,     timer, socket,    seriali, messaggi,  domande,
+          file,     stampante, fogli, puntatore, desktop, programma, documenti.path()};
 }
 
 VirtualMachine::VirtualMachine(quint64 seme, const QDateTime& inizio)

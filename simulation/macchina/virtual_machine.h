@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QTemporaryDir>
+
 #include <memory>
 #include <vector>
 
@@ -36,6 +38,7 @@ struct VirtualComputer {
   VirtualPointer puntatore;
   VirtualDesktop desktop;
   VirtualProgram programma;
+  QTemporaryDir documenti;
 };
 
 /// A machine without a screen, a network or real time. Everything happens in the order of the virtual clock,

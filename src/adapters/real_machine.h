@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QStandardPaths>
+
 #include "adapters/base/fuso_orario.h"
 #include "adapters/base/qt_clock.h"
 #include "adapters/base/qt_event_loop.h"
@@ -25,11 +27,13 @@ class RealMachine {
     fissa_fuso_orario();
   }
   Machine macchina() {
-    return {orologio_, ciclo_,     timer_, socket_,    seriali_, messaggi_, domande_,
-            file_,     stampante_, fogli_, puntatore_, desktop_, programma_};
+    return {orologio_, ciclo_,     timer_, socket_,    seriali_, messaggi_,  domande_,
+            file_,     stampante_, fogli_, puntatore_, desktop_, programma_, documenti()};
   }
 
  private:
+  static QString documenti() { return QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation); }
+
   QtClock orologio_;
   QtEventLoop ciclo_;
   QtTimers timer_;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QString>
+
 #include "platform/clock.h"
 #include "platform/desktop.h"
 #include "platform/dialogs.h"
@@ -30,6 +32,7 @@ struct Machine {
   Pointer& puntatore;
   Desktop& desktop;
   Program& programma;
+  QString documenti;  ///< the person's folder for documents; it may not be there yet
 };
 
 }  // namespace lokera
