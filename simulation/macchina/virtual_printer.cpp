@@ -1,5 +1,6 @@
 #include "simulation/macchina/virtual_printer.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace lokera::simulazione {
@@ -59,8 +60,25 @@ EsitoStampa VirtualPrinter::stampa(const Documento& documento) {
     if (!scelto) return {};
     nome = *scelto;
   }
-  if (guasto.isEmpty()) stampati.append({documento, proprieta_, nome});
+  QList<PaginaStampa> pagine;
+  for (int i = 1; i <= documento.pagine; ++i) {
+    if (documento.continua && !documento.continua(i - 1)) return {};
+    pagine.append(documento.pagina(i));
+  }
+  if (guasto.isEmpty()) stampati.append({documento.titolo, pagine, proprieta_, nome});
   return {guasto.isEmpty(), guasto};
+}
+
+void VirtualPrinter::anteprima(const Documento& documento, const TestiAnteprima&) {
+  QList<PaginaStampa> pagine;
+  for (int i = 1; i <= std::min(documento.pagine, pagine_anteprima); ++i) pagine.append(documento.pagina(i));
+  mostrati.append({documento.titolo, pagine, proprieta_, {}});
+}
+
+QStringList VirtualPrinter::Stampato::testi() const {
+  QStringList testi;
+  for (const PaginaStampa& pagina : pagine) testi += pagina.testi();
+  return testi;
 }
 
 }  // namespace lokera::simulazione

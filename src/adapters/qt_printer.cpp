@@ -2,85 +2,23 @@
 
 #include <QComboBox>
 #include <QFile>
+#include <QFontDatabase>
 #include <QPageSetupDialog>
-#include <QPainter>
 #include <QPrinter>
 #include <QPrinterInfo>
 
 #include <cerrno>
 #include <cmath>
 
+#include "adapters/anteprima.h"
 #include "adapters/base/file_intero.h"
+#include "adapters/disegno_pagina.h"
 #include "adapters/foglio.h"
 #include "adapters/modale.h"
 
 namespace lokera {
 
 namespace {
-
-constexpr double spessore = 10;  // of a line, in twips
-
-QFont font(const Carattere& carattere) {
-  QFont font(carattere.nome);
-  font.setPointSizeF(carattere.dimensione);
-  font.setBold(carattere.grassetto);
-  return font;
-}
-
-double punti_per_twip(const QPrinter& stampante) {
-  return double{1} * stampante.resolution() / twip_pollice;
-}
-
-/// One document on one printer.
-class Disegno {
- public:
-  Disegno(QPrinter& stampante, const Documento& documento)
-      : stampante_(stampante), documento_(documento), scala_(punti_per_twip(stampante)) {}
-
-  bool disegna() {
-    stampante_.setDocName(documento_.titolo());
-    if (!matita_.begin(&stampante_)) return false;
-    matita_.setPen(QPen(Qt::black, spessore * scala_));
-    bool riuscito = true;
-    for (qsizetype i = 0; i < documento_.pagine().size(); ++i) {
-      if (i > 0) riuscito = stampante_.newPage() && riuscito;
-      for (const SegnoStampa& segno : documento_.pagine()[i]) disegna(segno);
-    }
-    return matita_.end() && riuscito && stampante_.printerState() != QPrinter::Error;
-  }
-
- private:
-  void disegna(const SegnoStampa& segno) {
-    const QPointF da(segno.x * scala_, segno.y * scala_);
-    const QPointF a(segno.x2 * scala_, segno.y2 * scala_);
-    switch (segno.tipo) {
-      case SegnoStampa::Tipo::linea:
-        return matita_.drawLine(da, a);
-      case SegnoStampa::Tipo::riquadro:
-        return matita_.drawRect(QRectF(da, a));
-      case SegnoStampa::Tipo::testo:
-        prendi_font(segno.carattere, documento_.carattere(segno));
-        matita_.drawText(da + QPointF(0, ascesa_), segno.testo);
-    }
-  }
-
-  void prendi_font(qsizetype quale, const Carattere& carattere) {
-    if (std::exchange(in_uso_, quale) == quale) return;
-    matita_.setFont(font(carattere));
-    ascesa_ = QFontMetricsF(matita_.font(), &stampante_).ascent();
-  }
-
-  QPrinter& stampante_;
-  const Documento& documento_;
-  const double scala_;
-  QPainter matita_;
-  qsizetype in_uso_ = -1;
-  double ascesa_ = 0;
-};
-
-EsitoStampa esito(const QString& errore) {
-  return {errore.isEmpty(), errore};
-}
 
 // The writer of the file doesn't look whether the disk took all of it.
 bool finito(const QString& nome) {
@@ -107,6 +45,10 @@ QtPrinter::~QtPrinter() = default;
 
 QStringList QtPrinter::stampanti() const {
   return QPrinterInfo::availablePrinterNames() + QStringList{stampante_pdf()};
+}
+
+QStringList QtPrinter::caratteri() const {
+  return QFontDatabase::families();
 }
 
 const ProprietaStampa& QtPrinter::attuali() const {
@@ -162,7 +104,8 @@ int QtPrinter::TextHeight(const Carattere& carattere) const {
 EsitoStampa QtPrinter::stampa(const Documento& documento) {
   if (attuali().stampante == stampante_pdf()) return stampa_su_file(documento);
   const auto stampante = crea_dispositivo(attuali());
-  return esito(Disegno(*stampante, documento).disegna() ? QString() : qt_error_string(EIO));
+  const Disegnato disegnato = disegna(*stampante, documento);
+  return {disegnato == Disegnato::tutto, disegnato == Disegnato::guasto ? qt_error_string(EIO) : QString()};
 }
 
 EsitoStampa QtPrinter::stampa_su_file(const Documento& documento) {
@@ -171,10 +114,18 @@ EsitoStampa QtPrinter::stampa_su_file(const Documento& documento) {
   const auto scelto = file_.salva(scelta_pdf(documento));
   if (!scelto) return {};
   FileIntero file(*scelto);
-  if (!file.errore().isEmpty()) return esito(file.errore());
+  if (!file.errore().isEmpty()) return {false, file.errore()};
   stampante->setOutputFileName(file.nome());
-  if (!Disegno(*stampante, documento).disegna() || !finito(file.nome())) return esito(qt_error_string(EIO));
-  return esito(file.completa());
+  const Disegnato disegnato = disegna(*stampante, documento);
+  if (disegnato == Disegnato::interrotto) return {};
+  const bool scritto = disegnato == Disegnato::tutto && finito(file.nome());
+  const QString guasto = scritto ? file.completa() : qt_error_string(EIO);
+  return {guasto.isEmpty(), guasto};
+}
+
+void QtPrinter::anteprima(const Documento& documento, const TestiAnteprima& testi) {
+  const auto stampante = crea_dispositivo(attuali());
+  mostra_anteprima(*stampante, documento, testi);
 }
 
 }  // namespace lokera

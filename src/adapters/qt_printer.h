@@ -21,6 +21,7 @@ class QtPrinter : public Printer {
   Q_DISABLE_COPY_MOVE(QtPrinter)
 
   QStringList stampanti() const override;
+  QStringList caratteri() const override;
   ProprietaStampa proprieta() const override { return attuali(); }
   void imposta(const ProprietaStampa& nuove) override;
   std::optional<ProprietaStampa> imposta_pagina(const ProprietaStampa& iniziali) override;
@@ -29,6 +30,7 @@ class QtPrinter : public Printer {
   int TextWidth(const Carattere& carattere, const QString& testo) const override;
   int TextHeight(const Carattere& carattere) const override;
   EsitoStampa stampa(const Documento& documento) override;
+  void anteprima(const Documento& documento, const TestiAnteprima& testi) override;
 
  private:
   const ProprietaStampa& attuali() const;

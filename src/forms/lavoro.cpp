@@ -26,10 +26,11 @@ void Lavoro::mostra_comandi(bool in_corso) {
   pgbLavoro.Visible = cmdInterrompi.Visible = in_corso;
 }
 
-Lavoro::Corsa::Corsa(Lavoro& lavoro, int quanti)
+Lavoro::Corsa::Corsa(Lavoro& lavoro, int quanti, const QString& forma)
     : attesa_(lavoro.finestra_),
       lavoro_(lavoro),
       quanti_(quanti),
+      forma_(lavoro.traduttore_.traduci(forma)),
       sua_(!lavoro.in_corso_),
       ceduto_(lavoro.attesa_.orologio().monotono()) {
   if (!sua_) return;
@@ -50,7 +51,7 @@ Lavoro::Corsa::~Corsa() {
 
 void Lavoro::Corsa::mostra() {
   lavoro_.pgbLavoro.Value = fatti_;
-  lavoro_.lblLavoro.Caption = lavoro_.traduttore_.traduci(u"%1 di %2"_s).arg(fatti_).arg(quanti_);
+  lavoro_.lblLavoro.Caption = forma_.arg(fatti_).arg(quanti_);
 }
 
 bool Lavoro::Corsa::continua(int fatti) {

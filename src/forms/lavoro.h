@@ -16,7 +16,8 @@ class Lavoro {
   /// the window only notes the wish to close. One that begins while another runs has nothing to do.
   class Corsa {
    public:
-    Corsa(Lavoro& lavoro, int quanti);
+    /// `forma`: how far it is, in words; "%1" how many are done, "%2" of how many.
+    Corsa(Lavoro& lavoro, int quanti, const QString& forma = u"%1 di %2"_s);
     ~Corsa();
     Corsa(const Corsa&) = delete;
     Corsa& operator=(const Corsa&) = delete;
@@ -33,6 +34,7 @@ class Lavoro {
     const Finestra::Attesa attesa_;
     Lavoro& lavoro_;
     const int quanti_;
+    const QString forma_;  ///< in the language of the interface
     int fatti_ = 0;
     bool sua_;  ///< the controls are this run's
     Monotonic ceduto_;

@@ -3,6 +3,8 @@
 #include <QList>
 #include <QString>
 
+#include <functional>
+
 #include "platform/letterali.h"
 
 namespace lokera {
@@ -29,40 +31,42 @@ struct SegnoStampa {
   int x = 0, y = 0;
   int x2 = 0, y2 = 0;
   QString testo;
-  qsizetype carattere = 0;  ///< counts among the document's from 0
+  qsizetype carattere = 0;  ///< counts among the page's from 0
 };
 
-using PaginaStampa = QList<SegnoStampa>;
-
-/// What is to be printed, page by page. Places count from the upper left corner of the part of the paper that
-/// can be printed on. Nothing reaches a printer before the whole is handed to it, so one that is given up
-/// needs nobody's leave.
-class Documento {
+/// One page as its marks. Places count from the upper left corner of the part of the paper that can be
+/// printed on.
+class PaginaStampa {
  public:
-  explicit Documento(QString titolo) : titolo_(std::move(titolo)) {}
-
-  /// For all that follows, next pages included.
+  /// For all that follows on the page.
   void carattere(const Carattere& nuovo);
   const Carattere& carattere() const { return caratteri_.last(); }
 
   void testo(int x, int y, const QString& testo);
   void linea(int x1, int y1, int x2, int y2);
   void riquadro(int x, int y, int larghezza, int altezza);
-  /// The first page is there from the beginning.
-  void NewPage() { pagine_.append(PaginaStampa()); }
 
-  const QString& titolo() const { return titolo_; }
-  const QList<PaginaStampa>& pagine() const { return pagine_; }
-  const Carattere& carattere(const SegnoStampa& segno) const { return caratteri_[segno.carattere]; }
-  /// The texts of all pages, in the order in which they were put there.
+  const QList<SegnoStampa>& segni() const { return segni_; }
+  const QList<Carattere>& caratteri() const { return caratteri_; }
+  /// In the order in which they were put there.
   QStringList testi() const;
 
  private:
   void segna(SegnoStampa segno);
 
-  QString titolo_;
   QList<Carattere> caratteri_{Carattere()};
-  QList<PaginaStampa> pagine_{PaginaStampa()};
+  QList<SegnoStampa> segni_;
+};
+
+/// What is to be printed. Its pages are made one after the other as the printer comes to them, and none is
+/// kept.
+struct Documento {
+  QString titolo;
+  int pagine = 1;
+  std::function<PaginaStampa(int numero)> pagina;  ///< counted from 1
+  /// Before each page, with how many are done: whether to go on. It may run the event loop. A print that is
+  /// given up leaves no paper that wasn't out already, and no file. None: always.
+  std::function<bool(int fatte)> continua = {};
 };
 
 }  // namespace lokera

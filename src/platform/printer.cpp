@@ -25,7 +25,7 @@ ProprietaStampa combina(const ProprietaStampa& attuali, const ProprietaStampa& n
 }
 
 SceltaFile scelta_pdf(const Documento& documento) {
-  return {{}, u"PDF|*.pdf"_s, documento.titolo().trimmed() + u".pdf"_s, {}};
+  return {{}, u"PDF|*.pdf"_s, documento.titolo.trimmed() + u".pdf"_s, {}};
 }
 
 }  // namespace lokera

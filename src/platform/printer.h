@@ -50,8 +50,17 @@ SceltaFile scelta_pdf(const Documento& documento);
 
 struct EsitoStampa {
   bool stampato = false;
-  QString errore;  ///< for a person to read; empty too when the choice of the file was cancelled
+  QString errore;  ///< for a person to read; empty too when the person gave it up
 };
+
+/// What stands on a preview, in the language of the person.
+struct TestiAnteprima {
+  QString titolo, precedente, successiva, ingrandisci, riduci, chiudi;
+  QString pagina;       ///< "%1" the one that is seen, "%2" how many there are
+  QString solo_queste;  ///< "%1" of many pages the first so many are seen
+};
+/// A preview shows no more pages than these, and the first ones of a longer document.
+constexpr int pagine_anteprima = 200;
 
 /// The computer's printers, of which one is the current one: the computer's default until another is set.
 class Printer {
@@ -60,6 +69,8 @@ class Printer {
 
   /// Names of the printers, never empty.
   virtual QStringList stampanti() const = 0;
+  /// Names of the fonts.
+  virtual QStringList caratteri() const = 0;
   virtual ProprietaStampa proprieta() const = 0;
   /// What can't be applied is skipped: see `combina`.
   virtual void imposta(const ProprietaStampa& nuove) = 0;
@@ -77,6 +88,8 @@ class Printer {
 
   /// Prints on the current printer. Modal, like a message box, where a file has to be chosen.
   virtual EsitoStampa stampa(const Documento& documento) = 0;
+  /// Shows what would be printed. Modal, like a message box.
+  virtual void anteprima(const Documento& documento, const TestiAnteprima& testi) = 0;
 };
 
 }  // namespace lokera

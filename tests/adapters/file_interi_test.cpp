@@ -27,7 +27,7 @@ QString scrivi_libro(const QString& file) {
 QString stampa(const QString& file) {
   SempreQuello scelta;
   scelta.file = file;
-  return QtPrinter(scelta).stampa(Documento(u"x"_s)).errore;
+  return QtPrinter(scelta).stampa({u"x"_s, 1, [](int) { return PaginaStampa(); }}).errore;
 }
 
 TEST(FileInteri, stand_in_their_place_whole_or_not_at_all) {

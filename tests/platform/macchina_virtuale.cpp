@@ -34,7 +34,7 @@ class MacchinaVirtuale : public MacchinaDiProva {
   bool clessidra() const override { return pc_.puntatore.attese > 0; }
   int pagine(const QString& file) const override {
     for (const auto& stampato : pc_.stampante.stampati)
-      if (stampato.file == file) return static_cast<int>(stampato.documento.pagine().size());
+      if (stampato.file == file) return static_cast<int>(stampato.pagine.size());
     return 0;
   }
   QString cella(const QString& file, int riga, int colonna) const override {

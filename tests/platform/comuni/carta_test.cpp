@@ -56,26 +56,40 @@ TEST(Carta, text_is_measured_in_its_own_font) {
   EXPECT_LT(stampante.TextHeight(piccolo), 8 * 20 * 3 / 2);
 }
 
-TEST(Carta, a_file_is_printed_when_it_was_chosen_and_not_otherwise) {
+TEST(Carta, a_file_is_printed_when_it_was_chosen_and_not_given_up) {
   const auto m = crea_macchina_di_prova();
   Printer& stampante = m->macchina().stampante;
   ProprietaStampa p = stampante.proprieta();
   p.stampante = stampante_pdf();
   stampante.imposta(p);
-  Documento documento(u"Movimenti"_s);
-  documento.testo(0, 0, u"*"_s);
-  documento.NewPage();
-  documento.carattere({u"DejaVu Sans"_s, 10, true});
-  documento.riquadro(100, 100, 1000, 300);
-  m->sceglie({});
-  const EsitoStampa annullata = stampante.stampa(documento);
-  EXPECT_FALSE(annullata.stampato);
-  EXPECT_EQ(annullata.errore, QString());
+  int fermo = 3;
+  QList<int> fatte;
+  Documento documento{u"Movimenti"_s, 3, [](int numero) {
+                        PaginaStampa pagina;
+                        pagina.testo(0, 0, QString::number(numero));
+                        pagina.carattere({u"DejaVu Sans"_s, 10, true});
+                        pagina.riquadro(100, 100, 1000, 300);
+                        return pagina;
+                      }};
+  documento.continua = [&](int quante) {
+    fatte.append(quante);
+    return quante < fermo;
+  };
   const QString nome = m->file(u"movimenti.pdf"_s);
-  m->sceglie(nome);
-  const EsitoStampa fatta = stampante.stampa(documento);
-  EXPECT_TRUE(fatta.stampato) << qPrintable(fatta.errore);
-  EXPECT_EQ(m->pagine(nome), 2);
+  struct Caso {
+    std::optional<QString> file;
+    int fermo, pagine;
+  };
+  for (const Caso& c : {Caso{{}, 3, 0}, Caso{nome, 2, 0}, Caso{nome, 3, 3}}) {
+    fermo = c.fermo;
+    fatte.clear();
+    m->sceglie(c.file);
+    const EsitoStampa esito = stampante.stampa(documento);
+    EXPECT_EQ(esito.stampato, c.pagine > 0);
+    EXPECT_EQ(esito.errore, QString());
+    EXPECT_EQ(m->pagine(nome), c.pagine);
+  }
+  EXPECT_EQ(fatte, (QList<int>{0, 1, 2}));
 }
 
 }  // namespace
