@@ -80,6 +80,8 @@ class SSOleDBGrid : public Controllo {
 
   QString cella(int riga, int colonna) const;
   QString cella(int riga, QStringView campo) const;
+  /// The cells of a row as they lie in memory, parted by tabs; until the next change.
+  QByteArrayView riga_utf8(int riga) const { return righe_.riga(riga); }
   void imposta_cella(int riga, int colonna, const QString& testo);
   void imposta_cella(int riga, QStringView campo, const QString& testo);
 

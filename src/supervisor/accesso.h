@@ -24,6 +24,8 @@ class Accesso {
   void Command6_Click();  ///< "annulla"
 
   bool accesso_abilitato = false;  ///< somebody is logged in
+  /// Who; one blank for nobody.
+  QString utente() const { return accesso_abilitato ? txtUtente.Text().trimmed() : u" "_s; }
   /// Makes the locked menus available or not.
   std::function<void(bool)> abilita_menu;
 

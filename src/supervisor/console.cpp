@@ -8,6 +8,9 @@
 #include "cards/frm_tessere_operatori.h"
 #include "commissioning/frm_param_lokere.h"
 #include "forms/frm_traduzioni.h"
+#include "reports/frm_movimenti.h"
+#include "reports/frm_sit_chiavi.h"
+#include "reports/frm_sitkey.h"
 #include "supervisor/attesa_blocco.h"
 #include "supervisor/frm_operatori.h"
 
@@ -24,11 +27,13 @@ Console::Console(const Machine& macchina, std::function<bool()> istanza_preceden
       finestre_(elenco_, catalogo_, macchina.timer) {
   riempi_catalogo();
   riempi_catalogo_lokere();
+  riempi_catalogo_elenchi();
 }
 
 Console::~Console() = default;
 
 bool Console::apri(const QString& cartella) {
+  cartella_ = cartella;
   AttesaBlocco blocco(db_.connessione_db, attesa_, macchina_.desktop, traduttore_);
   if (const Errore e = blocco.riprova([&] { return apri_database(db_, cartella); }); e.fallito()) {
     QString testo = traduttore_.traduci(u"Errore in apertura database di sistema !"_s);
@@ -41,6 +46,7 @@ bool Console::apri(const QString& cartella) {
   parti_ = std::make_unique<Supervisore>(macchina_, db_, elenco_, traduttore_, griglie_);
   parti_->partenza.istanza_precedente = istanza_precedente_;
   parti_->menu.apri_finestra = [this](const QString& nome) { finestre_.apri(nome); };
+  collega_totali();
   return true;
 }
 
@@ -71,6 +77,45 @@ ServiziTessere Console::servizi_tessere() {
           macchina_.domande,
           {db_.connessione_db, macchina_.seriali, macchina_.orologio, macchina_.timer, traduttore_,
            macchina_.messaggi, parti_->slave.nome_computer()}};
+}
+
+ServiziStampa Console::servizi_stampa() {
+  return {elenco_,
+          db_.connessione_db,
+          griglie_,
+          macchina_.orologio,
+          macchina_.stampante,
+          macchina_.fogli,
+          macchina_.domande,
+          macchina_.desktop,
+          macchina_.documenti,
+          cartella_,
+          [this] { return parti_->accesso.utente(); },
+          [this](std::unique_ptr<Finestra> finestra) { finestre_.apri(std::move(finestra)); }};
+}
+
+// Those that show what the tables hold.
+void Console::riempi_catalogo_elenchi() {
+  catalogo_.aggiungi(u"frm_movimenti"_s,
+                     [this] { return std::make_unique<frm_movimenti>(servizi_stampa()); });
+  catalogo_.aggiungi(u"frm_sitKey"_s, [this] { return std::make_unique<frm_sitKey>(servizi_stampa()); });
+  catalogo_.aggiungi(u"frm_sit_chiavi"_s, [this] {
+    return std::make_unique<frm_sit_chiavi>(elenco_, traduttore_, macchina_.orologio);
+  });
+}
+
+void Console::collega_totali() {
+  Tabellone& tabellone = parti_->tabellone;
+  tabellone.cmdTotali.Click = [this, &tabellone] {
+    finestre_.apri(u"frm_sit_chiavi"_s);
+    if (const Errore e = tabellone.situazione_chiavi(); e.fallito()) parti_->principale.segnala(e);
+  };
+  tabellone.contate = [this, &tabellone] {
+    auto* finestra = static_cast<frm_sit_chiavi*>(elenco_.trova(u"frm_sit_chiavi"));
+    if (!finestra) return;
+    const Tabellone::Totali t = tabellone.totali();
+    finestra->mostra(t.presenti, t.uscite, t.non_gestite);
+  };
 }
 
 // Those that talk to cabinets, or to the reader of their cards.

@@ -7,6 +7,7 @@
 
 #include "cards/servizi_tessere.h"
 #include "platform/machine.h"
+#include "reports/servizi_stampa.h"
 #include "supervisor/gestore_finestre.h"
 #include "supervisor/supervisore.h"
 
@@ -39,10 +40,14 @@ class Console {
  private:
   void riempi_catalogo();
   void riempi_catalogo_lokere();
+  void riempi_catalogo_elenchi();
+  void collega_totali();
   ServiziTessere servizi_tessere();
+  ServiziStampa servizi_stampa();
 
   Machine macchina_;
   std::function<bool()> istanza_precedente_;
+  QString cartella_;  ///< of the program
   Database db_;
   ElencoFinestre elenco_;
   PolledWait attesa_;

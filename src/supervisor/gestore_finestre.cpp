@@ -9,6 +9,10 @@ GestoreFinestre::GestoreFinestre(const ElencoFinestre& elenco, const CatalogoFin
   pulizia_->Evento = [this] { togli_chiuse(); };
 }
 
+GestoreFinestre::~GestoreFinestre() {
+  while (!finestre_.empty()) finestre_.pop_back();
+}
+
 Finestra* GestoreFinestre::apri(const QString& nome) {
   if (Finestra* aperta = elenco_.trova(nome); aperta && !aperta->chiusa()) {
     if (in_primo_piano) in_primo_piano(*aperta);

@@ -15,6 +15,9 @@ namespace lokera {
 class GestoreFinestre {
  public:
   GestoreFinestre(const ElencoFinestre& elenco, const CatalogoFinestre& catalogo, TimerFactory& timer);
+  /// The last opened first: a window may stand on an older one.
+  ~GestoreFinestre();
+  Q_DISABLE_COPY_MOVE(GestoreFinestre)
 
   /// Binds a new window to what draws it, before its Form_Load; brings an open one to the front. May be
   /// empty.

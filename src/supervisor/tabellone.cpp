@@ -28,6 +28,7 @@ Tabellone::Tabellone(Finestra& f, Database& db, const LokeraCorrente& corrente)
       lblKeyN(f, u"lblKeyN"_s, u"chiave non gestita"_s),
       lblKeyP(f, u"lblKeyP"_s, u"chiave all'interno della lokera"_s),
       lblKeyU(f, u"lblKeyU"_s, u"chiave uscita"_s),
+      cmdTotali(f, u"cmdTotali"_s, u"totali"_s),
       db_(db),
       corrente_(corrente) {
   keyN.FillColor = colore_non_gestita;
@@ -61,11 +62,29 @@ void Tabellone::mostra_movimento(const Movimento& movimento, const ChiaveRegistr
     chiave_uscita(chiave.posizione);
   else
     chiave_presente(chiave.posizione);
+  avvisa();
+}
+
+Tabellone::Totali Tabellone::totali() const {
+  Totali t;
+  for (int i = 0; i < posizioni; ++i) {
+    const Colore colore = lampade_[static_cast<size_t>(i)]->FillColor;
+    if (colore == keyP.FillColor)
+      ++t.presenti;
+    else if (colore == keyU.FillColor)
+      ++t.uscite;
+    else if (pannelli_[static_cast<size_t>(i / posizioni_pannello)]->Visible)
+      ++t.non_gestite;
+  }
+  return t;
 }
 
 Errore Tabellone::situazione_chiavi() {
   spegni();
-  if (corrente_.nessuna()) return {};
+  if (corrente_.nessuna()) {
+    avvisa();
+    return {};
+  }
   qlonglong ultima = 0;
   Recordset rs;
   Errore errore = rs.Open(u"select * from tessere_chiavi where lokera = ? order by posizione"_s,
@@ -81,6 +100,7 @@ Errore Tabellone::situazione_chiavi() {
     errore = rs.MoveNext();
   }
   mostra_pannelli(ultima);
+  avvisa();
   return errore;
 }
 

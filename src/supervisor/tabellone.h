@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -20,6 +21,15 @@ class Tabellone {
   static constexpr int pannelli = 8;
   static constexpr int posizioni_pannello = 18;
 
+  /// What the shown panels say.
+  struct Totali {
+    int presenti = 0, uscite = 0;
+    int non_gestite = 0;  ///< positions without a key
+    bool operator==(const Totali&) const = default;
+  };
+  Totali totali() const;
+  std::function<void()> contate;  ///< the totals may have changed
+
   /// Numbers the positions and remembers where the panels stand.
   void prepara();
 
@@ -38,9 +48,14 @@ class Tabellone {
   Shape keyN, keyP, keyU;
   Label lblKeyN, lblKeyP, lblKeyU;
 
+  CommandButton cmdTotali;  ///< "totali": opens the board of totals
+
   std::array<qint32, pannelli> pos_pannelli{};  ///< where each panel stood at the start, pixels from the top
 
  private:
+  void avvisa() const {
+    if (contate) contate();
+  }
   void chiave_uscita(qlonglong posizione) { mostra(posizione, keyU, bianco); }
   void chiave_presente(qlonglong posizione) { mostra(posizione, keyP, nero); }
   void mostra(qlonglong posizione, const Shape& legenda, Colore numero);

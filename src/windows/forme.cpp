@@ -1,9 +1,13 @@
 #include "windows/forme.h"
 
+#include "ui_frmPrint.h"
 #include "ui_frm_fascie_orarie.h"
 #include "ui_frm_gruppi.h"
+#include "ui_frm_movimenti.h"
 #include "ui_frm_operatori.h"
 #include "ui_frm_param_lokere.h"
+#include "ui_frm_sitKey.h"
+#include "ui_frm_sit_chiavi.h"
 #include "ui_frm_tessere.h"
 #include "ui_frm_tessere_operatori.h"
 #include "ui_frm_traduzioni.h"
@@ -32,6 +36,10 @@ constexpr Riga forme[] = {
     {u"frm_param_lokere", nuova<Forma<Ui::frm_param_lokere>>},
     {u"frm_tessere", nuova<Forma<Ui::frm_tessere>>},
     {u"frm_tessere_operatori", nuova<Forma<Ui::frm_tessere_operatori>>},
+    {u"frm_movimenti", nuova<Forma<Ui::frm_movimenti>>},
+    {u"frm_sitKey", nuova<Forma<Ui::frm_sitKey>>},
+    {u"frm_sit_chiavi", nuova<Forma<Ui::frm_sit_chiavi>>},
+    {u"frmPrint", nuova<Forma<Ui::frmPrint>>},
     {u"frm_traduzioni", nuova<Forma<Ui::frm_traduzioni>>},
 };
 

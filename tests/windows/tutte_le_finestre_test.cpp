@@ -6,6 +6,8 @@
 
 #include "aiuti/banco.h"
 #include "app/schermo_console.h"
+#include "reports/frm_movimenti.h"
+#include "reports/frm_sitkey.h"
 #include "windows/misura.h"
 
 namespace lokera::prova {
@@ -34,10 +36,11 @@ class TutteLeFinestre : public ::testing::TestWithParam<Vista> {
     if (nome == senza_lokere)
       togli_lokere();
     else if (nome != finestra->nome())
-      finestra = b.console->finestre().apri(nome);
+      finestra = apri(nome);
     forma = finestra ? schermo->forma(*finestra) : nullptr;
     QApplication::processEvents();
   }
+  Finestra* apri(const QString& nome);
   void riempi();
   void scrivi_a_lungo();
   void togli_lokere();
@@ -51,6 +54,17 @@ class TutteLeFinestre : public ::testing::TestWithParam<Vista> {
   Finestra* finestra = nullptr;
   QWidget* forma = nullptr;
 };
+
+Finestra* TutteLeFinestre::apri(const QString& nome) {
+  if (nome == u"frmPrint"_s) {
+    dynamic_cast<frm_sitKey&>(*apri(u"frm_sitKey"_s)).Command1_Click();
+    return b.console->elenco().trova(nome);
+  }
+  Finestra* aperta = b.console->finestre().apri(nome);
+  if (auto* movimenti = dynamic_cast<frm_movimenti*>(aperta)) movimenti->Command1_Click();
+  if (nome == u"frm_sit_chiavi"_s) b.parti().tabellone.cmdTotali.Click();
+  return aperta;
+}
 
 void TutteLeFinestre::riempi() {
   for (int i = 1; i <= 3; ++i) b.lokera(i, i == 1);
@@ -74,6 +88,10 @@ void TutteLeFinestre::riempi() {
   }
   b.sql(
       u"update tessere_chiavi set operatore = '0000001005', uscita = #11/30/2008 7:45:12# where posizione in (3, 6)"_s);
+  for (int i = 0; i < 30; ++i)
+    b.sql(u"insert into movimenti values (?, '0000001001', 'Bianchi Paolo', ?, ?, ?)"_s,
+          {i + 1, u"00001000%1"_s.arg(i % 12, 2, 10, '0'_L1), i % 2 ? u"R"_s : u"P"_s,
+           momento(QDate(2008, 11, 28), QTime(8, 0)).addSecs(i * 977)});
   b.sql(u"insert into giorni_particolari values (25, 12, 0, ?), (6, 1, 2009, ?)"_s, {festa, festa});
   b.sql(
       u"insert into operatori (user, pwd, su, ultima_entrata, pc) values ('Bruno', 'y', 0, Null, Null),"
@@ -120,7 +138,8 @@ void TutteLeFinestre::ognuno_col_suo_nome() {
 
 const auto dei_menu =
     ::testing::Values("frm_gruppi", "frm_gruppi_utenti", "frm_operatori", "frm_param_lokere",
-                      "frm_fascie_orarie", "frm_tessere", "frm_tessere_operatori", "frm_traduzioni");
+                      "frm_fascie_orarie", "frm_tessere", "frm_tessere_operatori", "frm_traduzioni",
+                      "frm_movimenti", "frm_sitKey", "frm_sit_chiavi", "frmPrint");
 const auto lingue = ::testing::Values(0, 1);
 const auto nome_del_caso = [](const auto& info) { return nome(info.param); };
 
