@@ -15,7 +15,8 @@ class VirtualWorkbook : public Workbook {
   bool scrivi(int riga, int colonna, const ValoreFoglio& valore, bool grassetto) override {
     if (!ammesso_nel_foglio(riga, colonna, scritta_, valore)) return false;
     scritta_ = riga;
-    libro_.celle[{riga, colonna}] = {valore, grassetto};
+    const auto* utf8 = std::get_if<QByteArrayView>(&valore);
+    libro_.celle[{riga, colonna}] = {utf8 ? ValoreFoglio(QString::fromUtf8(*utf8)) : valore, grassetto};
     return true;
   }
 

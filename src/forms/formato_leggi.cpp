@@ -2,6 +2,7 @@
 #include <QRegularExpression>
 
 #include "forms/formato.h"
+#include "platform/momento.h"
 #include "store/date_jet.h"
 
 namespace lokera {
@@ -14,6 +15,20 @@ QDateTime leggi_data_digitata(QStringView testo) {
   if (!sola_ora) return leggi_data(testo, OrdineData::giorno_mese).value_or(QDateTime());
   const QTime t(ore, 0);
   return t.isValid() ? ora(t) : QDateTime();
+}
+
+QDateTime leggi_data_mostrata(QByteArrayView testo) {
+  constexpr qsizetype data = 10, con_minuti = 16, con_secondi = 19;
+  const QByteArrayView forma = "00/00/0000 00.00.00";
+  if (testo.size() != data && testo.size() != con_minuti && testo.size() != con_secondi) return {};
+  for (qsizetype i = 0; i < testo.size(); ++i) {
+    const bool cifra = testo[i] >= '0' && testo[i] <= '9';
+    if (forma[i] == '0' ? !cifra : testo[i] != forma[i]) return {};
+  }
+  const auto due = [&](qsizetype i) {
+    return i < testo.size() ? (testo[i] - '0') * 10 + (testo[i + 1] - '0') : 0;
+  };
+  return momento(QDate(due(6) * 100 + due(8), due(3), due(0)), QTime(due(11), due(14), due(17)));
 }
 
 std::optional<double> leggi_numero(QStringView testo) {

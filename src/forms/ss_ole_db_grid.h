@@ -82,6 +82,7 @@ class SSOleDBGrid : public Controllo {
   QString cella(int riga, QStringView campo) const;
   /// The cells of a row as they lie in memory, parted by tabs; until the next change.
   QByteArrayView riga_utf8(int riga) const { return righe_.riga(riga); }
+  QByteArrayView cella_utf8(int riga, int colonna) const { return righe_.cella(riga, colonna); }
   void imposta_cella(int riga, int colonna, const QString& testo);
   void imposta_cella(int riga, QStringView campo, const QString& testo);
 

@@ -1,6 +1,5 @@
 // The order in which a person looks at a list.
 #include <algorithm>
-#include <numeric>
 
 #include "forms/formato.h"
 #include "forms/ss_ole_db_grid.h"
@@ -10,32 +9,43 @@ namespace lokera {
 
 namespace {
 
-/// What a cell is compared by: nothing comes before numbers, and they before words.
+/// What a row is compared by, and which one it is: nothing comes before numbers, they before dates and these
+/// before words.
 struct Chiave {
-  enum class Specie { nulla, numero, testo } specie = Specie::nulla;
-  double numero = 0;
-  QByteArray testo;
+  enum class Specie { nulla, numero, data, testo };
 
-  bool operator<(const Chiave& altra) const {
-    if (specie != altra.specie) return specie < altra.specie;
-    return specie == Specie::numero ? numero < altra.numero : confronta(testo, altra.testo) < 0;
+  int riga = 0;
+  Specie specie = Specie::nulla;
+  double numero = 0;
+  quint64 inizio = 0;  ///< of a text, which decides most
+  QByteArrayView testo;
+
+  int confronta(const Chiave& altra) const {
+    if (specie != altra.specie) return specie < altra.specie ? -1 : 1;
+    if (numero != altra.numero) return numero < altra.numero ? -1 : 1;
+    if (inizio != altra.inizio) return inizio < altra.inizio ? -1 : 1;
+    return lokera::confronta(testo, altra.testo);
   }
 };
 
-/// Lists show a date as dd/mm/yyyy, its time behind it.
-bool e_data(const QByteArray& t) {
-  return t.size() >= 10 && t[2] == '/' && t[5] == '/';
-}
-
-Chiave chiave(const QByteArray& cella, bool numeri) {
-  const QByteArray testo = cella.trimmed();
-  if (testo.isEmpty()) return {};
+void riconosci(Chiave& chiave, QByteArrayView cella, bool numeri) {
+  const QByteArrayView testo = cella.trimmed();
+  if (testo.isEmpty()) return;
   if (numeri) {
-    if (const auto n = leggi_numero(QString::fromUtf8(testo))) return {Chiave::Specie::numero, *n, {}};
+    if (const auto n = leggi_numero(QString::fromUtf8(testo))) {
+      chiave.specie = Chiave::Specie::numero;
+      chiave.numero = *n;
+      return;
+    }
   }
-  if (!e_data(testo)) return {Chiave::Specie::testo, 0, testo};
-  return {Chiave::Specie::testo, 0,
-          testo.sliced(6, 4) + testo.sliced(3, 2) + testo.sliced(0, 2) + testo.sliced(10)};
+  if (const QDateTime data = leggi_data_mostrata(testo); data.isValid()) {
+    chiave.specie = Chiave::Specie::data;
+    chiave.numero = static_cast<double>(data.toMSecsSinceEpoch());
+    return;
+  }
+  chiave.specie = Chiave::Specie::testo;
+  chiave.inizio = inizio_confronto(testo);
+  chiave.testo = testo;
 }
 
 }  // namespace
@@ -45,21 +55,22 @@ void SSOleDBGrid::utente_ordina(int colonna) {
   Update();
   if (colonna < 0 || colonna >= Cols()) return;
   const Colonna& c = Columns(colonna);
-  const auto conta = static_cast<size_t>(Rows());
-  std::vector<Chiave> chiavi;
-  chiavi.reserve(conta);
-  for (int i = 0; i < Rows(); ++i) {
-    const QByteArray cella = c.campo.isEmpty() ? mostrata(aspetto(i), i, colonna).toUtf8()
-                                               : righe_.cella(i, colonna).toByteArray();
-    chiavi.push_back(chiave(cella, c.allineamento == Allineamento::destra));
+  const bool numeri = c.allineamento == Allineamento::destra;
+  std::vector<Chiave> chiavi(static_cast<size_t>(Rows()));
+  std::vector<QByteArray> calcolate;
+  if (c.campo.isEmpty()) calcolate.resize(chiavi.size());
+  for (size_t i = 0; i < chiavi.size(); ++i) {
+    const int riga = chiavi[i].riga = static_cast<int>(i);
+    if (!calcolate.empty()) calcolate[i] = mostrata(aspetto(riga), riga, colonna).toUtf8();
+    riconosci(chiavi[i], calcolate.empty() ? righe_.cella(riga, colonna) : calcolate[i], numeri);
   }
   const bool decrescente = ordine_.colonna == colonna && !ordine_.decrescente;
-  std::vector<int> ordine(conta);
-  std::iota(ordine.begin(), ordine.end(), 0);
-  std::ranges::stable_sort(ordine, [&](int a, int b) {
-    if (decrescente) std::swap(a, b);
-    return chiavi[static_cast<size_t>(a)] < chiavi[static_cast<size_t>(b)];
+  std::ranges::sort(chiavi, [decrescente](const Chiave& a, const Chiave& b) {
+    const int esito = decrescente ? b.confronta(a) : a.confronta(b);
+    return esito != 0 ? esito < 0 : a.riga < b.riga;
   });
+  std::vector<int> ordine(chiavi.size());
+  std::ranges::transform(chiavi, ordine.begin(), &Chiave::riga);
   disponi(ordine);
   ordine_ = {colonna, decrescente};
   if (!vista_) return;

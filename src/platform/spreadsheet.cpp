@@ -14,6 +14,8 @@ bool in_calendario(QDate giorno) {
 
 bool ammesso(const ValoreFoglio& valore) {
   if (const auto* testo = std::get_if<QString>(&valore)) return testo->size() <= testo_massimo;
+  if (const auto* utf8 = std::get_if<QByteArrayView>(&valore))
+    return utf8->size() <= testo_massimo || QString::fromUtf8(*utf8).size() <= testo_massimo;
   if (const auto* giorno = std::get_if<QDate>(&valore)) return in_calendario(*giorno);
   if (const auto* quando = std::get_if<QDateTime>(&valore)) return in_calendario(quando->date());
   return qIsFinite(std::get<double>(valore));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArrayView>
 #include <QDateTime>
 #include <QString>
 
@@ -8,8 +9,9 @@
 
 namespace lokera {
 
-/// What stands in a cell of a spreadsheet. A moment is shown with date and time, a date as a date.
-using ValoreFoglio = std::variant<QString, double, QDate, QDateTime>;
+/// What stands in a cell of a spreadsheet. A moment is shown with date and time, a date as a date. A view is
+/// a text in UTF-8.
+using ValoreFoglio = std::variant<QString, double, QDate, QDateTime, QByteArrayView>;
 
 /// Where a cell may stand and what it may hold, `scritta` being the last row that was written to.
 bool ammesso_nel_foglio(int riga, int colonna, int scritta, const ValoreFoglio& valore);

@@ -30,15 +30,14 @@ std::optional<double> numero(const QString& testo) {
 }
 
 ValoreFoglio valore(const ElencoMostrato::Colonna& colonna, QByteArrayView cella) {
-  const QString testo = QString::fromUtf8(cella);
-  if (colonna.spunta || testo.isEmpty() || colonna.allineamento == Allineamento::sinistra) return testo;
+  if (colonna.spunta || colonna.allineamento == Allineamento::sinistra) return cella;
   if (colonna.allineamento == Allineamento::destra) {
-    if (const auto n = numero(testo)) return *n;
-    return testo;
+    if (const auto n = numero(QString::fromUtf8(cella))) return *n;
+    return cella;
   }
-  const QDateTime data = leggi_data_digitata(testo);
-  if (!data.isValid()) return testo;
-  return data.time() == QTime(0, 0) && !testo.contains(u' ') ? ValoreFoglio(data.date()) : ValoreFoglio(data);
+  const QDateTime data = leggi_data_mostrata(cella);
+  if (!data.isValid()) return cella;
+  return cella.contains(' ') ? ValoreFoglio(data) : ValoreFoglio(data.date());
 }
 
 Workbook::Allineamento nel_foglio(Allineamento a) {

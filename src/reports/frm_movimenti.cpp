@@ -43,9 +43,10 @@ frm_movimenti::frm_movimenti(const ServiziStampa& servizi)
   Command1.Click = [this] { Command1_Click(); };
   Command2.Click = [this] { Command2_Click(); };
   grd.RowLoaded = [this](int riga, AspettoRiga& aspetto) {
-    const QString tipo = grd.cella(riga, operazione_);
-    if (tipo == QChar(QLatin1Char(tipo_riconsegna))) aspetto.stile = u"entrata"_s;
-    if (tipo == QChar(QLatin1Char(tipo_prelievo))) aspetto.stile = u"uscita"_s;
+    if (operazione_ < 0) return;
+    const QByteArrayView tipo = grd.cella_utf8(riga, operazione_);
+    if (tipo == QByteArrayView(&tipo_riconsegna, 1)) aspetto.stile = u"entrata"_s;
+    if (tipo == QByteArrayView(&tipo_prelievo, 1)) aspetto.stile = u"uscita"_s;
   };
 }
 

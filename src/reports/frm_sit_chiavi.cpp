@@ -4,6 +4,7 @@ namespace lokera {
 
 frm_sit_chiavi::frm_sit_chiavi(ElencoFinestre& elenco, Traduttore& traduttore, const Clock& orologio)
     : Finestra(elenco, u"frm_sit_chiavi"_s),
+      lblNome(*this, u"lblNome"_s),
       lblData(*this, u"lblData"_s),
       lblPresenti(*this, u"lblPresenti"_s, u"chiavi presenti nella lokera"_s),
       lblUscite(*this, u"lblUscite"_s, u"chiavi uscite"_s),
@@ -22,7 +23,8 @@ void frm_sit_chiavi::Form_Load() {
   traduttore_.traduci_form(*this);
 }
 
-void frm_sit_chiavi::mostra(int presenti, int uscite, int non_gestite) {
+void frm_sit_chiavi::mostra(const QString& lokera, int presenti, int uscite, int non_gestite) {
+  lblNome.Caption = lokera;
   lblData.Caption = orologio_.adesso().toString(u"dd/MM/yyyy  -  HH:mm"_s);
   lblNumPresenti.Caption = QString::number(presenti);
   lblNumUscite.Caption = QString::number(uscite);

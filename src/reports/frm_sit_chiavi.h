@@ -12,9 +12,9 @@ class frm_sit_chiavi : public Finestra {
   frm_sit_chiavi(ElencoFinestre& elenco, Traduttore& traduttore, const Clock& orologio);
 
   void Form_Load() override;
-  void mostra(int presenti, int uscite, int non_gestite);
+  void mostra(const QString& lokera, int presenti, int uscite, int non_gestite);
 
-  Label lblData;
+  Label lblNome, lblData;
   Label lblPresenti, lblUscite, lblNonGestite;  ///< what is counted
   Label lblNumPresenti, lblNumUscite, lblNumNonGestite;
   CommandButton Command1;  ///< "chiudi"

@@ -7,39 +7,42 @@
 namespace lokera {
 
 namespace {
-constexpr char16_t primo_visibile = u' ';
-constexpr char16_t ultimo_visibile = u'~';
+/// Letters that stand side by side in any text and are drawn one by one.
+constexpr bool semplice(char16_t c) {
+  return (c >= u' ' && c <= u'~') || (c > 0xA0 && c <= 0xFF && c != 0xAD);
+}
 }  // namespace
 
 MisuraTesto::MisuraTesto(const Printer& stampante, const Carattere& carattere)
     : stampante_(stampante), carattere_(carattere), altezza_(stampante.TextHeight(carattere)) {
-  for (char16_t c = primo_visibile; c <= ultimo_visibile; ++c)
-    decimi_[c] = stampante.TextWidth(carattere, QString(10, QChar(c)));
+  for (char16_t c = 0; c < decimi_.size(); ++c)
+    if (semplice(c)) decimi_[c] = stampante.TextWidth(carattere, QString(10, QChar(c)));
 }
 
 int MisuraTesto::larghezza(const QString& testo) const {
   int decimi = 0;
   for (const QChar c : testo) {
-    if (c < primo_visibile || c > ultimo_visibile) return stampante_.TextWidth(carattere_, testo);
+    if (!semplice(c.unicode())) return stampante_.TextWidth(carattere_, testo);
     decimi += decimi_[c.unicode()];
   }
   return (decimi + 9) / 10;
 }
 
 // What is a hair too wide by its letters may fit as a text, whose letters stand closer.
-bool MisuraTesto::ci_sta(const QString& testo, int spazio) const {
-  const int somma = larghezza(testo);
-  return somma <= spazio || (somma <= spazio * 11 / 10 && stampante_.TextWidth(carattere_, testo) <= spazio);
+bool MisuraTesto::ci_sta(const QString& testo, int somma, int spazio) const {
+  return somma <= spazio ||
+         (somma <= spazio + spazio / 20 && stampante_.TextWidth(carattere_, testo) <= spazio);
 }
 
 QString MisuraTesto::taglia(const QString& testo, int spazio) const {
-  if (ci_sta(testo, spazio)) return testo;
+  if (ci_sta(testo, larghezza(testo), spazio)) return testo;
   QTextBoundaryFinder lettere(QTextBoundaryFinder::Grapheme, testo);
   std::vector<qsizetype> fini{0};
   while (lettere.toNextBoundary() > 0) fini.push_back(lettere.position());
-  const auto troppo = std::partition_point(fini.begin() + 1, fini.end(),
-                                           [&](qsizetype fine) { return ci_sta(testo.first(fine), spazio); });
-  return testo.first(*(troppo - 1));
+  auto fine = std::partition_point(fini.begin() + 1, fini.end(),
+                                   [&](qsizetype n) { return larghezza(testo.first(n)) <= spazio; });
+  while (fine != fini.end() && ci_sta(testo.first(*fine), larghezza(testo.first(*fine)), spazio)) ++fine;
+  return testo.first(*(fine - 1));
 }
 
 }  // namespace lokera

@@ -19,13 +19,13 @@ class MisuraTesto {
   int altezza() const { return altezza_; }
 
  private:
-  bool ci_sta(const QString& testo, int spazio) const;
+  bool ci_sta(const QString& testo, int somma, int spazio) const;
 
   const Printer& stampante_;
   const Carattere carattere_;
   const int altezza_;
-  /// Of the plain letters, ten in a row: a tenth of a twip counts in a long text.
-  std::array<int, 128> decimi_{};
+  /// Of the letters of Latin scripts, the usual accented ones too, ten in a row: a tenth of a twip counts in a long text.
+  std::array<int, 256> decimi_{};
 };
 
 }  // namespace lokera

@@ -8,7 +8,7 @@ namespace lokera {
 
 namespace {
 
-constexpr int tra_colonne = 80;  // twips that no text of a column takes
+constexpr int tra_colonne = 60;  // twips that no text of a column takes
 constexpr int sotto_linea = 40;
 constexpr double ingrandimento_titolo = 1.5;
 

@@ -3,6 +3,7 @@
 #include <QChar>
 
 #include <algorithm>
+#include <array>
 
 namespace lokera {
 
@@ -110,6 +111,28 @@ int confronta(QByteArrayView a, QByteArrayView b) {
     if (differenza != 0) return differenza;
   }
   return a.size() == b.size() ? 0 : a.size() < b.size() ? -1 : 1;
+}
+
+// The plain letters as UTF-8, whose bytes are in the order of the letters.
+quint64 inizio_confronto(QByteArrayView testo) {
+  constexpr int byte = 8;
+  quint64 inizio = 0;
+  int fatti = 0;
+  const auto metti = [&](char32_t b) {
+    if (fatti++ < byte) inizio = inizio << 8U | (b & 0xFFU);
+  };
+  for (qsizetype i = 0; i < testo.size() && fatti < byte;) {
+    const char32_t c = lettera_base(piega(prossima(testo, i)));
+    if (c < 0x80) {
+      metti(c);
+      continue;
+    }
+    const unsigned seguono = c >= 0x10000 ? 3 : c >= 0x800 ? 2 : 1;
+    constexpr std::array<char32_t, 4> primo{0, 0xC0, 0xE0, 0xF0};
+    metti(primo[seguono] | c >> 6U * seguono);
+    for (unsigned k = seguono; k-- > 0;) metti(0x80U | (c >> 6U * k & 0x3FU));
+  }
+  return fatti < byte ? inizio << 8U * static_cast<unsigned>(byte - fatti) : inizio;
 }
 
 std::vector<char32_t> lettere_piegate(QByteArrayView utf8) {

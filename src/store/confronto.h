@@ -18,6 +18,9 @@ QString maiuscolo(QStringView testo);
 /// differ from them. Negative, 0 or positive.
 int confronta(QByteArrayView a, QByteArrayView b);
 
+/// The beginning of a text's place in that order: two texts whose beginnings differ are in the order of them.
+quint64 inizio_confronto(QByteArrayView testo);
+
 /// The letters of a UTF-8 text, folded as above.
 std::vector<char32_t> lettere_piegate(QByteArrayView utf8);
 

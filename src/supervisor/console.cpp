@@ -114,7 +114,7 @@ void Console::collega_totali() {
     auto* finestra = static_cast<frm_sit_chiavi*>(elenco_.trova(u"frm_sit_chiavi"));
     if (!finestra) return;
     const Tabellone::Totali t = tabellone.totali();
-    finestra->mostra(t.presenti, t.uscite, t.non_gestite);
+    finestra->mostra(parti_->principale.corrente.lblNome.Caption, t.presenti, t.uscite, t.non_gestite);
   };
 }
 

@@ -20,9 +20,12 @@ namespace {
 constexpr const char* forma_data = "dd/mm/yyyy";
 constexpr const char* forma_data_ora = "dd/mm/yyyy hh:mm:ss";
 
-lxw_datetime data_del_foglio(QDate giorno, QTime ora) {
-  const double secondi = ora.second() + ora.msec() / 1000.0;
-  return {giorno.year(), giorno.month(), giorno.day(), ora.hour(), ora.minute(), secondi};
+/// Days as a sheet counts them, its first February one too long; the time is the rest.
+double numero_del_foglio(QDate giorno, QTime ora) {
+  constexpr qint64 prima = 2'415'019, dal_29_febbraio_che_non_fu = 61;
+  const qint64 giorni = giorno.toJulianDay() - prima;
+  const double resto = ora.msecsSinceStartOfDay() / 86'400'000.0;
+  return static_cast<double>(giorni < dal_29_febbraio_che_non_fu ? giorni - 1 : giorni) + resto;
 }
 
 std::uint8_t codice(Workbook::Allineamento allineamento) {
@@ -65,6 +68,7 @@ class XlsxWorkbook : public Workbook {
   QByteArray cartella_;  // the library keeps looking at it
   lxw_workbook* libro_ = nullptr;
   lxw_worksheet* foglio_ = nullptr;  // null when there was no room or no right for it
+  QByteArray testo_;                 // of the cell that is written, with the end that the library looks for
   std::map<int, std::uint8_t> allineate_;
   std::map<std::tuple<std::uint8_t, bool, const char*>, lxw_format*> formati_;
   int scritta_ = 0;
@@ -90,17 +94,29 @@ void XlsxWorkbook::colonna(int numero, double larghezza, Allineamento allineamen
   worksheet_set_column(foglio_, questa, questa, larghezza, formato(numero, false, nullptr));
 }
 
+// A cell without a look of its own has its column's.
 lxw_error XlsxWorkbook::metti(lxw_row_t riga, lxw_col_t colonna, const ValoreFoglio& valore, bool grassetto) {
-  const auto in = [&](const char* forma) { return formato(colonna + 1, grassetto, forma); };
-  if (const auto* testo = std::get_if<QString>(&valore))
-    return worksheet_write_string(foglio_, riga, colonna, testo->toUtf8().constData(), in(nullptr));
+  const auto in = [&](const char* forma) {
+    return grassetto || forma ? formato(colonna + 1, grassetto, forma) : nullptr;
+  };
+  if (const auto* testo = std::get_if<QString>(&valore)) {
+    testo_ = testo->toUtf8();
+    return worksheet_write_string(foglio_, riga, colonna, testo_.constData(), in(nullptr));
+  }
+  if (const auto* utf8 = std::get_if<QByteArrayView>(&valore)) {
+    testo_.resize(0);
+    testo_ += *utf8;
+    return worksheet_write_string(foglio_, riga, colonna, testo_.constData(), in(nullptr));
+  }
   if (const auto* numero = std::get_if<double>(&valore))
     return worksheet_write_number(foglio_, riga, colonna, *numero, in(nullptr));
   const auto* giorno = std::get_if<QDate>(&valore);
-  const QDateTime quando = giorno ? QDateTime() : std::get<QDateTime>(valore);
-  lxw_datetime data =
-      giorno ? data_del_foglio(*giorno, QTime(0, 0)) : data_del_foglio(quando.date(), quando.time());
-  return worksheet_write_datetime(foglio_, riga, colonna, &data, in(giorno ? forma_data : forma_data_ora));
+  if (giorno)
+    return worksheet_write_number(foglio_, riga, colonna, numero_del_foglio(*giorno, QTime(0, 0)),
+                                  in(forma_data));
+  const auto& quando = std::get<QDateTime>(valore);
+  return worksheet_write_number(foglio_, riga, colonna, numero_del_foglio(quando.date(), quando.time()),
+                                in(forma_data_ora));
 }
 
 bool XlsxWorkbook::scrivi(int riga, int colonna, const ValoreFoglio& valore, bool grassetto) {
