@@ -1,5 +1,6 @@
 // The order in which a person looks at a list.
 #include <algorithm>
+#include <cstring>
 
 #include "forms/formato.h"
 #include "forms/ss_ole_db_grid.h"
@@ -17,20 +18,55 @@ struct Chiave {
   int riga = 0;
   Specie specie = Specie::nulla;
   double numero = 0;
-  quint64 inizio = 0;  ///< of a text, which decides most
   QByteArrayView testo;
-
-  int confronta(const Chiave& altra) const {
-    if (specie != altra.specie) return specie < altra.specie ? -1 : 1;
-    if (numero != altra.numero) return numero < altra.numero ? -1 : 1;
-    if (inizio != altra.inizio) return inizio < altra.inizio ? -1 : 1;
-    return lokera::confronta(testo, altra.testo);
-  }
+  qsizetype da = 0, lunga = 0;  ///< of a text, in the keys of all
+  quint64 inizio = 0;           ///< the first letters of it, which decide most
 };
 
-void riconosci(Chiave& chiave, QByteArrayView cella, bool numeri) {
-  const QByteArrayView testo = cella.trimmed();
-  if (testo.isEmpty()) return;
+/// All the rows of a column.
+class Chiavi {
+ public:
+  explicit Chiavi(int righe) { chiavi_.reserve(static_cast<size_t>(righe)); }
+  void aggiungi(QByteArrayView cella, bool numeri);
+  std::vector<int> in_ordine(bool decrescente);
+
+ private:
+  void riconosci(Chiave& chiave, QByteArrayView testo, bool numeri);
+  int confronta(const Chiave& a, const Chiave& b) const;
+
+  std::vector<Chiave> chiavi_;
+  QByteArray testi_;
+};
+
+int Chiavi::confronta(const Chiave& a, const Chiave& b) const {
+  if (a.specie != b.specie) return a.specie < b.specie ? -1 : 1;
+  if (a.numero != b.numero) return a.numero < b.numero ? -1 : 1;
+  if (a.inizio != b.inizio) return a.inizio < b.inizio ? -1 : 1;
+  const auto comune = static_cast<size_t>(std::min(a.lunga, b.lunga));
+  if (const int n = std::memcmp(testi_.constData() + a.da, testi_.constData() + b.da, comune); n != 0)
+    return n;
+  if (a.lunga != b.lunga) return a.lunga < b.lunga ? -1 : 1;
+  return lokera::confronta(a.testo, b.testo);
+}
+
+void Chiavi::aggiungi(QByteArrayView cella, bool numeri) {
+  Chiave chiave;
+  chiave.riga = static_cast<int>(chiavi_.size());
+  if (const QByteArrayView testo = cella.trimmed(); !testo.isEmpty()) riconosci(chiave, testo, numeri);
+  chiavi_.push_back(chiave);
+}
+
+std::vector<int> Chiavi::in_ordine(bool decrescente) {
+  std::ranges::sort(chiavi_, [this, decrescente](const Chiave& a, const Chiave& b) {
+    const int esito = decrescente ? confronta(b, a) : confronta(a, b);
+    return esito != 0 ? esito < 0 : a.riga < b.riga;
+  });
+  std::vector<int> ordine(chiavi_.size());
+  std::ranges::transform(chiavi_, ordine.begin(), &Chiave::riga);
+  return ordine;
+}
+
+void Chiavi::riconosci(Chiave& chiave, QByteArrayView testo, bool numeri) {
   if (numeri) {
     if (const auto n = leggi_numero(QString::fromUtf8(testo))) {
       chiave.specie = Chiave::Specie::numero;
@@ -44,8 +80,13 @@ void riconosci(Chiave& chiave, QByteArrayView cella, bool numeri) {
     return;
   }
   chiave.specie = Chiave::Specie::testo;
-  chiave.inizio = inizio_confronto(testo);
   chiave.testo = testo;
+  chiave.da = testi_.size();
+  aggiungi_chiave(testi_, testo);
+  chiave.lunga = testi_.size() - chiave.da;
+  for (qsizetype i = 0; i < qsizetype{sizeof chiave.inizio}; ++i)
+    chiave.inizio =
+        chiave.inizio << 8U | (i < chiave.lunga ? static_cast<unsigned char>(testi_[chiave.da + i]) : 0U);
 }
 
 }  // namespace
@@ -56,22 +97,15 @@ void SSOleDBGrid::utente_ordina(int colonna) {
   if (colonna < 0 || colonna >= Cols()) return;
   const Colonna& c = Columns(colonna);
   const bool numeri = c.allineamento == Allineamento::destra;
-  std::vector<Chiave> chiavi(static_cast<size_t>(Rows()));
+  Chiavi chiavi(Rows());
   std::vector<QByteArray> calcolate;
-  if (c.campo.isEmpty()) calcolate.resize(chiavi.size());
-  for (size_t i = 0; i < chiavi.size(); ++i) {
-    const int riga = chiavi[i].riga = static_cast<int>(i);
-    if (!calcolate.empty()) calcolate[i] = mostrata(aspetto(riga), riga, colonna).toUtf8();
-    riconosci(chiavi[i], calcolate.empty() ? righe_.cella(riga, colonna) : calcolate[i], numeri);
+  calcolate.reserve(c.campo.isEmpty() ? static_cast<size_t>(Rows()) : 0);
+  for (int i = 0; i < Rows(); ++i) {
+    if (c.campo.isEmpty()) calcolate.push_back(mostrata(aspetto(i), i, colonna).toUtf8());
+    chiavi.aggiungi(c.campo.isEmpty() ? calcolate.back() : righe_.cella(i, colonna), numeri);
   }
   const bool decrescente = ordine_.colonna == colonna && !ordine_.decrescente;
-  std::ranges::sort(chiavi, [decrescente](const Chiave& a, const Chiave& b) {
-    const int esito = decrescente ? b.confronta(a) : a.confronta(b);
-    return esito != 0 ? esito < 0 : a.riga < b.riga;
-  });
-  std::vector<int> ordine(chiavi.size());
-  std::ranges::transform(chiavi, ordine.begin(), &Chiave::riga);
-  disponi(ordine);
+  disponi(chiavi.in_ordine(decrescente));
   ordine_ = {colonna, decrescente};
   if (!vista_) return;
   vista_->righe_cambiate();

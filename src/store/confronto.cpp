@@ -114,25 +114,18 @@ int confronta(QByteArrayView a, QByteArrayView b) {
 }
 
 // The plain letters as UTF-8, whose bytes are in the order of the letters.
-quint64 inizio_confronto(QByteArrayView testo) {
-  constexpr int byte = 8;
-  quint64 inizio = 0;
-  int fatti = 0;
-  const auto metti = [&](char32_t b) {
-    if (fatti++ < byte) inizio = inizio << 8U | (b & 0xFFU);
-  };
-  for (qsizetype i = 0; i < testo.size() && fatti < byte;) {
+void aggiungi_chiave(QByteArray& chiavi, QByteArrayView testo) {
+  constexpr std::array<char32_t, 4> primo{0, 0xC0, 0xE0, 0xF0};
+  for (qsizetype i = 0; i < testo.size();) {
     const char32_t c = lettera_base(piega(prossima(testo, i)));
     if (c < 0x80) {
-      metti(c);
+      chiavi += static_cast<char>(c);
       continue;
     }
     const unsigned seguono = c >= 0x10000 ? 3 : c >= 0x800 ? 2 : 1;
-    constexpr std::array<char32_t, 4> primo{0, 0xC0, 0xE0, 0xF0};
-    metti(primo[seguono] | c >> 6U * seguono);
-    for (unsigned k = seguono; k-- > 0;) metti(0x80U | (c >> 6U * k & 0x3FU));
+    chiavi += static_cast<char>(primo[seguono] | c >> 6U * seguono);
+    for (unsigned k = seguono; k-- > 0;) chiavi += static_cast<char>(0x80U | (c >> 6U * k & 0x3FU));
   }
-  return fatti < byte ? inizio << 8U * static_cast<unsigned>(byte - fatti) : inizio;
 }
 
 std::vector<char32_t> lettere_piegate(QByteArrayView utf8) {

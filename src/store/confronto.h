@@ -18,8 +18,9 @@ QString maiuscolo(QStringView testo);
 /// differ from them. Negative, 0 or positive.
 int confronta(QByteArrayView a, QByteArrayView b);
 
-/// The beginning of a text's place in that order: two texts whose beginnings differ are in the order of them.
-quint64 inizio_confronto(QByteArrayView testo);
+/// Appends what decides a text's place in that order first: of two texts that differ in it, their bytes'
+/// order is theirs. Of use where each of many texts is compared many times.
+void aggiungi_chiave(QByteArray& chiavi, QByteArrayView testo);
 
 /// The letters of a UTF-8 text, folded as above.
 std::vector<char32_t> lettere_piegate(QByteArrayView utf8);
