@@ -7,6 +7,7 @@
 
 #include "cards/servizi_tessere.h"
 #include "platform/machine.h"
+#include "reports/menu_scheda.h"
 #include "supervisor/gestore_finestre.h"
 #include "supervisor/supervisore.h"
 
@@ -40,6 +41,9 @@ class Console {
   void riempi_catalogo();
   void riempi_catalogo_lokere();
   ServiziTessere servizi_tessere();
+  ServiziScheda servizi_scheda();
+  void importa_da_scheda();
+  void aggiorna_tabellone();
 
   Machine macchina_;
   std::function<bool()> istanza_precedente_;

@@ -53,7 +53,7 @@ MenuPrincipale::MenuPrincipale(Finestra& f, Database& db, const ElencoFinestre& 
   mnuTeleAssist.Click = [this] { mnuTeleAssist_Click(); };
   mnuEsc.Click = [this] { mnuEsc_Click(); };
   // Their windows are not there yet.
-  for (Menu* voce : {&mnuVediMov, &mnuSitkey, &mnuMemSD, &mnuImport, &mnuExport}) voce->Enabled = false;
+  for (Menu* voce : {&mnuVediMov, &mnuSitkey}) voce->Enabled = false;
 }
 
 void MenuPrincipale::apre(Menu& voce, const char16_t* finestra) {
