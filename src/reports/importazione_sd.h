@@ -24,6 +24,7 @@ enum class GuastoImportazione {
 ///
 /// The copy has its name before the movements are committed, and the card's file goes after that. So nothing
 /// is lost wherever the power goes, and a file that is still there after its import has a copy that tells.
+/// After a power cut in the commit itself the copy may tell of an import that never was.
 class ImportazioneSd {
  public:
   /// `cartella` is the archive's.
