@@ -53,10 +53,16 @@ void importa(Connection& connessione, const QString& file, const QString& cartel
   if (importazione.guasto() != GuastoImportazione::nessuno) rinuncia(qPrintable(importazione.parole()));
 }
 
+using Data = std::array<char, 19>;
+
 /// "yyyy-MM-dd HH:mm:ss" from the twelve digits of a line.
-std::array<char, 19> data(const char* c) {
+Data data(const char* c) {
   return {'2', '0',  c[4], c[5], '-',  c[2], c[3], '-',   c[0], c[1],
           ' ', c[6], c[7], ':',  c[8], c[9], ':',  c[10], c[11]};
+}
+
+QByteArrayView testo(const Data& d) {
+  return {d.data(), static_cast<qsizetype>(d.size())};
 }
 
 void lega_e_passa(Istruzione& s, std::initializer_list<QByteArrayView> testi, int da = 1) {
@@ -68,7 +74,7 @@ void lega_e_passa(Istruzione& s, std::initializer_list<QByteArrayView> testi, in
 void importa_nudo(Nudo& nudo, const QString& nome) {
   struct Stato {
     std::string operatore;
-    std::array<char, 19> data;
+    Data data;
     bool fuori;
   };
   std::unordered_map<std::string, std::string> intestazioni;
@@ -93,14 +99,12 @@ void importa_nudo(Nudo& nudo, const QString& nome) {
     const bool fuori = riga[22] == '0' && riga[23] == '0';
     const auto quando = data(riga + 25);
     const QByteArrayView chiave(riga + 11, 10);
-    const QByteArrayView testo_data(quando.data(), quando.size());
     aggiungi.lega(1, id);
-    lega_e_passa(aggiungi, {tessera, nota->second, chiave, fuori ? "P" : "R", testo_data}, 2);
+    lega_e_passa(aggiungi, {tessera, nota->second, chiave, fuori ? "P" : "R", testo(quando)}, 2);
     mosse[std::string(riga + 11, 10)] = {tessera, quando, fuori};
   }
   for (const auto& [codice, m] : mosse)
-    lega_e_passa(segna, {m.fuori ? m.operatore : " ",
-                         m.fuori ? QByteArrayView(m.data.data(), m.data.size()) : QByteArrayView(), codice});
+    lega_e_passa(segna, {m.fuori ? m.operatore : " ", m.fuori ? testo(m.data) : QByteArrayView(), codice});
   nudo.esegui("commit");
   (void)std::fclose(file);
 }
