@@ -19,8 +19,7 @@ class Registro {
 
  private:
   Esito<ChiaveRegistrata> aggiorna_chiave(const Movimento& movimento);
-  Errore aggiungi_movimento(const Movimento& movimento);
-  Esito<qlonglong> nuovo_id();
+  Errore aggiungi(const Movimento& movimento);
 
   Connection& c_;
 };

@@ -8,6 +8,7 @@
 #include "cards/frm_tessere_operatori.h"
 #include "commissioning/frm_param_lokere.h"
 #include "forms/frm_traduzioni.h"
+#include "reports/frm_memoria_sd.h"
 #include "reports/frm_movimenti.h"
 #include "reports/frm_sit_chiavi.h"
 #include "reports/frm_sitkey.h"
@@ -47,6 +48,8 @@ bool Console::apri(const QString& cartella) {
   parti_->partenza.istanza_precedente = istanza_precedente_;
   parti_->menu.apri_finestra = [this](const QString& nome) { finestre_.apri(nome); };
   collega_totali();
+  parti_->menu.mnuImport.Click = [this] { importa_da_scheda(); };
+  parti_->menu.mnuExport.Click = [this] { esporta_su_scheda(servizi_scheda()); };
   return true;
 }
 
@@ -66,6 +69,12 @@ void Console::riempi_catalogo() {
   });
   catalogo_.aggiungi(u"frm_traduzioni"_s, [this, &orologio] {
     return std::make_unique<frm_traduzioni>(elenco_, db_, griglie_, orologio);
+  });
+  catalogo_.aggiungi(u"frm_memoria_sd"_s, [this, &archivio] {
+    auto finestra = std::make_unique<frm_memoria_sd>(elenco_, archivio, griglie_, macchina_.puntatore,
+                                                     macchina_.documenti);
+    finestra->registrati = [this] { aggiorna_tabellone(); };
+    return finestra;
   });
 }
 
@@ -108,7 +117,7 @@ void Console::collega_totali() {
   Tabellone& tabellone = parti_->tabellone;
   tabellone.cmdTotali.Click = [this, &tabellone] {
     finestre_.apri(u"frm_sit_chiavi"_s);
-    if (const Errore e = tabellone.situazione_chiavi(); e.fallito()) parti_->principale.segnala(e);
+    aggiorna_tabellone();
   };
   tabellone.contate = [this, &tabellone] {
     auto* finestra = static_cast<frm_sit_chiavi*>(elenco_.trova(u"frm_sit_chiavi"));
@@ -116,6 +125,25 @@ void Console::collega_totali() {
     const Tabellone::Totali t = tabellone.totali();
     finestra->mostra(parti_->principale.corrente.lblNome.Caption, t.presenti, t.uscite, t.non_gestite);
   };
+}
+
+void Console::aggiorna_tabellone() {
+  if (const Errore e = parti_->tabellone.situazione_chiavi(); e.fallito()) parti_->principale.segnala(e);
+}
+
+ServiziScheda Console::servizi_scheda() {
+  return {db_.connessione_db, macchina_.file, traduttore_, macchina_.messaggi};
+}
+
+// One import at a time: a second one only brings the first to the front.
+void Console::importa_da_scheda() {
+  const QString nome = u"frm_memoria_sd"_s;
+  const Finestra* aperta = elenco_.trova(nome);
+  const bool in_corso = aperta && !aperta->chiusa();
+  const auto file = in_corso ? std::nullopt : scegli_importazione(servizi_scheda());
+  if (!file && !in_corso) return;
+  auto* finestra = static_cast<frm_memoria_sd*>(finestre_.apri(nome));
+  if (finestra && file) finestra->importa(*file);
 }
 
 // Those that talk to cabinets, or to the reader of their cards.
@@ -132,9 +160,7 @@ void Console::riempi_catalogo_lokere() {
   catalogo_.aggiungi(u"frm_tessere"_s, [this] {
     auto finestra = std::make_unique<frm_tessere>(elenco_, servizi_tessere(), parti_->principale.corrente,
                                                   parti_->invio, macchina_.puntatore);
-    finestra->lokera_scelta = [this] {
-      if (const Errore e = parti_->tabellone.situazione_chiavi(); e.fallito()) parti_->principale.segnala(e);
-    };
+    finestra->lokera_scelta = [this] { aggiorna_tabellone(); };
     return finestra;
   });
   catalogo_.aggiungi(u"frm_tessere_operatori"_s,

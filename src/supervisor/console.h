@@ -7,6 +7,7 @@
 
 #include "cards/servizi_tessere.h"
 #include "platform/machine.h"
+#include "reports/menu_scheda.h"
 #include "reports/servizi_stampa.h"
 #include "supervisor/gestore_finestre.h"
 #include "supervisor/supervisore.h"
@@ -44,6 +45,9 @@ class Console {
   void collega_totali();
   ServiziTessere servizi_tessere();
   ServiziStampa servizi_stampa();
+  ServiziScheda servizi_scheda();
+  void importa_da_scheda();
+  void aggiorna_tabellone();
 
   Machine macchina_;
   std::function<bool()> istanza_precedente_;

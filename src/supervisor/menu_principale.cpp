@@ -52,8 +52,6 @@ MenuPrincipale::MenuPrincipale(Finestra& f, Database& db, const ElencoFinestre& 
   mnuAggDB.Click = [this] { mnuAggDB_Click(); };
   mnuTeleAssist.Click = [this] { mnuTeleAssist_Click(); };
   mnuEsc.Click = [this] { mnuEsc_Click(); };
-  // Their windows are not there yet.
-  for (Menu* voce : {&mnuMemSD, &mnuImport, &mnuExport}) voce->Enabled = false;
 }
 
 void MenuPrincipale::apre(Menu& voce, const char16_t* finestra) {

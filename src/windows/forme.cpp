@@ -3,6 +3,7 @@
 #include "ui_frmPrint.h"
 #include "ui_frm_fascie_orarie.h"
 #include "ui_frm_gruppi.h"
+#include "ui_frm_memoria_sd.h"
 #include "ui_frm_movimenti.h"
 #include "ui_frm_operatori.h"
 #include "ui_frm_param_lokere.h"
@@ -31,6 +32,7 @@ constexpr Riga forme[] = {
     {u"frm_Main", nuova<FormaPrincipale>},
     {u"frm_gruppi", nuova<Forma<Ui::frm_gruppi>>},
     {u"frm_gruppi_utenti", nuova<Forma<Ui::frm_gruppi>>},
+    {u"frm_memoria_sd", nuova<Forma<Ui::frm_memoria_sd>>},
     {u"frm_operatori", nuova<Forma<Ui::frm_operatori>>},
     {u"frm_fascie_orarie", nuova<Forma<Ui::frm_fascie_orarie>>},
     {u"frm_param_lokere", nuova<Forma<Ui::frm_param_lokere>>},

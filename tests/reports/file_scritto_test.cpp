@@ -3,11 +3,10 @@
 #include <QDir>
 #include <QTemporaryDir>
 
-#include <csignal>
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 
 #include "platform/letterali.h"
+#include "reports/spazio_finito.h"
 
 namespace lokera {
 namespace {
@@ -16,22 +15,6 @@ QByteArray contenuto(const QString& file) {
   QFile f(file);
   return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
 }
-
-/// What can be written to a file, from here on, as on a full disk.
-class SpazioFinito {
- public:
-  explicit SpazioFinito(rlim_t byte) {
-    std::signal(SIGXFSZ, SIG_IGN);
-    getrlimit(RLIMIT_FSIZE, &prima_);
-    const rlimit poco{byte, prima_.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &poco);
-  }
-  ~SpazioFinito() { setrlimit(RLIMIT_FSIZE, &prima_); }
-  Q_DISABLE_COPY_MOVE(SpazioFinito)
-
- private:
-  rlimit prima_{};
-};
 
 TEST(FileScritto, takes_an_older_ones_place_when_it_is_whole_and_leaves_nothing_otherwise) {
   const QTemporaryDir cartella;
@@ -44,7 +27,7 @@ TEST(FileScritto, takes_an_older_ones_place_when_it_is_whole_and_leaves_nothing_
   EXPECT_EQ(contenuto(nome), "a;b;\r\n\r\n");
   { FileScritto(nome).riga("given up"); }
   {
-    const SpazioFinito poco(3 << 20);
+    const prova::SpazioFinito poco(3 << 20);
     FileScritto grande(nome);
     const QByteArray riga(1 << 20, 'x');
     for (int i = 0; i < 8; ++i) grande.riga(riga);

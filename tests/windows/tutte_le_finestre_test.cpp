@@ -6,6 +6,7 @@
 
 #include "aiuti/banco.h"
 #include "app/schermo_console.h"
+#include "reports/frm_memoria_sd.h"
 #include "reports/frm_movimenti.h"
 #include "reports/frm_sitkey.h"
 #include "windows/misura.h"
@@ -37,6 +38,7 @@ class TutteLeFinestre : public ::testing::TestWithParam<Vista> {
       togli_lokere();
     else if (nome != finestra->nome())
       finestra = apri(nome);
+    importa_a_lungo();
     forma = finestra ? schermo->forma(*finestra) : nullptr;
     QApplication::processEvents();
   }
@@ -44,6 +46,7 @@ class TutteLeFinestre : public ::testing::TestWithParam<Vista> {
   void riempi();
   void scrivi_a_lungo();
   void togli_lokere();
+  void importa_a_lungo();
   void tab_come_si_legge();
   void ognuno_col_suo_nome();
   const int lingua = std::get<1>(GetParam());
@@ -115,6 +118,16 @@ void TutteLeFinestre::togli_lokere() {
   EXPECT_TRUE(b.main().lblNessunaLokera.Visible());
 }
 
+// The window of an import while it reads.
+void TutteLeFinestre::importa_a_lungo() {
+  auto* sd = dynamic_cast<frm_memoria_sd*>(finestra);
+  if (!sd) return;
+  sd->lblFile.Caption = u"/media/portineria/LOKERA/DATA.TXT"_s;
+  sd->lblFase.Caption = b.console->traduttore().traduci(u"Registrazione dei movimenti"_s);
+  sd->lavoro.lblLavoro.Caption = u"1234567 di 2345678"_s;
+  sd->lavoro.pgbLavoro.Visible = sd->lavoro.cmdInterrompi.Visible = true;
+}
+
 // The Tab key goes as one reads: to the right, then down.
 void TutteLeFinestre::tab_come_si_legge() {
   const QList<QWidget*> catena = ordine_tab(*forma);
@@ -139,7 +152,7 @@ void TutteLeFinestre::ognuno_col_suo_nome() {
 const auto dei_menu =
     ::testing::Values("frm_gruppi", "frm_gruppi_utenti", "frm_operatori", "frm_param_lokere",
                       "frm_fascie_orarie", "frm_tessere", "frm_tessere_operatori", "frm_traduzioni",
-                      "frm_movimenti", "frm_sitKey", "frm_sit_chiavi", "frmPrint");
+                      "frm_memoria_sd", "frm_movimenti", "frm_sitKey", "frm_sit_chiavi", "frmPrint");
 const auto lingue = ::testing::Values(0, 1);
 const auto nome_del_caso = [](const auto& info) { return nome(info.param); };
 

@@ -1,0 +1,30 @@
+#include "reports/menu_scheda.h"
+
+#include <QFile>
+
+#include "reports/file_scheda.h"
+
+namespace lokera {
+
+using namespace Qt::StringLiterals;
+
+std::optional<QString> scegli_importazione(const ServiziScheda& s) {
+  const QString filtro = u"DATA.TXT|DATA.TXT|%1|*"_s.arg(s.traduttore.traduci(u"Tutti i file"_s));
+  auto scelto = s.file.apri({s.traduttore.traduci(u"Importa movimenti da SD"_s), filtro, u"DATA.TXT"_s, {}});
+  return scelto && QFile::exists(*scelto) ? scelto : std::nullopt;
+}
+
+void esporta_su_scheda(const ServiziScheda& s) {
+  const QString titolo = s.traduttore.traduci(u"Esporta su SD"_s);
+  for (const auto& [nome, scrivi] :
+       {std::pair(u"KEYS.TXT"_s, &scrivi_chiavi), std::pair(u"USERS.TXT"_s, &scrivi_tessere)}) {
+    const auto scelto = s.file.salva({titolo, nome + u'|' + nome, nome, {}});
+    if (!scelto) continue;
+    const QString errore = scrivi(s.archivio, *scelto);
+    if (!errore.isEmpty())
+      s.messaggi.mostra(
+          s.traduttore.traduci(u"Il file non è stato scritto."_s) + u'\n' + *scelto + u'\n' + errore, titolo);
+  }
+}
+
+}  // namespace lokera
