@@ -89,28 +89,6 @@ TEST_F(FasceTest, UnaCorsaLungaCedeFuoriDalleTransazioniENonNeTrovaUnAltra) {
   EXPECT_EQ(b.conta(coda), 2);
 }
 
-TEST_F(FasceTest, AncheInMoltiOgnunoUnaVoltaEChiEInCodaRestaComE) {
-  const auto codice = [](int i) { return QString::number(2'000'000'000 + i); };
-  for (int i = 0; i < 130; ++i) {
-    b.tessera(codice(i), 1);
-    b.abilita(codice(i), 5);
-    b.abilita(codice(i), 6);
-  }
-  b.fascia(1, 6, u"Lunedì"_s, QTime(8, 0), QTime(12, 0));
-  b.fascia(1, 5, u"Lunedì"_s, QTime(7, 59), QTime(12, 0));
-  for (const int i : {3, 60, 129}) {
-    b.in_coda(codice(i), 2, u"D"_s);
-    b.sql(u"insert into tessere_da_conservare (ID_tessera, ID_lokera, motivo) values (?, 2, 'x')"_s,
-          {codice(i)});
-  }
-  b.in_coda(codice(7), 1, u"D"_s);  // on its way out: comes back nowhere
-  b.vm.orologio().imposta(momento(giorno, QTime(8, 0)));
-  b.parti().fasce.applica_fasce_orarie();
-  EXPECT_EQ(b.conta(coda, u"operazione = 'D'"_s), 4);
-  EXPECT_EQ(b.conta(coda), 130 * 2 + 130 + 1) << "two cabinets with keys of group 5, one of group 6";
-  EXPECT_EQ(b.conta(coda, u"ID_lokera = 3"_s), 130);
-}
-
 TEST_F(FasceTest, UnErroreNonPerdeLaFascia) {
   int segnalati = 0;
   b.parti().fasce.segnala = [&](const Errore&) { ++segnalati; };

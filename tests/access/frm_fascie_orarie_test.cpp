@@ -227,16 +227,5 @@ TEST_F(SalvataggioEInvio, ABandThatIsGoneTodayIsTakenBackFromTheCabinets) {
   EXPECT_EQ(accodati(), dopo);
 }
 
-TEST_F(SalvataggioEInvio, TheEndOfABandIsPushedAfterASave) {
-  salva();
-  vm.esegui_per(std::chrono::hours(4) + std::chrono::minutes(1));
-  scheduler.applica_fasce_orarie();
-  EXPECT_EQ(in_coda(), 1);
-  sql(u"delete from aggiorn_tessere_oper"_s);
-  salva();
-  scheduler.applica_fasce_orarie();
-  EXPECT_EQ(in_coda(), 0);
-}
-
 }  // namespace
 }  // namespace lokera::prova

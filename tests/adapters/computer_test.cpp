@@ -125,17 +125,5 @@ TEST(QtMessageBox, asks_in_its_language_with_No_as_default_and_shows_text_as_it_
   EXPECT_EQ(rispondi_con(u"OK"_s, [&] { box.mostra(testo, {}); }).bottoni, QStringList{u"OK"_qs});
 }
 
-TEST(QtMessageBox, survives_the_window_below_it) {
-  auto* finestra = new QWidget;
-  finestra->show();
-  finestra->activateWindow();
-  QApplication::setActiveWindow(finestra);
-  QTimer::singleShot(0, qApp, [&] { delete finestra; });
-  QTimer::singleShot(50, qApp, [] {
-    if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) box->reject();
-  });
-  EXPECT_FALSE(QtMessageBox().chiedi(u"?"_s, {}));
-}
-
 }  // namespace
 }  // namespace lokera

@@ -48,14 +48,6 @@ TEST(FileInteri, stand_in_their_place_whole_or_not_at_all) {
   }
 }
 
-TEST(FileInteri, a_book_that_is_given_up_leaves_no_trace) {
-  const QTemporaryDir cartella;
-  const qsizetype aperti = QDir(u"/proc/self/fd"_s).count();
-  XlsxSpreadsheet().nuovo(cartella.filePath(u"libro.xlsx"_s))->scrivi(1, 1, 2.0);
-  EXPECT_TRUE(QDir(cartella.path()).isEmpty());
-  EXPECT_EQ(static_cast<qsizetype>(QDir(u"/proc/self/fd"_s).count()), aperti);
-}
-
 TEST(QtPrinter, the_page_dialog_keeps_a_paper_that_has_no_name) {
   SempreQuello scelta;
   QtPrinter stampante(scelta);

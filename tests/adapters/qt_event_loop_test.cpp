@@ -37,20 +37,6 @@ TEST(QtEventLoop, blocks_to_the_deadline_without_turning_round) {
   EXPECT_LT(giri, 20);
 }
 
-TEST(QtEventLoop, a_wait_inside_a_wait_moves_no_deadline) {
-  Tempo t;
-  auto timer = t.pc.timer.crea_timer();
-  timer->Evento = [&] {
-    timer->Enabled(false);
-    t.attesa.attendi_oltre(0);
-  };
-  timer->Interval(1);
-  timer->Enabled(true);
-  EXPECT_FALSE(t.attesa.attendi(1, [] { return false; }));
-  EXPECT_GT(t.passato(), 990ms);
-  EXPECT_LT(t.passato(), 4s);
-}
-
 TEST(QtEventLoop, what_an_outer_frame_gave_up_lives_until_its_wait_is_over) {
   Tempo t;
   QPointer<QObject> ceduto = new QObject;

@@ -79,27 +79,5 @@ TEST(QtWinsock, what_was_not_fetched_is_gone_with_Close_and_announced_to_nobody)
   EXPECT_TRUE(banco.socket->GetData().isEmpty());
 }
 
-TEST(QtWinsock, datagrams_come_back_one_event_each_until_Close) {
-  BancoReale banco(u"127.0.0.2"_s);
-  ASSERT_TRUE(banco.rete.ascolta_udp(banco.host, 24005, [](QByteArrayView dati, const auto& rispondi) {
-    rispondi(dati);
-    rispondi(QByteArray());  // an empty one is a datagram too, and hurts nobody
-    rispondi("second");
-  }));
-  EXPECT_FALSE(banco.rete.ascolta_udp(banco.host, 24005, {}));  // taken
-  banco.socket->Protocol(Protocol::udp);
-  banco.socket->RemoteHost(banco.host);
-  banco.socket->RemotePort(24005);
-  for (int volta = 0; volta < 2; ++volta) {
-    banco.arrivi.clear();
-    banco.socket->SendData("first");
-    EXPECT_NE(banco.socket->State(), socket_chiuso);
-    EXPECT_TRUE(banco.arrivati(3));
-    EXPECT_EQ(banco.arrivi, (QByteArrayList{"first", "", "second"}));
-    banco.socket->Close();
-    EXPECT_EQ(banco.socket->State(), socket_chiuso);
-  }
-}
-
 }  // namespace
 }  // namespace lokera

@@ -61,6 +61,21 @@ class Banco {
     return uno(u"select count(*) from %1 where %2"_s.arg(tabella, condizione)).toLongLong();
   }
 
+  /// What the boxes have said since the last call.
+  QStringList detti() {
+    QStringList testi = vm.messaggi().testi();
+    vm.messaggi().mostrati.clear();
+    return testi;
+  }
+  /// The cards that wait, as "card|cabinet|operation" by card and cabinet.
+  QString coda() {
+    return righe(u"select * from aggiorn_tessere_oper order by ID_tessera, ID_lokera"_s).join(u' ');
+  }
+  void vuota_coda() {
+    sql(u"delete from aggiorn_tessere_oper"_s);
+    sql(u"delete from tessere_da_conservare"_s);
+  }
+
   /// A cabinet of this computer at 127.000.000.00(id+1).
   void lokera(int id, int funzionamento = 0) {
     sql(u"insert into parametri (ID, descrizione, IP_lokera, funzionamento, lingua,"

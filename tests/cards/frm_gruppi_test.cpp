@@ -41,21 +41,6 @@ TEST_P(FrmGruppi, TheKeyboardAloneAddsChangesAndRemoves) {
   EXPECT_EQ(grd.Row(), 0);
 }
 
-TEST_P(FrmGruppi, ARefusedRowIsShownRepairedAndSaved) {
-  finestra.Form_Load();
-  digita_riga(grd, {u"3"_s, u"Officina"_s});
-  digita_riga(grd, {u"1"_s, u"doppio"_s});
-  finestra.Command5_Click();
-  EXPECT_EQ(tabella(), (QStringList{u"1|Direzione"_s, u"2|Portineria"_s}));
-  EXPECT_TRUE(messaggi.testi().join(u'/').contains(u" durante la registrazione.\rEsiste già"));
-  EXPECT_EQ(grd.Rows(), 4);
-  EXPECT_EQ(grd.cella(grd.Row(), u"descrizione"), u"doppio"_s);
-  // The user repairs it and tries again.
-  grd.utente_modifica(grd.Row(), 0, u"4"_s);
-  finestra.Command5_Click();
-  EXPECT_EQ(tabella().size(), 4);
-}
-
 TEST_P(FrmGruppi, AListThatCouldNotBeReadCanNotReplaceTheTable) {
   sql(u"drop table %1"_s.arg(nome()));
   finestra.Form_Load();

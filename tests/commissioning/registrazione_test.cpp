@@ -96,6 +96,9 @@ TEST_F(Registrazione, UnaLokeraNuovaHaRigaParametriEOrologio) {
 
 // Whatever the cabinet says, the row is stored and listed; who can try again stays in the edit.
 TEST_F(Registrazione, LaRigaRestaComunqueRispondaLaLokera) {
+  const QString sua = u"127.000.000.009"_s, buona = u"10001"_s;
+  const QString non_connessa = u"errore in connessione Winsock TCP/Ip protocol"_s;
+  const QByteArray rifiuto = componi_frame("0009503");
   const struct {
     const char* nome;
     QString indirizzo, porta;
@@ -103,34 +106,19 @@ TEST_F(Registrazione, LaRigaRestaComunqueRispondaLaLokera) {
     QStringList messaggi;
     bool in_modifica;
   } casi[] = {
-      {"no address", {}, u"10001"_s, {}, {u"Indirizzo IP della lokera non configurato!"_s}, false},
-      {"short address", u"127.0.0.9"_s, u"10001"_s, {}, {u"Indirizzo IP della lokera non valido!"_s}, false},
-      {"group 999",
-       u"999.000.000.009"_s,
-       u"10001"_s,
-       {},
-       {u"errore in connessione Winsock TCP/Ip protocol"_s},
-       false},
-      {"no address at all",
-       u"quindici caratt"_s,
-       u"10001"_s,
-       {},
-       {u"errore in connessione Winsock TCP/Ip protocol"_s},
-       false},
-      {"port above all",
-       u"127.000.000.009"_s,
-       u"75537"_s,
-       {},
-       {u"errore in connessione Winsock TCP/Ip protocol"_s},
-       false},
-      {"silent", u"127.000.000.009"_s, u"10001"_s, {}, {muta}, true},
+      {"no address", {}, buona, {}, {u"Indirizzo IP della lokera non configurato!"_s}, false},
+      {"short address", u"127.0.0.9"_s, buona, {}, {u"Indirizzo IP della lokera non valido!"_s}, false},
+      {"group 999", u"999.000.000.009"_s, buona, {}, {non_connessa}, false},
+      {"no address at all", u"quindici caratt"_s, buona, {}, {non_connessa}, false},
+      {"port above all", sua, u"75537"_s, {}, {non_connessa}, false},
+      {"silent", sua, buona, {}, {muta}, true},
       {"refuses",
-       u"127.000.000.009"_s,
-       u"10001"_s,
-       {componi_frame("0009503")},
-       {fuori_limite, non_impostati + QString::fromLatin1(componi_frame("0009503").chopped(1))},
+       sua,
+       buona,
+       {rifiuto},
+       {fuori_limite, non_impostati + QString::fromLatin1(rifiuto.chopped(1))},
        true},
-      {"answers another", u"127.000.000.009"_s, u"10001"_s, {componi_frame("0001000X")}, {muta}, true},
+      {"answers another", sua, buona, {componi_frame("0001000X")}, {muta}, true},
   };
   b.lokera(1);
   frm_param_lokere& f = apri();
@@ -214,34 +202,22 @@ TEST_F(Registrazione, EliminareChiedeETogliePureLeChiavi) {
 
 // The cabinet may have taken the settings without a word: the address is stored and the reset goes out.
 TEST_F(Registrazione, LeImpostazioniDiReteVannoATutte) {
-  const QByteArray frame = componi_frame(
-      "000A1"
-      "127000000020"
-      "10001"
-      "255255255000"
-      "127000000001");
+  const QByteArray frame = componi_frame("000A112700000002010001255255255000127000000001");
+  const QString riuscite = u"Parametri di rete impostati correttamente."_s;
   const QString silenzio =
       u"Time out!\rAccertarsi che la lokera sia collegata attraverso un cavo di rete al PC (i LED verde e giallo della scheda di rete della lokera devono essere accesi e fissi)"_s;
   const struct {
     const char* nome;
     Risposte risposta;
     QStringList messaggi;
-    QByteArray maschera;
     int reset;
+    const char* maschera = "255.255.255.000";
   } casi[] = {
-      {"taken",
-       {componi_frame("000A100")},
-       {u"Parametri di rete impostati correttamente."_s, resetta},
-       "255.255.255.000",
-       1},
-      {"silent", {}, {silenzio, resetta}, "255.255.255.000", 1},
-      {"a late answer to a search", {scoperta("127000000002")}, {silenzio, resetta}, "255.255.255.000", 1},
-      {"refused",
-       {componi_frame("000A103")},
-       {u"parametri di rete non impostati 000A10343\n"_s},
-       "255.255.255.000",
-       0},
-      {"short mask", {}, {u"formato parametri errato (es. 192.168.015.250)."_s}, "255.255.255.0", -1},
+      {"taken", {componi_frame("000A100")}, {riuscite, resetta}, 1},
+      {"silent", {}, {silenzio, resetta}, 1},
+      {"a late answer to a search", {scoperta("127000000002")}, {silenzio, resetta}, 1},
+      {"refused", {componi_frame("000A103")}, {u"parametri di rete non impostati 000A10343\n"_s}, 0},
+      {"short mask", {}, {u"formato parametri errato (es. 192.168.015.250)."_s}, -1, "255.255.255.0"},
   };
   b.lokera(1);
   frm_param_lokere& f = apri();

@@ -57,17 +57,5 @@ TEST_F(FrmTraduzioni, DeletingAsksFirstAndTheEntryIsForgottenAtOnce) {
   EXPECT_EQ(traduttore.traduci(u" chiave"_s), u" chiave"_s);
 }
 
-TEST_F(FrmTraduzioni, WhatTheCellShowsIsStoredFoundAndDeleted) {
-  for (const QString& testo : testi_difficili()) {
-    digita_riga(grd, {testo, u"x"_s});
-    grd.Update();
-    EXPECT_EQ(righe(u"select tedesco from traduzioni where italiano = ?"_s, {testo.left(255)}),
-              QStringList{u"x"_s});
-    messaggi.risposte = {true};
-    EXPECT_TRUE(grd.utente_elimina(grd.Rows() - 1));
-  }
-  EXPECT_EQ(tabella().size(), 2);
-}
-
 }  // namespace
 }  // namespace lokera::prova

@@ -27,7 +27,6 @@ struct Lista : VistaGriglia {
   void riempi(int righe) {
     for (int i = 0; i < righe; ++i) grd.AddItem(QStringList{QString::number(i), QString(), u"testo"_s});
   }
-  Cella corrente() const { return {grd.Row(), grd.Col()}; }
 
   void colonne_cambiate() override {}
   void righe_cambiate() override {}
@@ -57,34 +56,6 @@ TEST(SSOleDBGrid, AnEditIsToldOnceWhenItsRowIsLeft) {
   l.grd.Update();
   EXPECT_EQ(l.eventi.join(u'/'), u"mosso 0/cambiata 0,2/cambiata 0,0/lasciata 0/mosso 2"_s);
   EXPECT_EQ(l.grd.cella(0, 2), u"lungo"_s);
-}
-
-TEST(SSOleDBGrid, OnlyOpenCellsTakeAnEditAndLockedOnesArePassedOverMeanwhile) {
-  Lista l;
-  l.riempi(1);
-  Colonna bloccata = l.grd.Columns(2);
-  bloccata.bloccata = true;
-  l.grd.imposta_colonna(2, bloccata);
-  EXPECT_FALSE(l.grd.utente_modifica(0, 2, u"x"_s));
-  EXPECT_FALSE(l.grd.utente_modifica(1, 0, u"x"_s));
-  EXPECT_EQ(l.grd.cella_dopo({0, 0}), std::nullopt);
-  l.grd.AllowUpdate = false;
-  EXPECT_FALSE(l.grd.utente_modifica(0, 0, u"x"_s));
-  EXPECT_EQ(l.grd.cella_dopo({0, 0}), (Cella{0, 2}));
-  EXPECT_EQ(l.grd.cella(0, u"CODICE"), u"0"_s);
-}
-
-TEST(SSOleDBGrid, ReturnWalksTheCellsAndOpensOneRowAtTheEnd) {
-  Lista l;
-  l.riempi(2);
-  std::vector<Cella> cammino;
-  for (int i = 0; i < 8 && l.grd.utente_avanti(); ++i) cammino.push_back(l.corrente());
-  EXPECT_EQ(cammino, (std::vector<Cella>{{0, 0}, {0, 2}, {1, 0}, {1, 2}, {2, 0}, {2, 2}}));
-  EXPECT_EQ(l.grd.Rows(), 3);
-  EXPECT_TRUE(l.grd.utente_indietro());
-  EXPECT_TRUE(l.grd.utente_indietro());
-  EXPECT_EQ(l.corrente(), (Cella{1, 2}));
-  EXPECT_EQ(l.grd.Rows(), 2) << "the new row was left without an edit";
 }
 
 TEST(SSOleDBGrid, ANewRowStaysOnlyOnceItIsEdited) {
@@ -123,18 +94,6 @@ TEST(SSOleDBGrid, ADeletionAsksFirstAndDropsThePendingEdit) {
   };
   EXPECT_FALSE(l.grd.utente_elimina(0)) << "the list was filled anew meanwhile";
   EXPECT_EQ(l.grd.Rows(), 2);
-}
-
-TEST(SSOleDBGrid, RemovedRowsTakeTheirMarksAlong) {
-  Lista l;
-  l.riempi(5);
-  l.grd.Row(4);
-  l.grd.utente_seleziona({3, 1, 4});
-  l.grd.RemoveItem(1);
-  EXPECT_EQ(l.grd.selezionate(), (std::vector<int>{2, 3}));
-  EXPECT_EQ(l.grd.Row(), 3);
-  l.grd.RemoveItem(3);
-  EXPECT_EQ(l.grd.Row(), 2);
 }
 
 /// The first column's cells in the order of the rows, behind each the current one's "<".

@@ -29,49 +29,12 @@ class Legami : public Archivio {
   QStringList blocchi() { return righe(u"select chiave, operatore, data from securety_locks"_s); }
 
   Finestra f{elenco, u"frm_prova"_s};
-  TextBox nome{f, u"Text1"_s}, peso{f, u"Text2"_s}, libera{f, u"Text3"_s};
+  TextBox nome{f, u"Text1"_s}, peso{f, u"Text2"_s};
   MaskEdBox dal{f, u"Mask1"_s};
   CheckBox si{f, u"Check1"_s};
   OptionButton uno{f, u"Option1"_s}, due{f, u"Option2"_s};
   ZanForm zan{db, messaggi, vm.orologio()};
 };
-
-TEST_F(Legami, ASavedRowHoldsNeitherEmptyTextsNorMissingNumbers) {
-  Recordset rs;
-  apri(rs);
-  EXPECT_FALSE(rs.AddNew().fallito());
-  EXPECT_FALSE(rs.imposta(u"nome", QString()).fallito());
-  zan.update_record(rs);
-  EXPECT_EQ(zan.errore(), QString());
-  EXPECT_EQ(righe(u"select codice, nome, note, peso, dal from prova"_s), QStringList(u"0| | |0.0|-"_s));
-  EXPECT_FALSE(rs.AddNew().fallito());
-  zan.update_record(rs);
-  EXPECT_FALSE(zan.errore().isEmpty()) << "the key is there already";
-  rs.CancelUpdate();
-  EXPECT_FALSE(rs.AddNew().fallito());
-  EXPECT_FALSE(rs.imposta(u"codice", 1).fallito());
-  zan.update_record(rs);
-  EXPECT_EQ(zan.errore(), QString()) << "a success clears the error";
-}
-
-TEST_F(Legami, ARecordIsShownInTheControlsOfItsGroup) {
-  sql(u"insert into prova values (2, 'Anna', null, 2.5, ?, ?)"_s,
-      {momento(QDate(2008, 11, 3), QTime(0, 0)), true});
-  libera.Text = u"mia"_s;
-  zan.popola(u"select * from prova"_s, u"altri"_s);
-  EXPECT_EQ(nome.Text(), u"Anna"_s);
-  EXPECT_EQ(peso.Text(), u"2,5"_s);
-  EXPECT_EQ(dal.Text(), u"03/11/2008"_s);
-  EXPECT_EQ(si.Value(), 1);
-  EXPECT_FALSE(uno.Value());
-  EXPECT_TRUE(due.Value());
-  zan.pulisci();
-  EXPECT_EQ(nome.Text() + peso.Text() + libera.Text(), u"mia"_s);
-  EXPECT_EQ(dal.Text(), u"__/__/____"_s);
-  EXPECT_FALSE(due.Value());
-  zan.popola(u"select * from prova"_s, u"ALT"_s);
-  EXPECT_EQ(peso.Text(), QString()) << "only whole words of its group";
-}
 
 TEST_F(Legami, ControlsGoBackIntoTheRecord) {
   struct Caso {

@@ -156,56 +156,6 @@ TEST_F(SessioneTest, SoloIlComandoPropioRiempieLAttesa) {
   EXPECT_EQ(letture, 0) << "no read begins inside somebody's wait";
 }
 
-TEST_F(SessioneTest, IlSerialeSonoDieciCifreDelSuoComando) {
-  const std::pair<QByteArray, QByteArray> casi[] = {
-      {componi_frame("0001B000000012345"), "0000012345"},
-      {componi_frame("0001000X") + componi_frame("0001B000000012345") + "000310031\r", "0000012345"},
-      {componi_frame("0001B00ABCDEFGHIJ") + componi_frame("0001B000000012345"), "0000012345"},
-      {componi_frame("0001000X"), ""},
-      {componi_frame("000100000000123456"), ""},
-      {componi_frame("0001B050000012345"), ""},
-      {componi_frame("0001B00ABCDEFGHIJ"), ""},
-      {componi_frame("0001B00123"), ""}};
-  for (const auto& [arriva, seriale] : casi) {
-    connetti();
-    risposte = {arriva};
-    const Esito<QByteArray> letto = sessione.leggi_seriale();
-    EXPECT_EQ(letto.fallito() ? QByteArray() : *letto, seriale) << arriva.toStdString();
-  }
-}
-
-// What was cut off serves an exchange only when all that its reader looks at is there, and books nothing.
-TEST_F(SessioneTest, UnFrameTagliato) {
-  struct Caso {
-    const char* comando;
-    QByteArray arriva;
-    qsizetype dati;
-    qint16 stato;
-    QByteArray letti;
-  };
-  const Caso casi[] = {{"000310", "0003100", 0, 1, ""},
-                       {"000350", "00035000012", 4, 1, "0012"},
-                       {"000350", "000350000", 4, 0, ""},
-                       {"000300", "0003000ABCDEFGHI", 10, 0, ""},
-                       {"000300", "0003000ABCDEFGHIJ", 10, 1, "ABCDEFGHIJ"}};
-  for (const Caso& caso : casi) {
-    connetti();
-    risposte = {caso.arriva};
-    const Esito<QByteArray> risposta = sessione.scambia(componi_frame(caso.comando), 2, caso.dati);
-    EXPECT_EQ(stato(risposta), caso.stato) << caso.arriva.toStdString();
-    EXPECT_EQ(risposta.fallito() ? QByteArray() : campo_frame(*risposta, 8, caso.dati), caso.letti);
-  }
-  int presi = 0;
-  sessione.leggi_transazioni = [&](qint16) { ++presi; };
-  sessione.acquisisci_transazione = [&](const QByteArray&) { ++presi; };
-  for (const QByteArray& tagliato : {QByteArray("0003900001231"), "0003600" + QByteArray(40, '0')}) {
-    connetti();
-    canale->invia(tagliato);
-    vm.esegui_per(500ms);
-  }
-  EXPECT_EQ(presi, 0);
-}
-
 TEST_F(SessioneTest, UnaConfermaPerOgniRichiesta) {
   const QByteArray record = "0003600" + QByteArray(36, '0') + '\r';
   int presi = 0;
@@ -261,19 +211,6 @@ TEST_F(SessioneTest, ChiPrendeLaSessioneFinisceLoScambioDellAltro) {
     EXPECT_EQ(ricevuti, caso.frame) << caso.nome;
   }
   EXPECT_EQ(suo, 1);
-}
-
-TEST_F(SessioneTest, IlSecondoTentativoELaConnessionePersa) {
-  connetti();
-  risposte = {"000310331\r", "000310031\r"};
-  EXPECT_TRUE(accettata(sessione.scambia_due_volte(componi_frame("000310"), 2))) << "after a refusal, too";
-  EXPECT_EQ(ricevuti.size(), 2);
-  canale->chiudi();
-  vm.esegui_per(100ms);
-  EXPECT_FALSE(sessione.connessa());
-  const Monotonic inizio = vm.orologio().monotono();
-  EXPECT_EQ(sessione.scambia("0003100", 2).errore().numero, senza_risposta);
-  EXPECT_LE(trascorso(inizio), 3s);
 }
 
 }  // namespace

@@ -72,15 +72,5 @@ TEST(Ricompositore, what_never_ends_is_forgotten) {
   EXPECT_LT(frame.last().size(), 300);
 }
 
-TEST(Ricompositore, emptied_it_begins_anew) {
-  Ricompositore r;
-  r.arriva(prova + "0003");
-  r.consegna_resto();
-  r.svuota();
-  EXPECT_FALSE(r.pronto() || r.resto());
-  r.arriva("9x\r");
-  EXPECT_EQ(tutti(r), QByteArrayList{"9x\r"});
-}
-
 }  // namespace
 }  // namespace lokera

@@ -40,22 +40,6 @@ TEST_F(Apertura, LeConfermeSonoDurevoliEUnFileSbagliatoNonSiApre) {
   EXPECT_FALSE(QFile::exists(cartella.filePath(u"manca.mdb"_s)));
 }
 
-TEST_F(Apertura, UnAltraConsoleTieneIlFile) {
-  Connection altra;
-  ASSERT_FALSE(altra.Open(file(), password_database()).fallito());
-  ASSERT_FALSE(altra.BeginTrans().fallito());
-  ASSERT_FALSE(altra.Execute(u"insert into gruppi values (1, 'a')"_s).fallito());
-  EXPECT_TRUE(esegui("insert into gruppi values (2, 'b')").contains(testo("occupato")));
-  for (const auto transazione : {in_transazione, tutto_o_niente}) {
-    EXPECT_TRUE(transazione(c(), [] {
-                  ADD_FAILURE() << "a work without its transaction";
-                  return Errore{};
-                }).fallito());
-  }
-  ASSERT_FALSE(altra.CommitTrans().fallito());
-  EXPECT_EQ(leggi("select codice from gruppi"), QStringList{"1"});
-}
-
 TEST_F(Apertura, DiscoPienoAnnullaLaTransazione) {
   ASSERT_EQ(esegui("insert into gruppi values (1, 'prima')"), QString());
   ASSERT_FALSE(prova::righe(c(), u"pragma max_page_count = 1"_s).isEmpty());  // never below the present size
@@ -105,14 +89,6 @@ TEST_F(Apertura, UnaParteFallitaNonLasciaNullaNellaTransazione) {
   EXPECT_TRUE(parte(5, false).fallito());
   EXPECT_FALSE(parte(6, true).fallito());
   EXPECT_EQ(leggi("select codice from gruppi order by codice"), (QStringList{"1", "4", "6"}));
-}
-
-TEST_F(Apertura, UnaSolaIstruzioneEIValoriGiusti) {
-  const std::pair<const char*, const char*> casi[] = {
-      {"delete from gruppi; delete from movimenti", "Una sola istruzione"},
-      {"delete from gruppi where codice = ?", "aspetta 1 valori e ne riceve 0"},
-      {"delete from nessuna", "nessuna"}};
-  for (const auto& [sql, detto] : casi) EXPECT_TRUE(esegui(sql).contains(testo(detto))) << sql;
 }
 
 }  // namespace lokera

@@ -84,15 +84,6 @@ TEST_F(FileVecchio, SottoUnBloccoNonCambiaNulla) {
 
 using Piani = prova::Archivio;
 
-TEST_F(Piani, GliIndiciDoppiDiUnFileVecchioVannoVia) {
-  const char* doppi =
-      "select count(*) from sqlite_master where name in ('movimenti_id', 'gruppi_tessera_tessera')";
-  fai("create index movimenti_id on movimenti (id)");
-  fai("create index gruppi_tessera_tessera on gruppi_tessera (tessera, codice)");
-  EXPECT_FALSE(aggiorna_database(db).fallito());
-  EXPECT_EQ(leggi(doppi), QStringList{"0"});
-}
-
 TEST_F(Piani, LeInterrogazioniFrequentiUsanoUnIndice) {
   const char* const interrogazioni[] = {
       "select * from tessere_operatori where codice = ?",

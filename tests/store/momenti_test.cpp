@@ -34,14 +34,4 @@ TEST_F(Momenti, NessunaZonaLiTocca) {
   }
 }
 
-TEST_F(Momenti, UnGiornoSoloEUnNumeroDiGiorni) {
-  fai("insert into tessere_operatori (codice, valido_al) values ('1', ?)", {QDate(2008, 10, 19)});
-  EXPECT_EQ(leggi("select valido_al from tessere_operatori"), QStringList{"2008-10-19 00:00:00"});
-  Recordset rs;
-  apri(rs, "select * from tessere_operatori");
-  ASSERT_FALSE(rs.imposta(u"valido_al", 39740.25).fallito());
-  ASSERT_FALSE(rs.Update().fallito());
-  EXPECT_EQ(leggi("select valido_al from tessere_operatori"), QStringList{"2008-10-19 06:00:00"});
-}
-
 }  // namespace lokera

@@ -88,17 +88,6 @@ TEST_F(Righe, UnaModificaRifiutataRestaInSospeso) {
   EXPECT_TRUE(rs.Update().descrizione.contains(u"cancellato"_s));
 }
 
-TEST_F(Righe, SoloUnaTabellaSiAggiorna) {
-  Recordset rs;
-  EXPECT_TRUE(
-      rs.Open(u"select distinct gruppo from tessere_operatori"_s, c(), {}, Cursore::aggiornabile).fallito());
-  EXPECT_FALSE(rs.aperto());
-  apri(rs, "select top 1 codice from tessere_operatori order by codice desc");
-  EXPECT_EQ(rs.testo(u"codice"), u"0000000002"_s);
-  ASSERT_FALSE(rs.Open(u"select * from tessere_operatori"_s, c()).fallito());
-  EXPECT_TRUE(rs.AddNew().fallito());
-}
-
 TEST_F(Righe, UnRecordsetApertoSopravviveAUnaConferma) {
   const QString sql = u"select codice from tessere_operatori order by codice"_s;
   Recordset fuori;

@@ -49,18 +49,6 @@ TEST(Avvio, SoloLaPrimaGestitaApreLaSessione) {
   }
 }
 
-TEST(Avvio, SenzaLokereNonFaCheContare) {
-  Banco b;
-  b.main().Form_Load();
-  EXPECT_EQ(b.main().lblStatusD.Caption(), u"OFF Line"_s);
-  EXPECT_EQ(b.uno(u"select nr_seriale_vidimatore from computers where nome_computer = 'PC-CENTRALE'"_s), 1);
-  for (const auto attesa : {0s, 300s}) {  // the bands run at the first tick
-    b.vm.esegui_per(attesa);
-    EXPECT_EQ(b.parti().ciclo.conta_fascie, 0);
-  }
-  EXPECT_EQ(b.parti().ciclo.conta_tick, 0);
-}
-
 TEST(Avvio, TitoloEReleaseNelFile) {
   Banco b;
   b.lokera(1);
@@ -110,17 +98,6 @@ TEST(Avvio, UnoSchemaTroppoVecchioSiAggiornaEFinisce) {
   ASSERT_TRUE(prossimo.apri(b.cartella.path()));
   prossimo.principale().Form_Load();
   EXPECT_TRUE(prossimo.parti().ciclo.TimerDownload->Enabled());
-}
-
-TEST(Avvio, NellaSecondaLinguaLeScritteSonoTradotte) {
-  Banco b;
-  b.lokera(1);
-  b.sql(u"update parametri set lingua = 1"_s);
-  b.main().Form_Load();
-  EXPECT_EQ(b.parti().tabellone.lblKeyU.Caption(), u"Key out"_s);
-  EXPECT_TRUE(b.main().lblOrario.Caption().startsWith(u"Sunday   30/11/2008  08:"_s));
-  b.parti().partenza.trova_lokere_sistema();  // again, as after the registration of a cabinet
-  EXPECT_EQ(b.conta(u"traduzioni"_s, u"italiano = 'Key out'"_s), 0);
 }
 
 }  // namespace

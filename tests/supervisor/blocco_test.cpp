@@ -86,18 +86,5 @@ TEST(Blocco, SoloUnaColonnaMancanteEUnFileVecchio) {
   EXPECT_EQ(b.righe(u"select slot, computer_ctrl from parametri"_s), QStringList{"0| "});
 }
 
-TEST(Blocco, DuranteIlLavoroLElencoRestaComEra) {
-  Banco b;
-  b.lokera(1);
-  b.lokera(2);
-  b.main().Form_Load();
-  AltraConsole altra(b.file());
-  altra.blocca(b.vm, 5s);
-  b.parti().partenza.trova_lokere_sistema();
-  EXPECT_EQ(b.parti().ciclo.grdLokere.Rows(), 2);
-  EXPECT_FALSE(b.vm.programma().finito);
-  EXPECT_TRUE(b.main().lblErrore.Caption().contains(u"occupato"_s));
-}
-
 }  // namespace
 }  // namespace lokera::prova

@@ -55,23 +55,6 @@ TEST_F(MovimentiInAttesaTest, CioCheNonSiRegistraOraSiRegistraPoiConIlSuoMomento
   EXPECT_EQ(muove('0', "1000000001"), "ABCDEFGHIJ0");
 }
 
-TEST_F(MovimentiInAttesaTest, LaPrimaProvaDopoUnDecimoPoiOgniSecondo) {
-  tessera();
-  blocca();
-  muove('1', "1000000001");
-  libera();
-  b.vm.esegui_per(100ms);
-  EXPECT_EQ(registrati().size(), 1);
-  blocca();
-  muove('0', "1000000001");
-  b.vm.esegui_per(200ms);
-  libera();
-  b.vm.esegui_per(700ms);
-  EXPECT_EQ(registrati().size(), 1);
-  b.vm.esegui_per(300ms);
-  EXPECT_EQ(registrati().size(), 2);
-}
-
 TEST_F(MovimentiInAttesaTest, NessunoPassaDavanti) {
   tessera();
   blocca();

@@ -39,21 +39,5 @@ TEST_F(TabelloneTest, IPannelliSiChiudonoInFondo) {
   }
 }
 
-TEST_F(TabelloneTest, TreColori) {
-  b.chiave(u"1000000001"_s, 1, 0);
-  b.chiave(u"1000000002"_s, 1, 2);
-  b.chiave(u"1000000003"_s, 2, 1);
-  b.sql(u"update tessere_chiavi set operatore = '0000000001' where codice = '1000000002'"_s);
-  EXPECT_FALSE(t.situazione_chiavi().fallito());
-  EXPECT_EQ(t.lampade_chiave(1).FillColor(), t.keyP.FillColor());
-  EXPECT_EQ(t.lampade_chiave(2).FillColor(), t.keyN.FillColor());
-  EXPECT_EQ(t.lampade_chiave(3).FillColor(), t.keyU.FillColor());
-  EXPECT_EQ(t.Num(3).ForeColor(), bianco);
-  b.main().corrente.lblID.Caption = QString();
-  EXPECT_FALSE(t.situazione_chiavi().fallito());
-  EXPECT_EQ(t.lampade_chiave(3).FillColor(), t.keyN.FillColor());
-  EXPECT_EQ(pannelli(), QString());
-}
-
 }  // namespace
 }  // namespace lokera::prova

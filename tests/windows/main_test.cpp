@@ -2,7 +2,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
-#include <QPaintEvent>
 #include <QPushButton>
 
 #include "windows/ambiente.h"
@@ -110,44 +109,6 @@ TEST(FinestraPrincipale, MenuTreeAsDeclaredAndOnlyItsLastEntryEndsTheProgram) {
   EXPECT_FALSE(b.vm.programma().finito);
   b.widget<QAction>("mnuEsc").trigger();
   EXPECT_TRUE(b.vm.programma().finito);
-}
-
-/// Counts what is painted and where in the window it lies.
-class Pitture : public QObject {
- public:
-  Pitture() { qApp->installEventFilter(this); }
-  int quante = 0;
-  QRect zona;
-
- protected:
-  bool eventFilter(QObject* oggetto, QEvent* evento) override {
-    if (evento->type() != QEvent::Paint || !oggetto->isWidgetType()) return false;
-    ++quante;
-    const auto& w = *static_cast<QWidget*>(oggetto);
-    const QRect r = static_cast<QPaintEvent*>(evento)->region().boundingRect();
-    zona |= QRect(w.mapTo(w.window(), r.topLeft()), r.size());
-    return false;
-  }
-};
-
-TEST(FinestraPrincipale, AChangedLabelIsPaintedAndNothingElse) {
-  BancoDisegnato b;
-  b.carica();
-  const auto& w = b.widget<QLabel>("lblP");
-  const QRect sua(w.mapTo(&b.forma(), QPoint()), w.size());
-  Label& lblP = b.parti().pannello.lblP;
-  const std::pair<std::function<void()>, QRect> cambi[] = {{[&] { lblP.Caption = u"0000000001"_s; }, sua},
-                                                           {[&] { lblP.ForeColor = rosso; }, sua},
-                                                           {[&] { lblP.Caption = u"0000000001 "_s; }, {}},
-                                                           {[&] { b.main().Caption(u"titolo"_s); }, {}},
-                                                           {[&] { b.main().Enabled(false); }, {}}};
-  for (const auto& [cambia, zona] : cambi) {
-    QCoreApplication::processEvents();
-    const Pitture p;
-    cambia();
-    QCoreApplication::processEvents();
-    EXPECT_EQ(p.zona, zona) << p.quante << " widgets";
-  }
 }
 
 }  // namespace

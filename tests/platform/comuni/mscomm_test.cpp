@@ -25,16 +25,6 @@ struct Lettore {
   int annunci = 0;
 };
 
-TEST(MSComm, bytes_come_one_by_one_zeros_too) {
-  Lettore l;
-  EXPECT_TRUE(l.porta->Input().isEmpty());
-  ASSERT_TRUE(l.porta->PortOpen(true));
-  const QByteArray tessera = QByteArray::fromHex("ff0112345678000d0a00");
-  l.m->manda(tessera);
-  EXPECT_TRUE(l.arrivati(tessera.size()));
-  EXPECT_EQ(l.letti, tessera);
-}
-
 TEST(MSComm, a_handler_that_waits_for_more_is_not_entered_again) {
   Lettore l;
   ASSERT_TRUE(l.porta->PortOpen(true));

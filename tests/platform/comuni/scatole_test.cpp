@@ -8,26 +8,6 @@
 namespace lokera {
 namespace {
 
-TEST(Scatole, a_message_is_answered_by_its_buttons_and_closing_it_is_no_consent) {
-  const auto m = crea_macchina_di_prova();
-  MessageBox& box = m->macchina().messaggi;
-  struct Caso {
-    Bottoni bottoni;
-    Risposta primo, altro;
-  };
-  for (const auto& c : {Caso{Bottoni::ok, Risposta::ok, Risposta::ok},
-                        {Bottoni::ok_annulla, Risposta::ok, Risposta::annulla},
-                        {Bottoni::si_no, Risposta::si, Risposta::no}}) {
-    for (const bool secondo : {false, true}) {
-      const Messaggio messaggio{u"testo"_s, u"titolo"_s, Icona::critica, c.bottoni, secondo};
-      m->risponde(true);
-      EXPECT_EQ(box.apri(messaggio), c.primo);
-      m->risponde(false);
-      EXPECT_EQ(box.apri(messaggio), c.altro);
-    }
-  }
-}
-
 TEST(Scatole, a_cancelled_question_is_not_an_empty_answer) {
   const auto m = crea_macchina_di_prova();
   using Scritto = std::optional<QString>;

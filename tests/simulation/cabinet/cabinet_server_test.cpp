@@ -20,11 +20,6 @@ class CabinetServerTest : public testing::Test {
     return *server;
   }
   void passa(int ms) { macchina.esegui_per(std::chrono::milliseconds(ms)); }
-  void imposta_rete(const QByteArray& indirizzo, const QByteArray& porta) {
-    rete.datagramma(casa, componi_frame("000A1" + indirizzo + porta + "255255255000127000000001"));
-    rete.datagramma(casa, componi_frame("00073"));
-    passa(5);
-  }
 
   const QString casa = u"127.0.0.2"_s;
   const QByteArray prova = componi_frame("00010");
@@ -78,29 +73,6 @@ TEST_F(CabinetServerTest, MisbehavesAsTold) {
     EXPECT_EQ(canale->mandati, caso.dopo);
     EXPECT_EQ(canale->aperto(), caso.aperto);
   }
-}
-
-TEST_F(CabinetServerTest, AResetDropsConnectionsTakesAWhileAndMovesTheCabinetWhereItCanBe) {
-  Comportamento piano;
-  piano.riavvio_ms = 300;
-  apri(piano).Ammesso = [](const QString& indirizzo) { return indirizzo.startsWith(u"127."); };
-  rete.ascolta_tcp(u"127.0.0.3"_s, 10001, [](const auto&) {});
-  const auto comandi = rete.chiama(casa, 10001);
-  const auto altro = rete.chiama(casa, 10001);
-  const auto viva = rete.chiama(casa, 10002);
-  for (const char* altrove : {"127000000003", "192168000001"}) {
-    imposta_rete(altrove, "10001");
-    EXPECT_FALSE(comandi->aperto() || altro->aperto() || viva->aperto());
-    EXPECT_FALSE(rete.chiama(casa, 10001)->aperto());
-    EXPECT_TRUE(rete.datagramma(casa, componi_frame("000A0")).isEmpty());
-    passa(300);
-    EXPECT_EQ(cabinet.stato().rete_in_uso.indirizzo, casa) << altrove;
-    EXPECT_TRUE(rete.chiama(casa, 10001)->aperto()) << altrove;
-  }
-  imposta_rete("127000000009", "10007");
-  passa(300);
-  EXPECT_TRUE(rete.tcp.contains({u"127.0.0.9"_s, 10007}));
-  EXPECT_EQ(rete.tcp.size(), 3U);
 }
 
 TEST_F(CabinetServerTest, AsksTheConsoleOnlyWhenManagedAndConnected) {

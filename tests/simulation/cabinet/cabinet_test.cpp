@@ -85,40 +85,19 @@ TEST_F(CabinetTest, AResetTakesSettingsIntoUseAndKeepsTheRest) {
   chiedi(parametri_gestito);
   const auto scoperta = [&] { return cabinet.datagramma(componi_frame("000A0")); };
   EXPECT_EQ(chiedi_udp("000A112700000000910005255255000000127000000001"), "000A100");
-  const char* const fuori_limite[] = {
-      "127000000256"
-      "10005"
-      "255255000000"
-      "127000000001",
-      "127000000009"
-      "00000"
-      "255255000000"
-      "127000000001",
-      "127000000009"
-      "65536"
-      "255255000000"
-      "127000000001",
-      "127000000009"
-      "10002"
-      "255255000000"
-      "127000000001",
-      "127000000009"
-      "10005"
-      "255255000000"
-      "1270000000 1",
-      "224000000001"
-      "10005"
-      "255255000000"
-      "127000000001",
-      "000000000000"
-      "10005"
-      "255255000000"
-      "127000000001",
-      "127000000009"
-      "10005"
-      "255999000000"
-      "127000000001"};
-  for (const char* dati : fuori_limite) EXPECT_EQ(chiedi_udp(QByteArray("000A1") + dati), "000A103") << dati;
+  const struct {
+    QByteArray indirizzo, porta, maschera = "255255000000", gateway = "127000000001";
+  } fuori_limite[] = {{"127000000256", "10005"},
+                      {"127000000009", "00000"},
+                      {"127000000009", "65536"},
+                      {"127000000009", "10002"},
+                      {"224000000001", "10005"},
+                      {"000000000000", "10005"},
+                      {"127000000009", "10005", "255999000000"},
+                      {"127000000009", "10005", "255255000000", "1270000000 1"}};
+  for (const auto& f : fuori_limite)
+    EXPECT_EQ(chiedi_udp("000A1" + f.indirizzo + f.porta + f.maschera + f.gateway), "000A103")
+        << f.indirizzo.data() << ' ' << f.porta.data();
   EXPECT_EQ(chiedi_udp("000A112700000000980255255000000127000000001"), "000A113");
   EXPECT_EQ(chiedi_udp("00036"), "0003604");
   ASSERT_EQ(scoperta().size(), 63);
@@ -134,27 +113,6 @@ TEST_F(CabinetTest, AResetTakesSettingsIntoUseAndKeepsTheRest) {
   EXPECT_EQ(chiedi("000350"), "00035000001");
   EXPECT_EQ(chiedi("00037"), "0003705");  // what was read before is forgotten
   EXPECT_EQ(chiedi("00039"), "00039000001");
-}
-
-TEST_F(CabinetTest, ComesOutOfItsBoxEmptyUntilItIsRegistered) {
-  Cabinet nuova(Cabinet::di_fabbrica("0000004321"), clock, registro);
-  const auto chiedi_nuova = [&](const char* testo) { return testo_di(nuova.comando(componi_frame(testo))); };
-  clock.avanza_a(clock.monotono() + std::chrono::seconds(61));
-  EXPECT_EQ(testo_di(nuova.datagramma(componi_frame("000A0"))),
-            "000A00000000043210119216801520010001255255255000000000000000");
-  EXPECT_EQ(nuova.stato().parametri_in_uso, ParametriCabinet());
-  const char* const colloquio[][2] = {
-      {"0001B", "0001B000000004321"},     {"0001F", "0001F00701012000000101"},
-      {"000350", "00035000000"},          {"000351", "00035000000"},
-      {"00039", "00039000000"},           {"0009501010000010A01010100000000000000", "0009500"},
-      {"00020101032026083000", "000200"}, {"0001F", "0001F00101032026083000"},
-      {"000330", "00033000000"},          {"000331", "00033000000"},
-  };
-  for (const auto& [domanda, risposta] : colloquio) EXPECT_EQ(chiedi_nuova(domanda), risposta) << domanda;
-  EXPECT_FALSE(nuova.gestito());
-  nuova.datagramma(componi_frame("00073"));
-  EXPECT_EQ(nuova.stato().parametri_in_uso, (ParametriCabinet{1, 1, 0, 0, 1, 10, 1, 1}));
-  EXPECT_TRUE(nuova.gestito());
 }
 
 TEST_F(CabinetTest, AnAcknowledgementDropsOnlyWhatItsConnectionHasRead) {
