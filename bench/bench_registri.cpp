@@ -54,7 +54,7 @@ class Banco {
         m_(computer_.macchina()),
         ciclo_(m_.ciclo),
         console_({m_.orologio, ciclo_, m_.timer, m_.socket, m_.seriali, scatole_, m_.domande, m_.file,
-                  m_.stampante, m_.fogli, m_.puntatore, m_.desktop, m_.programma}) {
+                  m_.stampante, m_.fogli, m_.puntatore, m_.desktop, m_.programma, m_.documenti}) {
     if (!console_.apri(sito_.cartella())) rinuncia("database");
     schermo_ = std::make_unique<SchermoConsole>(console_, QRect(0, 0, 1280, 800));
   }

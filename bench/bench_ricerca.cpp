@@ -158,7 +158,7 @@ void virtuale(const QString& cartella) {
   Lokere tutte(vm.rete(), m.orologio, m.timer);
   CicloSorvegliato fuori(ciclo);
   Console console({m.orologio, fuori, m.timer, m.socket, m.seriali, m.messaggi, m.domande, m.file,
-                   m.stampante, m.fogli, m.puntatore, m.desktop, m.programma});
+                   m.stampante, m.fogli, m.puntatore, m.desktop, m.programma, m.documenti});
   if (!console.apri(cartella)) rinuncia("database");
   frm_param_lokere& f = finestra(console);
   fuori.apri();
@@ -196,7 +196,7 @@ void reale(const QString& cartella) {
   Sockets socket;
   Scatole scatole;
   Console console({m.orologio, m.ciclo, m.timer, socket, m.seriali, scatole, m.domande, m.file, m.stampante,
-                   m.fogli, m.puntatore, m.desktop, m.programma});
+                   m.fogli, m.puntatore, m.desktop, m.programma, m.documenti});
   if (!console.apri(cartella)) rinuncia("database");
   frm_param_lokere& f = finestra(console);
   const Battito battito;

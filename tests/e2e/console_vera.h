@@ -25,7 +25,7 @@ struct ConsoleVera {
   simulazione::VirtualMessageBox messaggi;
   simulazione::VirtualInputBox domande;
   Console console{{m.orologio, m.ciclo, m.timer, m.socket, m.seriali, messaggi, domande, m.file, m.stampante,
-                   m.fogli, m.puntatore, m.desktop, m.programma}};
+                   m.fogli, m.puntatore, m.desktop, m.programma, m.documenti}};
 };
 
 }  // namespace lokera::prova
