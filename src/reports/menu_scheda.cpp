@@ -14,12 +14,28 @@ std::optional<QString> scegli_importazione(const ServiziScheda& s) {
   return scelto && QFile::exists(*scelto) ? scelto : std::nullopt;
 }
 
+namespace {
+
+/// A mask that may speak of another key is written only when the person insists.
+bool si_scrivono_tessere(const ServiziScheda& s, const QString& titolo) {
+  const auto uguali = righe_come_posizioni(s.archivio);
+  if (!uguali.fallito() && *uguali) return true;
+  return s.messaggi.chiedi(
+      s.traduttore.traduci(
+          u"Le posizioni delle chiavi non sono 1, 2, 3 e così via: con questi file una lokera "
+          "potrebbe consegnare una chiave diversa da quella permessa. Scrivere USERS.TXT "
+          "ugualmente?"_s),
+      titolo);
+}
+
+}  // namespace
+
 void esporta_su_scheda(const ServiziScheda& s) {
   const QString titolo = s.traduttore.traduci(u"Esporta su SD"_s);
   for (const auto& [nome, scrivi] :
        {std::pair(u"KEYS.TXT"_s, &scrivi_chiavi), std::pair(u"USERS.TXT"_s, &scrivi_tessere)}) {
     const auto scelto = s.file.salva({titolo, nome + u'|' + nome, nome, {}});
-    if (!scelto) continue;
+    if (!scelto || (scrivi == &scrivi_tessere && !si_scrivono_tessere(s, titolo))) continue;
     const QString errore = scrivi(s.archivio, *scelto);
     if (!errore.isEmpty())
       s.messaggi.mostra(

@@ -24,7 +24,8 @@ class MisuraTesto {
   const Printer& stampante_;
   const Carattere carattere_;
   const int altezza_;
-  /// Of the letters of Latin scripts, the usual accented ones too, ten in a row: a tenth of a twip counts in a long text.
+  /// Of the letters of Latin scripts, the usual accented ones too, ten in a row: a tenth of a twip counts in
+  /// a long text.
   std::array<int, 256> decimi_{};
 };
 

@@ -118,25 +118,34 @@ TEST(ScambioSd, IFileDellaSchedaByteAByte) {
   sito.b.sql(u"update tessere_operatori set posizione = 3 - cast(codice as integer)"_s);
   sito.b.fascia(1, 1, u"Domenica"_s, {1, 0}, {2, 0});  // shut now; no band counts
   sito.esporta(std::nullopt, sito.file("USERS.TXT"));
+  EXPECT_EQ(contenuto(sito.file("USERS.TXT")), "-") << "keys at other positions than their lines";
+  sito.b.tessera(u"0000000003"_s);
+  sito.b.abilita(u"0000000003"_s, 1);
+  sito.b.in_coda(u"0000000003"_s, 1, u"D"_s);  // its bits are none any more
+  sito.b.sql(u"update tessere_operatori set posizione = 3 where codice = '0000000003'"_s);
+  sito.b.vm.messaggi().risposte = {true};
+  sito.esporta(std::nullopt, sito.file("USERS.TXT"));
   sito.esporta(sito.file("a"), std::nullopt);
   const QByteArray nessuna(50, '0');
   EXPECT_EQ(contenuto(sito.file("a")),
             "1000000000;\r\n1000000001;\r\n1000000002;\r\n1000000003;\r\n1000000004;\r\n");
-  const QByteArray tessere =
-      "0000000002," + nessuna + ";\r\n0000000001,0180" + QByteArray(45, '0') + "1;\r\n";
+  const QByteArray tessere = "0000000002," + nessuna + ";\r\n0000000001,0180" + QByteArray(45, '0') +
+                             "1;\r\n0000000003," + nessuna + ";\r\n";
   EXPECT_EQ(contenuto(sito.file("USERS.TXT")), tessere);
   const auto& scelte = sito.b.vm.primo().file.fatte;
-  ASSERT_EQ(scelte.size(), 6) << "the second is asked for whatever came of the first";
-  EXPECT_EQ(scelte[4].titolo + u'/' + scelte[4].filtro + u'/' + scelte[4].nome,
+  ASSERT_EQ(scelte.size(), 8) << "the second is asked for whatever came of the first";
+  EXPECT_EQ(scelte[6].titolo + u'/' + scelte[6].filtro + u'/' + scelte[6].nome,
             u"Esporta su SD/KEYS.TXT|KEYS.TXT/KEYS.TXT"_s);
-  EXPECT_EQ(scelte[5].nome, u"USERS.TXT"_s);
-  EXPECT_EQ(sito.b.vm.messaggi().testi(), QStringList());
+  EXPECT_EQ(scelte[7].nome, u"USERS.TXT"_s);
+  EXPECT_EQ(sito.b.vm.messaggi().testi().size(), 2) << "the question, twice";
+  sito.b.vm.messaggi().mostrati.clear();
+  sito.b.vm.messaggi().risposte = {true};
 
   sito.b.vm.primo().file.sostituisce = {true};
   sito.b.sql(u"delete from tessere_operatori"_s);
   sito.esporta(sito.file("a/KEYS.TXT"), sito.file("USERS.TXT"));
   EXPECT_EQ(contenuto(sito.file("USERS.TXT")), tessere) << "an empty table leaves the old file";
-  ASSERT_EQ(sito.b.vm.messaggi().mostrati.size(), 1);
+  ASSERT_EQ(sito.b.vm.messaggi().mostrati.size(), 2);
   EXPECT_TRUE(sito.b.vm.messaggi().testi()[0].startsWith(u"Il file non è stato scritto.\n"_s));
 }
 
