@@ -62,6 +62,7 @@ EsitoStampa VirtualPrinter::stampa(const Documento& documento) {
   }
   QList<PaginaStampa> pagine;
   for (int i = 1; i <= documento.pagine; ++i) {
+    if (prima_di_ogni_pagina) prima_di_ogni_pagina(i);
     if (documento.continua && !documento.continua(i - 1)) return {};
     pagine.append(documento.pagina(i));
   }

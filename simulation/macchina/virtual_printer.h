@@ -36,8 +36,9 @@ class VirtualPrinter : public Printer {
   QList<std::optional<ProprietaStampa>> fogli_scelti;  ///< what comes of the next dialogs; else cancelled
   QList<ProprietaStampa> fogli_mostrati;               ///< what the dialogs began with
   QList<Stampato> stampati;
-  QList<Stampato> mostrati;  ///< previews
-  QString guasto;            ///< what printing fails with
+  QList<Stampato> mostrati;                              ///< previews
+  std::function<void(int pagina)> prima_di_ogni_pagina;  ///< counted from 1
+  QString guasto;                                        ///< what printing fails with
 
  private:
   FileChoice& file_;

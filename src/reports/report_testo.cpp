@@ -72,7 +72,8 @@ QString ReportTesto::filo(bool diviso) const {
   if (!diviso) return QString(larghezza_, u'-');
   QString filo = u"-"_s;
   for (const qsizetype larghezza : larghezze_) filo += QString(larghezza, u'-') + u"- "_s;
-  return filo.trimmed();
+  filo.back() = u'-';
+  return filo;
 }
 
 std::optional<QString> righe_da_configurazione(const QString& file) {
