@@ -24,22 +24,22 @@ constexpr Didascalia didascalie[] = {
     {u"lblTestata", u"testata"},
 };
 
-struct Voce {
+struct VoceElenco {
   const char16_t* testo;
   const char16_t* valore;
 };
-constexpr Voce qualita[] = {{u"Qualità standard", u"-0"},
-                            {u"Qualità bozza", u"-1"},
-                            {u"Qualità bassa", u"-2"},
-                            {u"Qualità media", u"-3"},
-                            {u"Qualità alta", u"-4"}};
-constexpr Voce alimentatori[] = {{u"cassetto superiore", u"1"},
-                                 {u"cassetto inferiore", u"2"},
-                                 {u"cassetto centrale", u"3"},
-                                 {u"alimentazione manuale", u"4"},
-                                 {u"selezione automatica", u"7"}};
-constexpr Voce formati[] = {{u"A4", u"9"},     {u"A3", u"8"},    {u"A5", u"11"},
-                            {u"Letter", u"1"}, {u"Legal", u"5"}, {u"personalizzato", u"256"}};
+constexpr VoceElenco qualita[] = {{u"Qualità standard", u"-0"},
+                                  {u"Qualità bozza", u"-1"},
+                                  {u"Qualità bassa", u"-2"},
+                                  {u"Qualità media", u"-3"},
+                                  {u"Qualità alta", u"-4"}};
+constexpr VoceElenco alimentatori[] = {{u"cassetto superiore", u"1"},
+                                       {u"cassetto inferiore", u"2"},
+                                       {u"cassetto centrale", u"3"},
+                                       {u"alimentazione manuale", u"4"},
+                                       {u"selezione automatica", u"7"}};
+constexpr VoceElenco formati[] = {{u"A4", u"9"},     {u"A3", u"8"},    {u"A5", u"11"},
+                                  {u"Letter", u"1"}, {u"Legal", u"5"}, {u"personalizzato", u"256"}};
 
 constexpr double dimensione_minima = 4, dimensione_massima = 72;
 
@@ -121,8 +121,8 @@ void frmPrint::Form_Load() {
 void frmPrint::riempi_elenchi() {
   for (const QString& nome : servizi_.stampante.stampanti()) cmbStampanti.AddItem(nome);
   for (const QString& nome : servizi_.stampante.caratteri()) cmbFont.AddItem(nome);
-  const auto riempi = [this](ComboBox& elenco, std::span<const Voce> voci) {
-    for (const Voce& v : voci)
+  const auto riempi = [this](ComboBox& elenco, std::span<const VoceElenco> voci) {
+    for (const VoceElenco& v : voci)
       elenco.AddItem(traduci(QString::fromUtf16(v.testo)), QString::fromUtf16(v.valore));
   };
   riempi(cmbQualità, qualita);
