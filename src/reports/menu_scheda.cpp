@@ -20,11 +20,11 @@ namespace {
 bool si_scrivono_tessere(const ServiziScheda& s, const QString& titolo) {
   const auto uguali = righe_come_posizioni(s.archivio);
   if (!uguali.fallito() && *uguali) return true;
+  const auto traduci = [&](const QString& testo) { return s.traduttore.traduci(testo); };
   return s.messaggi.chiedi(
-      s.traduttore.traduci(
-          u"Le posizioni delle chiavi non sono 1, 2, 3 e così via: con questi file una lokera "
-          "potrebbe consegnare una chiave diversa da quella permessa. Scrivere USERS.TXT "
-          "ugualmente?"_s),
+      traduci(u"Le posizioni delle chiavi non sono 1, 2, 3 e così via."_s) + u'\n' +
+          traduci(u"Con questi file una lokera potrebbe consegnare una chiave diversa."_s) + u'\n' +
+          traduci(u"Scrivere USERS.TXT ugualmente?"_s),
       titolo);
 }
 
