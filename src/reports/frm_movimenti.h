@@ -13,6 +13,8 @@ class frm_movimenti : public Finestra {
   frm_movimenti(const ServiziStampa& servizi);
 
   void Form_Load() override;
+  /// What is still being filled isn't printed.
+  void attesa_cambiata() override { Command2.Enabled = !in_attesa(); }
   void Command1_Click();  ///< "ricerca"
   void Command2_Click();  ///< "stampa"
 

@@ -21,11 +21,16 @@ frm_sit_chiavi::frm_sit_chiavi(ElencoFinestre& elenco, Traduttore& traduttore, c
 void frm_sit_chiavi::Form_Load() {
   Caption(traduttore_.traduci(u"   Lokera  -  Situazione chiavi"_s));
   traduttore_.traduci_form(*this);
+  mostra_ora();
+}
+
+void frm_sit_chiavi::mostra_ora() {
+  lblData.Caption = orologio_.adesso().toString(u"dd/MM/yyyy  -  HH:mm"_s);
 }
 
 void frm_sit_chiavi::mostra(const QString& lokera, int presenti, int uscite, int non_gestite) {
   lblNome.Caption = lokera;
-  lblData.Caption = orologio_.adesso().toString(u"dd/MM/yyyy  -  HH:mm"_s);
+  mostra_ora();
   lblNumPresenti.Caption = QString::number(presenti);
   lblNumUscite.Caption = QString::number(uscite);
   lblNumNonGestite.Caption = QString::number(non_gestite);

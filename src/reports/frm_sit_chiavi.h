@@ -20,6 +20,8 @@ class frm_sit_chiavi : public Finestra {
   CommandButton Command1;  ///< "chiudi"
 
  private:
+  void mostra_ora();
+
   Traduttore& traduttore_;
   const Clock& orologio_;
 };

@@ -11,6 +11,8 @@ class frm_sitKey : public Finestra {
   frm_sitKey(const ServiziStampa& servizi);
 
   void Form_Load() override;
+  /// What is still being filled isn't printed.
+  void attesa_cambiata() override { Command1.Enabled = !in_attesa(); }
   void Command1_Click();  ///< "Stampa"
 
   SSOleDBGrid grd;
