@@ -25,8 +25,8 @@ QString formatta(const QVariant& valore, QStringView formato = {});
 /// A number as a user writes it: "12", "-3,5", "3.5", "1.250" (thousands).
 std::optional<double> leggi_numero(QStringView testo);
 
-/// A date as a cell shows it, "30/11/2008", with "15.45.01" or "15.45" behind it or not. Invalid when the text
-/// is none. Quick: for whole columns.
+/// A date as a cell shows it, "30/11/2008", with "15.45.01" or "15.45" behind it or not. Invalid when the
+/// text is none. Quick: for whole columns.
 QDateTime leggi_data_mostrata(QByteArrayView testo);
 
 /// A date, a time or both as a user writes them: "30/11/2008 15.45.01", "1/2/08", "8", "8.30", "08:30". A
