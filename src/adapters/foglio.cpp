@@ -21,10 +21,16 @@ QPageSize carta(const ProprietaStampa& p) {
   return QPageSize(libera, QPageSize::Point, {}, QPageSize::ExactMatch);
 }
 
-QMarginsF margini(const ProprietaStampa& p, const QMarginsF& minimi) {
-  return {std::max(p.margine_sinistro / punto, minimi.left()), std::max(p.margine_alto / punto, minimi.top()),
-          std::max(p.margine_destro / punto, minimi.right()),
-          std::max(p.margine_basso / punto, minimi.bottom())};
+/// Margins that leave something to print on.
+QMarginsF margini(const ProprietaStampa& p, const QMarginsF& minimi, const QSizeF& foglio) {
+  constexpr double parte = 0.45;
+  const auto margine = [](int voluto, double minimo, double lato) {
+    return std::max(minimo, std::min(voluto / punto, lato * parte));
+  };
+  return {margine(p.margine_sinistro, minimi.left(), foglio.width()),
+          margine(p.margine_alto, minimi.top(), foglio.height()),
+          margine(p.margine_destro, minimi.right(), foglio.width()),
+          margine(p.margine_basso, minimi.bottom(), foglio.height())};
 }
 
 // Draft is the coarsest that the printer has, high the finest.
@@ -59,7 +65,8 @@ std::unique_ptr<QPrinter> crea_dispositivo(const ProprietaStampa& p) {
   stampante->setPageSize(carta(p));
   stampante->setPageOrientation(verso);
   QPageLayout pagina = stampante->pageLayout();
-  stampante->setPageMargins(margini(p, pagina.minimumMargins()), QPageLayout::Point);
+  stampante->setPageMargins(margini(p, pagina.minimumMargins(), pagina.fullRect(QPageLayout::Point).size()),
+                            QPageLayout::Point);
   return stampante;
 }
 

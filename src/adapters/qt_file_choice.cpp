@@ -24,15 +24,16 @@ QString suffisso(const QString& filtro) {
   return primo.startsWith("*."_L1) && primo.count(u'*') == 1 ? primo.sliced(2) : QString();
 }
 
-void prepara(QFileDialog& dialogo, const SceltaFile& scelta) {
+void prepara(QFileDialog& dialogo, const SceltaFile& scelta, const QString& ultima) {
   if (!scelta.titolo.isEmpty()) dialogo.setWindowTitle(scelta.titolo);
   if (const QStringList noti = filtri(scelta.filtro); !noti.isEmpty()) dialogo.setNameFilters(noti);
-  if (!scelta.cartella.isEmpty()) dialogo.setDirectory(scelta.cartella);
+  dialogo.setDirectory(scelta.cartella.isEmpty() ? ultima : scelta.cartella);
   if (!scelta.nome.isEmpty()) dialogo.selectFile(scelta.nome);
 }
 
-std::optional<QString> scelto(Modale<QFileDialog>& dialogo) {
+std::optional<QString> scelto(Modale<QFileDialog>& dialogo, QString& ultima) {
   if (!dialogo.esegui() || dialogo->result() != QDialog::Accepted) return std::nullopt;
+  ultima = dialogo->directory().path();
   return dialogo->selectedFiles().value(0);
 }
 
@@ -41,8 +42,8 @@ std::optional<QString> scelto(Modale<QFileDialog>& dialogo) {
 std::optional<QString> QtFileChoice::apri(const SceltaFile& scelta) {
   Modale<QFileDialog> dialogo;
   dialogo->setFileMode(QFileDialog::ExistingFile);
-  prepara(*dialogo, scelta);
-  return scelto(dialogo);
+  prepara(*dialogo, scelta, ultima_);
+  return scelto(dialogo, ultima_);
 }
 
 // Qt's own dialog asks before it gives the name of a file that exists.
@@ -51,8 +52,8 @@ std::optional<QString> QtFileChoice::salva(const SceltaFile& scelta) {
   dialogo->setAcceptMode(QFileDialog::AcceptSave);
   dialogo->setFileMode(QFileDialog::AnyFile);
   dialogo->setDefaultSuffix(suffisso(scelta.filtro));
-  prepara(*dialogo, scelta);
-  return scelto(dialogo);
+  prepara(*dialogo, scelta, ultima_);
+  return scelto(dialogo, ultima_);
 }
 
 }  // namespace lokera

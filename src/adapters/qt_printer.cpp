@@ -114,13 +114,13 @@ EsitoStampa QtPrinter::stampa_su_file(const Documento& documento) {
   const auto scelto = file_.salva(scelta_pdf(documento));
   if (!scelto) return {};
   FileIntero file(*scelto);
-  if (!file.errore().isEmpty()) return {false, file.errore()};
+  if (!file.errore().isEmpty()) return {false, *scelto + u'\n' + file.errore()};
   stampante->setOutputFileName(file.nome());
   const Disegnato disegnato = disegna(*stampante, documento);
   if (disegnato == Disegnato::interrotto) return {};
   const bool scritto = disegnato == Disegnato::tutto && finito(file.nome());
   const QString guasto = scritto ? file.completa() : qt_error_string(EIO);
-  return {guasto.isEmpty(), guasto};
+  return {guasto.isEmpty(), guasto.isEmpty() ? guasto : *scelto + u'\n' + guasto};
 }
 
 void QtPrinter::anteprima(const Documento& documento, const TestiAnteprima& testi) {

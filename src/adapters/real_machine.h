@@ -41,7 +41,7 @@ class RealMachine {
   QtMSComms seriali_;
   QtMessageBox messaggi_;
   QtInputBox domande_;
-  QtFileChoice file_;
+  QtFileChoice file_{documenti()};
   QtPrinter stampante_{file_};
   XlsxSpreadsheet fogli_;
   QtCursor puntatore_;

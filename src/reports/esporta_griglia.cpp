@@ -89,7 +89,7 @@ bool esporta_foglio(const SSOleDBGrid& grd, const QString& titolo, Workbook& lib
     elenco.prendi(i);
     for (int n = 0; n < colonne; ++n) {
       const QByteArrayView cella = elenco.cella(static_cast<size_t>(n));
-      if (!cella.isEmpty()) libro.scrivi(prima_riga + i, n + 1, valore(colonna(n), cella));
+      if (!cella.trimmed().isEmpty()) libro.scrivi(prima_riga + i, n + 1, valore(colonna(n), cella));
     }
   });
 }

@@ -27,6 +27,7 @@ void frm_memoria_sd::Form_Load() {
 void frm_memoria_sd::importa(const QString& file) {
   const Attesa attesa(*this);
   lblFile.Caption = QDir::toNativeSeparators(file);
+  servizi_.attesa.cedi();  // the window stands before any box does
   ImportazioneSd importazione(file, documenti_);
   if (leggi(importazione) && da_registrare(importazione)) registra(importazione);
   di_guasto(importazione);
@@ -48,6 +49,10 @@ bool frm_memoria_sd::da_registrare(ImportazioneSd& importazione) {
     mostra(t.traduci(u"Nel file non c'è alcun movimento. Il file resta dov'è."_s));
     return false;
   }
+  if (importazione.nessuna_data() &&
+      !servizi_.messaggi.chiedi(
+          t.traduci(u"Nessuna riga del file ha una data valida. Importarlo ugualmente?"_s), Caption()))
+    return false;
   const auto prima = importazione.gia_importata();
   return !prima ||
          servizi_.messaggi.chiedi(
@@ -93,6 +98,9 @@ void frm_memoria_sd::di_guasto(const ImportazioneSd& importazione) {
 }
 
 void frm_memoria_sd::di_lasciate(const ImportazioneSd& importazione) {
+  if (importazione.senza_data() > 0)
+    mostra(servizi_.traduttore.traduci(u"Movimenti registrati senza data: %1."_s)
+               .arg(importazione.senza_data()));
   if (importazione.lasciate() == 0) return;
   QStringList numeri;
   for (const qint64 n : importazione.prime_lasciate()) numeri += QString::number(n);

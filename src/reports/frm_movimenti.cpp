@@ -22,6 +22,25 @@ QDate giorno(const MaskEdBox& casella) {
   return leggi_data_digitata(casella.Text().trimmed()).date();
 }
 
+bool data_ignorata(const MaskEdBox& casella) {
+  const QString testo = casella.Text().trimmed();
+  return !testo.isEmpty() && testo != MaskEdBox::maschera_vuota && !giorno(casella).isValid();
+}
+
+/// Of a name that was typed, the entry that has it, or the only one that begins with it.
+void completa(SSOleDBCombo& elenco) {
+  const QString testo = elenco.Text().trimmed();
+  if (testo.isEmpty() || elenco.voce_corrente() >= 0) return;
+  const QStringList* trovata = nullptr;
+  for (const QStringList& voce : elenco.voci()) {
+    const QString& nome = voce.at(elenco.DataFieldToDisplay);
+    if (!nome.startsWith(testo, Qt::CaseInsensitive)) continue;
+    if (trovata) return;
+    trovata = &voce;
+  }
+  if (trovata) elenco.Value(trovata->at(elenco.DataFieldList));
+}
+
 }  // namespace
 
 frm_movimenti::frm_movimenti(const ServiziStampa& servizi)
@@ -88,6 +107,7 @@ void frm_movimenti::Command1_Click() {
     sql += pezzo;
     valori += valore;
   };
+  for (SSOleDBCombo* elenco : {&cmbOper, &cmbChiavi}) completa(*elenco);
   const QString operatore = cmbOper.Value().trimmed();
   const QString chiave = cmbChiavi.Value().trimmed();
   const QDate dal = giorno(txtDal);
@@ -98,7 +118,17 @@ void frm_movimenti::Command1_Click() {
   se(al.isValid(), u" and movimenti.data <= ?"_s, momento(al.addDays(1)));
   lblTrovati.Caption = servizi_.griglie.traduttore.traduci(u"ricerca in corso..."_s);
   if (griglia_.popola(servizi_.archivio, sql + u"  order by movimenti.data"_s, valori))
-    lblTrovati.Caption = servizi_.griglie.traduttore.traduci(u"movimenti trovati: %1"_s).arg(grd.Rows());
+    lblTrovati.Caption = trovati();
+}
+
+QString frm_movimenti::trovati() {
+  Traduttore& t = servizi_.griglie.traduttore;
+  QString testo = t.traduci(u"movimenti trovati: %1"_s).arg(grd.Rows());
+  if (data_ignorata(txtDal) || data_ignorata(txtAl)) testo += t.traduci(u" (data non valida ignorata)"_s);
+  for (const SSOleDBCombo* elenco : {&cmbOper, &cmbChiavi})
+    if (const QString cercato = elenco->Text().trimmed(); !cercato.isEmpty() && elenco->voce_corrente() < 0)
+      testo += t.traduci(u" (codice cercato: %1)"_s).arg(cercato);
+  return testo;
 }
 
 void frm_movimenti::Command2_Click() {

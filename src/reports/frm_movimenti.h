@@ -28,6 +28,7 @@ class frm_movimenti : public Finestra {
 
  private:
   void prepara_filtri();
+  QString trovati();
   void riempi(SSOleDBCombo& elenco, const QString& sql, const QString& descrizione);
 
   const ServiziStampa servizi_;

@@ -56,6 +56,7 @@ void ImportazioneSd::conta(const std::optional<RigaData>& riga) {
   if (!riga) return;
   if (riga->movimento) {
     ++movimenti_;
+    if (!record_transazione(riga->testo, record_della_scheda).data.isValid()) ++senza_data_;
     return;
   }
   ++lasciate_;

@@ -37,6 +37,9 @@ class ImportazioneSd {
 
   // From the end of the reading on.
   bool senza_movimenti() const { return movimenti_ == 0 && lasciate_ > 0; }
+  /// Movements whose moment is no date; a file of nothing else may be no cabinet's.
+  qint64 senza_data() const { return senza_data_; }
+  bool nessuna_data() const { return movimenti_ > 0 && senza_data_ == movimenti_; }
   qint64 lasciate() const { return lasciate_; }  ///< lines that no cabinet has written
   const QList<qint64>& prime_lasciate() const { return prime_lasciate_; }  ///< the numbers of a few of them
   /// When a file of the same content was imported last; none when it never was.
@@ -59,6 +62,7 @@ class ImportazioneSd {
   int kb_ = 1;
   bool letta_ = false;
   qint64 movimenti_ = 0;
+  qint64 senza_data_ = 0;
   qint64 lasciate_ = 0;
   QList<qint64> prime_lasciate_;
   GuastoImportazione guasto_ = GuastoImportazione::nessuno;

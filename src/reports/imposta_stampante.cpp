@@ -24,7 +24,7 @@ ProprietaStampa imposta_stampante(const ProprietaStampa& attuali, const Impostaz
   p.qualita = i.qualita.toInt();
   const QChar cassetto = i.alimentatore.isEmpty() ? alimentatore_automatico : i.alimentatore.front();
   p.alimentatore = cassetto == alimentatore_automatico ? 0 : cassetto.digitValue();
-  p.formato = i.formato == 0 ? attuali.formato : i.formato;
+  p.formato = i.formato;
   if (p.formato == formato_libero) {
     p.larghezza = twip(i.larghezza);
     p.lunghezza = twip(i.lunghezza);

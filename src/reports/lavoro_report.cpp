@@ -6,27 +6,31 @@
 
 #include "reports/esporta_griglia.h"
 #include "reports/imposta_stampante.h"
-#include "reports/report_grafico.h"
 #include "reports/report_testo.h"
 
 namespace lokera {
 
 namespace {
 
-/// The list stands on its first row before a report and after it, and is drawn no more meanwhile.
+/// The list stands on its first row before a report and after it, and is drawn no more meanwhile. Rows that
+/// are selected stay so, and with them the row that the person stands on.
 class ListaFerma {
  public:
   explicit ListaFerma(SSOleDBGrid& grd) : grd_(grd) {
     grd_.Redraw(false);
-    grd_.Row(0);
+    prima_riga();
   }
   ~ListaFerma() {
-    grd_.Row(0);
+    prima_riga();
     grd_.Redraw(true);
   }
   Q_DISABLE_COPY_MOVE(ListaFerma)
 
  private:
+  void prima_riga() {
+    if (grd_.selezionate().empty()) grd_.Row(0);
+  }
+
   SSOleDBGrid& grd_;
 };
 
@@ -69,14 +73,27 @@ TestataReport LavoroReport::testata(const ScelteReport& scelte) {
 bool LavoroReport::stampa_griglia(const ImpostazioniStampa& impostazioni, const ScelteReport& scelte) {
   imposta(impostazioni);
   ReportGrafico report(griglia_, servizi_.stampante, testata(scelte), aspetto(impostazioni));
+  if (!ci_sta(report)) return false;
+  const EsitoStampa esito = stampa_pagine(report);
+  if (esito.errore.isEmpty()) return esito.stampato;
+  lavoro_.lblLavoro.Caption = QString();  // nobody has stopped it
+  servizi_.griglie.messaggi.mostra(traduci(u"Errore in stampa."_s) + u'\n' + esito.errore);
+  return false;
+}
+
+EsitoStampa LavoroReport::stampa_pagine(ReportGrafico& report) {
   Lavoro::Corsa corsa(lavoro_, report.pagine(), u"pagina %1 di %2"_s);
   Documento documento = report.documento();
   documento.continua = [&corsa](int fatte) { return corsa.continua(fatte); };
   const EsitoStampa esito = servizi_.stampante.stampa(documento);
   if (esito.stampato) corsa.continua(report.pagine());
-  if (!esito.errore.isEmpty())
-    servizi_.griglie.messaggi.mostra(traduci(u"Errore in stampa."_s) + u'\n' + esito.errore);
-  return esito.stampato;
+  return esito;
+}
+
+bool LavoroReport::ci_sta(const ReportGrafico& report) {
+  if (report.ci_sta()) return true;
+  servizi_.griglie.messaggi.mostra(traduci(u"Il foglio è troppo piccolo per il carattere scelto."_s));
+  return false;
 }
 
 // A preview measures on the printer as it would be set, and gives it back as it was. Quality and bin show on
@@ -87,11 +104,12 @@ void LavoroReport::anteprima(const ImpostazioniStampa& impostazioni, const Scelt
   nuove.qualita = nuove.alimentatore = 0;
   servizi_.stampante.imposta(nuove);
   ReportGrafico report(griglia_, servizi_.stampante, testata(scelte), aspetto(impostazioni));
-  servizi_.stampante.anteprima(
-      report.documento(),
-      {traduci(u"Anteprima di stampa"_s), traduci(u"precedente"_s), traduci(u"successiva"_s),
-       traduci(u"ingrandisci"_s), traduci(u"riduci"_s), traduci(u"chiudi"_s), traduci(u"pagina %1 di %2"_s),
-       traduci(u"(anteprima delle prime %1)"_s)});
+  if (ci_sta(report))
+    servizi_.stampante.anteprima(
+        report.documento(),
+        {traduci(u"Anteprima di stampa"_s), traduci(u"precedente"_s), traduci(u"successiva"_s),
+         traduci(u"ingrandisci"_s), traduci(u"riduci"_s), traduci(u"chiudi"_s), traduci(u"pagina %1 di %2"_s),
+         traduci(u"(anteprima delle prime %1)"_s)});
   servizi_.stampante.imposta(prima);
 }
 
@@ -105,7 +123,7 @@ std::optional<int> LavoroReport::righe_per_pagina() {
     righe = servizi_.domande.chiedi(domanda, traduci(u"Righe per pagina"_s));
   }
   if (!righe) return std::nullopt;
-  if (const int n = righe->toInt(); n > 0) return n;
+  if (const int n = righe->trimmed().toInt(); n > 0) return n;
   servizi_.griglie.messaggi.mostra(traduci(u"Numero di righe per pagina non valido."_s));
   return std::nullopt;
 }

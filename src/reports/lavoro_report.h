@@ -2,6 +2,7 @@
 
 #include "forms/lavoro.h"
 #include "reports/archivio_stampe.h"
+#include "reports/report_grafico.h"
 #include "reports/servizi_stampa.h"
 #include "reports/testata_report.h"
 
@@ -20,6 +21,8 @@ class LavoroReport {
 
  private:
   bool stampa_griglia(const ImpostazioniStampa& impostazioni, const ScelteReport& scelte);
+  EsitoStampa stampa_pagine(ReportGrafico& report);
+  bool ci_sta(const ReportGrafico& report);
   bool stampa_testo(const ScelteReport& scelte);
   bool esporta(const ScelteReport& scelte);
   bool su_file_testo();

@@ -1,6 +1,6 @@
 #include "reports/menu_scheda.h"
 
-#include <QFile>
+#include <QFileInfo>
 
 #include "reports/file_scheda.h"
 
@@ -32,9 +32,11 @@ bool si_scrivono_tessere(const ServiziScheda& s, const QString& titolo) {
 
 void esporta_su_scheda(const ServiziScheda& s) {
   const QString titolo = s.traduttore.traduci(u"Esporta su SD"_s);
+  QString cartella;
   for (const auto& [nome, scrivi] :
        {std::pair(u"KEYS.TXT"_s, &scrivi_chiavi), std::pair(u"USERS.TXT"_s, &scrivi_tessere)}) {
-    const auto scelto = s.file.salva({titolo, nome + u'|' + nome, nome, {}});
+    const auto scelto = s.file.salva({titolo, nome + u'|' + nome, nome, cartella});
+    if (scelto) cartella = QFileInfo(*scelto).absolutePath();
     if (!scelto || (scrivi == &scrivi_tessere && !si_scrivono_tessere(s, titolo))) continue;
     const QString errore = scrivi(s.archivio, *scelto);
     if (!errore.isEmpty())

@@ -9,7 +9,6 @@ namespace lokera {
 namespace {
 
 constexpr int tra_colonne = 60;  // twips that no text of a column takes
-constexpr int sotto_linea = 40;
 constexpr double ingrandimento_titolo = 1.5;
 
 Carattere come(Carattere c, double volte, bool grassetto) {
@@ -92,7 +91,7 @@ int ReportGrafico::testata(PaginaStampa& pagina, int numero) const {
 
 void ReportGrafico::riga_titolo(PaginaStampa& pagina, int& y, int numero) const {
   QString accanto = testata_.data.isEmpty() ? QString() : testata_.testo_data + testata_.data;
-  accanto += testata_.testo_pagina + QString::number(numero);
+  accanto = misura_.taglia(accanto + testata_.testo_pagina + QString::number(numero), larghezza_);
   const int a_destra = misura_.larghezza(accanto);
   pagina.carattere(titolo_);
   pagina.testo(0, y, misura_titolo_.taglia(testata_.titolo, larghezza_ - a_destra));

@@ -20,6 +20,8 @@ class ReportGrafico {
   ReportGrafico(const SSOleDBGrid& grd, const Printer& stampante, TestataReport testata,
                 const Aspetto& aspetto);
 
+  /// Whether a page has room for its head and a row.
+  bool ci_sta() const { return altezza_testata() + passo_ + sotto_linea <= altezza_; }
   int pagine() const;
   /// Counted from 1.
   PaginaStampa pagina(int numero);
@@ -27,6 +29,8 @@ class ReportGrafico {
   Documento documento();
 
  private:
+  static constexpr int sotto_linea = 40;
+
   struct Posto {
     int x, larghezza;
   };

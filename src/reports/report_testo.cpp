@@ -81,9 +81,8 @@ std::optional<QString> righe_da_configurazione(const QString& file) {
   constexpr qsizetype da = 14;
   QFile f(file);
   if (!f.open(QIODevice::ReadOnly)) return std::nullopt;
-  const QByteArray testo = f.read(letti);
-  if (testo.isEmpty()) return std::nullopt;
-  return QString::fromLatin1(testo.mid(da)).trimmed();
+  const QString righe = QString::fromLatin1(f.read(letti).mid(da)).trimmed();
+  return righe.toInt() > 0 ? std::optional(righe) : std::nullopt;
 }
 
 }  // namespace lokera

@@ -33,7 +33,7 @@ class ReportTesto {
 };
 
 /// What a file of printer settings says: the number behind its first 14 characters, of the 17 that count.
-/// Nothing when the file is missing or empty.
+/// Nothing when the file is missing, or there is no such number.
 std::optional<QString> righe_da_configurazione(const QString& file);
 
 }  // namespace lokera

@@ -72,6 +72,7 @@ class ImportazioneSdTest : public BancoFinestre {
 
 TEST_F(ImportazioneSdTest, DiOgniFileSiPrendonoLeRigheDiUnCabinet) {
   const QString due = riga_presa + u'/' + riga_resa;
+  const QString nessuna_data = u"Nessuna riga del file ha una data valida. Importarlo ugualmente?"_s;
   const auto lasciate = [](const char* quali) {
     return u"Righe che non sono movimenti, lasciate nella copia d'archivio: %1."_s.arg(QLatin1String(quali));
   };
@@ -92,10 +93,12 @@ TEST_F(ImportazioneSdTest, DiOgniFileSiPrendonoLeRigheDiUnCabinet) {
        QByteArray(400, 0) + "\n" + presa + "\n\n" + presa + "\t\n" + presa + "\xE8\r\n" + resa, due,
        lasciate("3 (numeri 1, 4, 5)")},
       {"many", QByteArray("x\n").repeated(9) + presa, riga_presa, lasciate("9 (numeri 1, 2, 3, 4, 5, ...)")},
-      {"no date", presa.first(25) + "310208101500", u"1|0000000001|Rossi|1000000001|P|-"_s, {}},
+      {"no date", presa.first(25) + "310208101500", u"1|0000000001|Rossi|1000000001|P|-"_s,
+       nessuna_data + u"/Movimenti registrati senza data: 1."_s},
   };
   for (const auto& caso : casi) {
     scrivi(caso.contenuto);
+    messaggi.risposte = {true};
     EXPECT_EQ(importa().join(u'/'), caso.detto) << caso.che_cosa;
     EXPECT_EQ(movimenti().join(u'/'), caso.registrati) << caso.che_cosa;
     EXPECT_FALSE(QFile::exists(file)) << caso.che_cosa;
@@ -105,6 +108,10 @@ TEST_F(ImportazioneSdTest, DiOgniFileSiPrendonoLeRigheDiUnCabinet) {
     svuota();
   }
   EXPECT_EQ(righe(u"select operatore, uscita from tessere_chiavi"_s), QStringList(u"0000000001|-"_s));
+  messaggi.risposte.clear();
+  scrivi("Gentile signora,\nle scrivo per dirle che la chiave non si trova.\n");
+  EXPECT_EQ(importa(), QStringList(nessuna_data));
+  EXPECT_TRUE(movimenti().isEmpty() && QFile::exists(file)) << "a letter is no movement";
 }
 
 // 256 kB are read at a time: a line, or a CR LF, may lie on both sides.

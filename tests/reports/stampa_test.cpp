@@ -82,7 +82,7 @@ TEST_F(Stampe, LeImpostazioniSonoDelReportEDiChiStampa) {
     f.cmbFormato.Value(u"256"_s);
     f.txtLarghezza.Text = u"20,5"_s;
     f.txtMargineSx.Text = u"2"_s;
-    f.txtDimensione.Text = u"900"_s;
+    f.txtDimensione.Text = u"2,5"_s;
     f.chkFacilitata.Value = 1;
     f.cmbAlimentatore.Value(u"2"_s);
   }));
@@ -95,11 +95,12 @@ TEST_F(Stampe, LeImpostazioniSonoDelReportEDiChiStampa) {
   const auto tenute =
       u"select codice, ditta_in_uso, programma, documento, formato, larghezza, lunghezza, "
       "margineSx, orientamento, dimensione, qualita, interpollice from password_stampe"_s;
-  const QString attese = u"Anna| |Movimenti| |256|20.5|0.0|2.0|Landscape|72.0|-3|1"_s;
+  const QString attese = u"Anna| |Movimenti| |256|20.5|0.0|2.0|Landscape|4.0|-3|1"_s;
   EXPECT_EQ(righe(tenute), QStringList{attese});
-  sql(u"update password_stampe set qualita = '0', margineSx = 3"_s);
+  sql(u"update password_stampe set qualita = '0', margineSx = 3, alimentatore = '7'"_s);
   EXPECT_TRUE(conferma([](frmPrint& f) { EXPECT_EQ(f.cmbQualità.Value(), u"-0"_s); }));
   EXPECT_EQ(pc.stampante.proprieta().margine_sinistro, 1701);
+  EXPECT_EQ(pc.stampante.proprieta().alimentatore, 2) << "as the printer has it";
   servizi.utente = [] { return u"Bruno"_s; };
   EXPECT_TRUE(conferma([](frmPrint& f) { EXPECT_TRUE(f.optVerticale.Value()); }));
   EXPECT_EQ(righe(tenute).size(), 2);
@@ -204,6 +205,13 @@ TEST_F(Stampe, ChiRinunciaNonStampaNiente) {
   EXPECT_TRUE(f->lavoro.lblLavoro.Caption().startsWith(u"interrotto: 2 di "_s))
       << f->lavoro.lblLavoro.Caption().toStdString();
   EXPECT_TRUE(pc.stampante.stampati.isEmpty());
+  EXPECT_FALSE(conferma([](frmPrint& f) {
+    f.optOrizzontale.Value = true;
+    f.cmbFormato.Value(u"256"_s);
+    f.txtLarghezza.Text = f.txtAltezza.Text = u"4"_s;
+    f.txtDimensione.Text = u"30"_s;
+  })) << "no row has room";
+  EXPECT_TRUE(pc.stampante.stampati.isEmpty());
 }
 
 TEST_F(Stampe, RigheDiLarghezzaFissa) {
@@ -216,7 +224,7 @@ TEST_F(Stampe, RigheDiLarghezzaFissa) {
   {
     QFile cfg(cartella.filePath(u"stampa.cfg"_s));
     ASSERT_TRUE(cfg.open(QIODevice::WriteOnly));
-    cfg.write("RIGHE PAGINA: 10 e altro");
+    cfg.write("RIGHE/PAGINA:910 99");
   }
   EXPECT_TRUE(conferma(lettere));
   EXPECT_EQ(vm.desktop().file_aperti, QStringList{documento(u"stampa.txt"_s)});
