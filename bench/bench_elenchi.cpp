@@ -142,6 +142,7 @@ class Banco {
       movimenti_.txtAl.Text = QString();
       SSOleDBGrid& grd = movimenti_.grd;
       std::vector<QByteArray> prime;
+      prime.reserve(righe_stampate);
       for (int i = 0; i < righe_stampate; ++i) prime.push_back(grd.riga_utf8(i).toByteArray());
       grd.RemoveAll();
       for (const QByteArray& riga : prime) grd.AddItem(QByteArrayView(riga));

@@ -15,8 +15,9 @@ constexpr bool semplice(char16_t c) {
 
 MisuraTesto::MisuraTesto(const Printer& stampante, const Carattere& carattere)
     : stampante_(stampante), carattere_(carattere), altezza_(stampante.TextHeight(carattere)) {
-  for (char16_t c = 0; c < decimi_.size(); ++c)
-    if (semplice(c)) decimi_[c] = stampante.TextWidth(carattere, QString(10, QChar(c)));
+  for (size_t i = 0; i < decimi_.size(); ++i)
+    if (const auto c = static_cast<char16_t>(i); semplice(c))
+      decimi_[i] = stampante.TextWidth(carattere, QString(10, QChar(c)));
 }
 
 int MisuraTesto::larghezza(const QString& testo) const {

@@ -247,6 +247,7 @@ TEST_F(Stampe, RigheDiLarghezzaFissa) {
 }
 
 TEST_F(Stampe, TestoEFoglioPortanoQuelCheSiVede) {
+  grd.Row(2);
   grd.utente_seleziona({1, 2});
   vm.desktop().apre_file = false;
   EXPECT_TRUE(conferma([](frmPrint& f) { f.chkTesto.Value = f.chkExcel.Value = 1; }));
@@ -254,6 +255,8 @@ TEST_F(Stampe, TestoEFoglioPortanoQuelCheSiVede) {
             "chiave;posto;abil;data;\r\n"
             "a;b =1+1;-3,5;0;30/11/2008 07.45.12;\r\n" +
                 QByteArray(60, 'W') + ";007;0;30/11/2008 07.45.12;\r\n");
+  EXPECT_EQ(grd.selezionate(), (std::vector{1, 2}));
+  EXPECT_EQ(grd.Row(), 2) << "a drawn list drops its selection when it moves";
   const QString foglio = documento(u"Movimenti 2008-11-30 08.00.00.xlsx"_s);
   ASSERT_EQ(messaggi.testi().size(), 2) << "the text first";
   EXPECT_EQ(messaggi.testi()[0],

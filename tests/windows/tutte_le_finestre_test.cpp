@@ -94,7 +94,7 @@ void TutteLeFinestre::riempi() {
   for (int i = 0; i < 30; ++i)
     b.sql(u"insert into movimenti values (?, '0000001001', 'Bianchi Paolo', ?, ?, ?)"_s,
           {i + 1, u"00001000%1"_s.arg(i % 12, 2, 10, '0'_L1), i % 2 ? u"R"_s : u"P"_s,
-           momento(QDate(2008, 11, 28), QTime(8, 0)).addSecs(i * 977)});
+           momento(QDate(2008, 11, 28), QTime(8, 0)).addSecs(i * 977LL)});
   b.sql(u"insert into giorni_particolari values (25, 12, 0, ?), (6, 1, 2009, ?)"_s, {festa, festa});
   b.sql(
       u"insert into operatori (user, pwd, su, ultima_entrata, pc) values ('Bruno', 'y', 0, Null, Null),"
