@@ -85,7 +85,7 @@ EsitoStampa LavoroReport::stampa_pagine(ReportGrafico& report) {
   Lavoro::Corsa corsa(lavoro_, report.pagine(), u"pagina %1 di %2"_s);
   Documento documento = report.documento();
   documento.continua = [&corsa](int fatte) { return corsa.continua(fatte); };
-  const EsitoStampa esito = servizi_.stampante.stampa(documento);
+  EsitoStampa esito = servizi_.stampante.stampa(documento);
   if (esito.stampato) corsa.continua(report.pagine());
   return esito;
 }
