@@ -116,9 +116,12 @@ void frm_movimenti::Command1_Click() {
   se(!chiave.isEmpty(), u" and movimenti.chiave = ?"_s, chiave);
   se(dal.isValid(), u" and movimenti.data >= ?"_s, momento(dal));
   se(al.isValid(), u" and movimenti.data <= ?"_s, momento(al.addDays(1)));
-  lblTrovati.Caption = servizi_.griglie.traduttore.traduci(u"ricerca in corso..."_s);
+  const QString in_corso = servizi_.griglie.traduttore.traduci(u"ricerca in corso..."_s);
+  lblTrovati.Caption = in_corso;
   if (griglia_.popola(servizi_.archivio, sql + u"  order by movimenti.data"_s, valori))
     lblTrovati.Caption = trovati();
+  else if (lblTrovati.Caption() == in_corso)  // it failed; a later search has its own words there
+    lblTrovati.Caption = QString();
 }
 
 QString frm_movimenti::trovati() {

@@ -91,6 +91,10 @@ TEST_F(Viste, IFiltriDeiMovimenti) {
     EXPECT_EQ(f.lblTrovati.Caption().contains(u"data non valida"_s), c.dal == u"31/02/2008"_s) << c.caso;
   }
   EXPECT_EQ(b.detti(), QStringList());
+  b.sql(u"drop table tessere_chiavi"_s);
+  f.Command1_Click();
+  EXPECT_EQ(b.detti().size(), 1);
+  EXPECT_EQ(f.lblTrovati.Caption(), QString());
 }
 
 TEST_F(Viste, UnMovimentoSiVedePerQuelCheE) {
