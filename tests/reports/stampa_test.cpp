@@ -175,6 +175,10 @@ TEST_F(Stampe, CioCheLInstallazioneHaScelto) {
   sql(u"delete from default_stampagriglia"_s);
   EXPECT_TRUE(conferma());
   EXPECT_EQ(pc.stampante.stampati.last().testi().first(), u"Movimenti"_s) << "no company";
+  db.lingua_interfaccia = 1;
+  EXPECT_TRUE(conferma());
+  EXPECT_EQ(pc.stampante.stampati.last().testi().first(2).join(u'|'),
+            u"Movements|  Date: 30/11/2008   Page: 1"_s);
 }
 
 TEST_F(Stampe, ChiRinunciaNonStampaNiente) {
