@@ -42,9 +42,9 @@ QString ElencoMostrato::testo(size_t colonna) const {
   return QString::fromUtf8(testo);
 }
 
-void in_una_riga(QByteArray& testo, qsizetype da) {
+void in_una_riga(QByteArray& testo) {
   const auto controllo = [](char c) { return static_cast<unsigned char>(c) < ' '; };
-  std::replace_if(testo.begin() + da, testo.end(), controllo, ' ');
+  std::replace_if(testo.begin(), testo.end(), controllo, ' ');
 }
 
 }  // namespace lokera

@@ -41,6 +41,6 @@ class ElencoMostrato {
 };
 
 /// Line breaks and other control characters become blanks.
-void in_una_riga(QByteArray& testo, qsizetype da = 0);
+void in_una_riga(QByteArray& testo);
 
 }  // namespace lokera

@@ -149,6 +149,31 @@ TEST_F(Stampe, OgniRigaSuUnaPaginaColSuoCapo) {
   EXPECT_EQ(prima.segni().last().tipo, SegnoStampa::Tipo::linea) << "its foot";
 }
 
+TEST_F(Stampe, LaPaginaScelta) {
+  ProprietaStampa scelta = pc.stampante.proprieta();
+  scelta.formato = formato_libero;
+  scelta.larghezza = 20 * twip_centimetro;
+  scelta.lunghezza = 10 * twip_centimetro;
+  scelta.orientamento = Orientamento::orizzontale;
+  scelta.margine_sinistro = 2 * twip_centimetro;
+  pc.stampante.fogli_scelti = {std::nullopt, scelta};
+  const auto f = apri([](frmPrint& f) { f.txtMargineSx.Text = u"3"_s; });
+  const auto mostrato = [&] {
+    return QStringList{f->cmbFormato.Value(), f->txtLarghezza.Text(), f->txtAltezza.Text(),
+                       f->txtMargineSx.Text(), QString::number(f->optOrizzontale.Value())}
+        .join(u'|');
+  };
+  f->Command3_Click();
+  EXPECT_EQ(mostrato(), u"9|||3|0"_s) << "cancelled";
+  EXPECT_EQ(pc.stampante.fogli_mostrati.last().margine_sinistro, 1701) << "it begins with what is set";
+  f->Command3_Click();
+  EXPECT_EQ(mostrato(), u"256|20|10|2|1"_s);
+  EXPECT_TRUE(f->txtLarghezza.Enabled()) << "a paper of its own size";
+  grd.Row(2);
+  f->Command4_Click();
+  EXPECT_EQ(grd.Row(), 0) << "a report leaves the list on its first row";
+}
+
 TEST_F(Stampe, CioCheLInstallazioneHaScelto) {
   const struct {
     const char* caso;

@@ -88,6 +88,7 @@ TEST_F(Viste, IFiltriDeiMovimenti) {
     const QString mostrate = colonna(f.grd, u"data");
     EXPECT_EQ(QString(mostrate).replace(u" 00.00.00"_s, QString()), c.date) << c.caso;
     EXPECT_TRUE(f.lblTrovati.Caption().startsWith(u"movimenti trovati: %1"_s.arg(f.grd.Rows()))) << c.caso;
+    EXPECT_EQ(f.lblTrovati.Caption().contains(u"(codice cercato: d'Angelo)"_s), c.operatore == u"d'Angelo"_s);
     EXPECT_EQ(f.lblTrovati.Caption().contains(u"data non valida"_s), c.dal == u"31/02/2008"_s) << c.caso;
   }
   EXPECT_EQ(b.detti(), QStringList());

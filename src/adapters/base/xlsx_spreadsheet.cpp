@@ -20,12 +20,9 @@ namespace {
 constexpr const char* forma_data = "dd/mm/yyyy";
 constexpr const char* forma_data_ora = "dd/mm/yyyy hh:mm:ss";
 
-/// Days as a sheet counts them, its first February one too long; the time is the rest.
-double numero_del_foglio(QDate giorno, QTime ora) {
-  constexpr qint64 prima = 2'415'019, dal_29_febbraio_che_non_fu = 61;
-  const qint64 giorni = giorno.toJulianDay() - prima;
-  const double resto = ora.msecsSinceStartOfDay() / 86'400'000.0;
-  return static_cast<double>(giorni < dal_29_febbraio_che_non_fu ? giorni - 1 : giorni) + resto;
+lxw_datetime data_del_foglio(QDate giorno, QTime ora) {
+  const double secondi = ora.second() + ora.msec() / 1000.0;
+  return {giorno.year(), giorno.month(), giorno.day(), ora.hour(), ora.minute(), secondi};
 }
 
 std::uint8_t codice(Workbook::Allineamento allineamento) {
@@ -111,12 +108,10 @@ lxw_error XlsxWorkbook::metti(lxw_row_t riga, lxw_col_t colonna, const ValoreFog
   if (const auto* numero = std::get_if<double>(&valore))
     return worksheet_write_number(foglio_, riga, colonna, *numero, in(nullptr));
   const auto* giorno = std::get_if<QDate>(&valore);
-  if (giorno)
-    return worksheet_write_number(foglio_, riga, colonna, numero_del_foglio(*giorno, QTime(0, 0)),
-                                  in(forma_data));
-  const auto& quando = std::get<QDateTime>(valore);
-  return worksheet_write_number(foglio_, riga, colonna, numero_del_foglio(quando.date(), quando.time()),
-                                in(forma_data_ora));
+  const QDateTime quando = giorno ? QDateTime() : std::get<QDateTime>(valore);
+  lxw_datetime data =
+      giorno ? data_del_foglio(*giorno, QTime(0, 0)) : data_del_foglio(quando.date(), quando.time());
+  return worksheet_write_datetime(foglio_, riga, colonna, &data, in(giorno ? forma_data : forma_data_ora));
 }
 
 bool XlsxWorkbook::scrivi(int riga, int colonna, const ValoreFoglio& valore, bool grassetto) {
