@@ -12,6 +12,7 @@
 
 #include "adapters/base/file_intero.h"
 #include "platform/letterali.h"
+#include "platform/momento.h"
 
 namespace lokera {
 
@@ -19,11 +20,6 @@ namespace {
 
 constexpr const char* forma_data = "dd/mm/yyyy";
 constexpr const char* forma_data_ora = "dd/mm/yyyy hh:mm:ss";
-
-lxw_datetime data_del_foglio(QDate giorno, QTime ora) {
-  const double secondi = ora.second() + ora.msec() / 1000.0;
-  return {giorno.year(), giorno.month(), giorno.day(), ora.hour(), ora.minute(), secondi};
-}
 
 std::uint8_t codice(Workbook::Allineamento allineamento) {
   switch (allineamento) {
@@ -108,10 +104,9 @@ lxw_error XlsxWorkbook::metti(lxw_row_t riga, lxw_col_t colonna, const ValoreFog
   if (const auto* numero = std::get_if<double>(&valore))
     return worksheet_write_number(foglio_, riga, colonna, *numero, in(nullptr));
   const auto* giorno = std::get_if<QDate>(&valore);
-  const QDateTime quando = giorno ? QDateTime() : std::get<QDateTime>(valore);
-  lxw_datetime data =
-      giorno ? data_del_foglio(*giorno, QTime(0, 0)) : data_del_foglio(quando.date(), quando.time());
-  return worksheet_write_datetime(foglio_, riga, colonna, &data, in(giorno ? forma_data : forma_data_ora));
+  const QDateTime quando = giorno ? momento(*giorno) : std::get<QDateTime>(valore);
+  return worksheet_write_unixtime(foglio_, riga, colonna, quando.toSecsSinceEpoch(),
+                                  in(giorno ? forma_data : forma_data_ora));
 }
 
 bool XlsxWorkbook::scrivi(int riga, int colonna, const ValoreFoglio& valore, bool grassetto) {
