@@ -8,6 +8,7 @@
 
 #include <array>
 #include <sys/resource.h>
+#include <unistd.h>
 #include <xlsxwriter.h>
 
 #include "adapters/real_machine.h"
@@ -118,16 +119,19 @@ class Banco {
 
   void foglio() {
     const double prima = memoria_mb();
-    const Confronto c = a_turno(
-        righe_ > 200'000 ? 1 : 3,
-        [&] {
-          const auto libro = pc_.fogli.nuovo(sito_.cartella() + u"/nostro.xlsx"_s);
-          if (!esporta_foglio(movimenti_.grd, u"Movimenti"_s, *libro, lavoro_) || !libro->salva().isEmpty())
-            rinuncia("foglio");
-        },
-        [&] { foglio_a_mano(); });
-    stampa_velocita("list written as a sheet / bare loop of its library", righe_ / c.nostro.mediana() * 1e6,
-                    righe_ / c.pavimento.mediana() * 1e6, 0.9, "rows/s");
+    Campioni nostro, pavimento;
+    for (int i = 0; i < 3; ++i) {
+      ::sync();  // ours waits for the disk, and not for what the other has left to write
+      nostro.aggiungi(cronometra([&] {
+        const auto libro = pc_.fogli.nuovo(sito_.cartella() + u"/nostro.xlsx"_s);
+        if (!esporta_foglio(movimenti_.grd, u"Movimenti"_s, *libro, lavoro_) || !libro->salva().isEmpty())
+          rinuncia("foglio");
+      }));
+      ::sync();
+      pavimento.aggiungi(cronometra([&] { foglio_a_mano(); }));
+    }
+    stampa_velocita("list written as a sheet / bare loop of its library", righe_ / nostro.mediana() * 1e6,
+                    righe_ / pavimento.mediana() * 1e6, 0.9, "rows/s");
     stampa_valore("  more memory for it", memoria_mb() - prima, 20, "MB");
   }
 
